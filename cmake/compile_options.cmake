@@ -1,0 +1,16 @@
+# What every target is compiled with: velmora_options, linked privately.
+add_library(velmora_options INTERFACE)
+
+# No fused operations: the figures are those of plain Doubles, one operation at a time.
+target_compile_options(velmora_options INTERFACE
+    -ffp-contract=off
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough
+    -Wcast-qual)
+if(VELMORA_WARNINGS_AS_ERRORS)
+    target_compile_options(velmora_options INTERFACE -Werror)
+endif()
+if(VELMORA_COVERAGE)
+    target_compile_options(velmora_options INTERFACE --coverage -O0)
+    target_link_options(velmora_options INTERFACE --coverage)
+endif()

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "core/navigation.h"
+#include "forms/screen.h"
+#include "runtime/array.h"
+
+namespace velmora {
+
+/// The company data screen: nineteen free-text fields, and the way to a saved evaluation.
+class Form2 : public Screen {
+public:
+    explicit Form2(const Entorno& entorno);
+
+    void Form_Load() override;
+    void Timer1_Timer() override;
+    void datosiniciales_Click();
+    void contaminantes_Click();
+    void calculos_Click();
+    void resulatadofinal_Click();
+    void Regresar_Click();
+    void recuperardatos_Click();
+    void imprimir_Click();
+    void salir_Click();
+
+    /// Sets each box from its element of `DatosEmpresa`.
+    void MostrarDatosEmpresa();
+
+    Label Label2, Label3, Label4;
+    Array<Label, 0, 19> Label1; ///< 17 isn't on the screen
+    Array<TextCell, 1, 19> Text1;
+    CommonDialog CommonDialog1;
+
+private:
+    void GuardarCamposEIrA(ScreenId destino);
+
+    Entorno entorno_;
+};
+
+} // namespace velmora

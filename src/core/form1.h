@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/navigation.h"
+#include "forms/screen.h"
+
+namespace velmora {
+
+/// The splash screen, on which the program starts.
+class Form1 : public Screen {
+public:
+    explicit Form1(const Entorno& entorno);
+
+    void Timer1_Timer() override;
+    void Nuevaempresa_Click();
+    void salir_Click();
+
+    Label Label1, Label2, Label3, Label4, Label5, Label6, Label7;
+
+private:
+    Entorno entorno_;
+};
+
+} // namespace velmora

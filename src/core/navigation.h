@@ -1,0 +1,43 @@
+#pragma once
+
+#include <ctime>
+#include <string>
+#include <string_view>
+
+#include "core/chain.h"
+#include "core/record.h"
+#include "forms/host.h"
+#include "forms/layout.h"
+
+namespace velmora {
+
+/// What every screen is given: the record, the chain of screens and the toolkit.
+struct Entorno {
+    EvaluacionRecord& record;
+    ScreenChain& chain;
+    Host& host;
+};
+
+/// `salir` of every screen: asks with the screen's style, and on any answer but No ends the process
+/// at once with status 0, without saving.
+void Salir(Host& host, Estilo estilo);
+
+/// What tells one screen's `imprimir` from another's.
+struct Impresion {
+    std::string_view aviso; ///< first line of the question
+    int primera_pagina;
+    int ultima_pagina;
+};
+
+/// `imprimir` of `Form2` to `Form6`: asks, shows the print dialog and prints the screen's image,
+/// the dialog's Cancel notwithstanding. Errors are passed over, step by step.
+void Imprimir(Host& host, CommonDialog& dialog, const Impresion& impresion);
+
+/// The clock's text, "dd:mm:yy     hh:mm:ss": day, month and year, five blanks, hour, minute and
+/// second, two digits each.
+std::string FormatoFecha(const std::tm& momento);
+
+/// How the clock looks on `Form2` to `Form6`: bold, white, 8.25 points.
+inline constexpr Look kAspectoDelReloj{.bold = true, .fore = 0xFFFFFF};
+
+} // namespace velmora

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "runtime/array.h"
+#include "runtime/doble.h"
+#include "runtime/entero.h"
+
+namespace velmora {
+
+/// A value for each day (1 to 3) and task (1 to 3).
+template <class T>
+using PorDiaYTarea = Array<Array<T, 1, 3>, 1, 3>;
+
+/// A value for each task (1 to 3) and contaminant (1 to 6).
+template <class T>
+using PorTareaYContaminante = Array<Array<T, 1, 6>, 1, 3>;
+
+/// A day's sheet as the text of its cells: entries 1 to 324 the main grid, 325 to 396 the
+/// right-hand grid, 397 to 401 Text2, Text4, Text5, Text6 and Text7.
+using HojaDelDia = Array<std::string, 1, 401>;
+
+/// The one evaluation in memory, all that survives a move between screens.
+///
+/// Subscripts start at 1 and are checked. The plan is held as numbers and strings; the results of
+/// a day are held as the text of the cells that showed them. Everything starts at 0 and empty.
+/// Text is UTF-8.
+struct EvaluacionRecord {
+    Array<std::string, 1, 19> DatosEmpresa; ///< company and evaluation data, by field number
+    Entero NumJornadas;                     ///< sampled workdays: 0 until set, then 1 or 3
+    Entero NumTareas;                       ///< tasks in each workday: 0 until set, then 1 to 3
+
+    PorDiaYTarea<Doble> TiempoExposicion; ///< exposure time of the task on that day, in hours
+    PorDiaYTarea<Entero> Muestras30;      ///< contaminants taken with 30-minute samples
+    PorDiaYTarea<Entero> Muestras15;      ///< contaminants taken with 15-minute samples
+
+    Array<Entero, 1, 3> NumContaminantes; ///< contaminants of the task, whatever the day
+    PorTareaYContaminante<std::string> NombreContaminante;
+    PorTareaYContaminante<Doble> VlaEd;           ///< daily limit value, in the agent's unit
+    PorTareaYContaminante<Doble> VlaEc;           ///< short-exposure limit value, 0 for none
+    PorTareaYContaminante<Entero> TiempoMuestreo; ///< minutes of a sample, 15 or 30
+    PorTareaYContaminante<Entero> Aditivo;        ///< number of the additive group, 0 for none
+    PorTareaYContaminante<std::string> Unidades;  ///< "mg/m3" or "ppm"
+
+    /// Working values of the sheet by day, task and contaminant; the file doesn't hold them.
+    Array<PorTareaYContaminante<Doble>, 1, 3> MG;
+    Array<PorTareaYContaminante<Doble>, 1, 3> GSD;
+    Array<PorTareaYContaminante<Doble>, 1, 3> MGmas;
+    Array<PorTareaYContaminante<Doble>, 1, 3> GSDmas;
+
+    HojaDelDia HojaPrimerDia;
+    HojaDelDia HojaSegundoDia;
+    HojaDelDia HojaTercerDia;
+
+    /// Final table: row = (task - 1) * 6 + contaminant, columns "Nº", name, I1, I2, I3, IG, P1, P2,
+    /// P3.
+    Array<Array<std::string, 1, 9>, 1, 18> HojaFinal;
+
+    friend bool operator==(const EvaluacionRecord&, const EvaluacionRecord&) = default;
+};
+
+} // namespace velmora

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+
+#include "runtime/doble.h"
+#include "runtime/error.h"
+
+namespace velmora {
+
+/// A signed 16-bit whole number whose sums, differences and products throw `ErrorEjecucion`
+/// (Desbordamiento) instead of leaving the range -32768 to 32767.
+class Entero {
+public:
+    constexpr Entero() = default;
+    constexpr Entero(int valor) : valor_(Comprobado(valor)) {} // NOLINT(google-explicit-constructor)
+
+    constexpr int Valor() const { return valor_; }
+
+    friend constexpr Entero operator+(Entero a, Entero b) { return {a.valor_ + b.valor_}; }
+    friend constexpr Entero operator-(Entero a, Entero b) { return {a.valor_ - b.valor_}; }
+    friend constexpr Entero operator*(Entero a, Entero b) { return {a.valor_ * b.valor_}; }
+    constexpr Entero& operator++() { return *this = *this + 1; }
+    constexpr Entero& operator+=(Entero b) { return *this = *this + b; }
+
+    friend constexpr auto operator<=>(Entero, Entero) = default;
+
+    /// An Integer in a place that wants a Double.
+    constexpr Doble ComoDoble() const { return static_cast<double>(valor_); }
+
+private:
+    static constexpr std::int16_t Comprobado(int valor) {
+        if (valor < INT16_MIN || valor > INT16_MAX) throw ErrorEjecucion(TipoError::Desbordamiento);
+        return static_cast<std::int16_t>(valor);
+    }
+
+    std::int16_t valor_ = 0;
+};
+
+} // namespace velmora
