@@ -1,0 +1,30 @@
+#include "app/screens.h"
+
+#include "capture/form2.h"
+#include "capture/form3.h"
+#include "capture/form4.h"
+#include "core/form1.h"
+#include "final/form6.h"
+#include "sheet/form5.h"
+
+namespace velmora {
+
+std::unique_ptr<Screen> MakeScreen(ScreenId id, const Entorno& entorno) {
+    switch (id) {
+        case ScreenId::Form1:
+            return std::make_unique<Form1>(entorno);
+        case ScreenId::Form2:
+            return std::make_unique<Form2>(entorno);
+        case ScreenId::Form3:
+            return std::make_unique<Form3>(entorno);
+        case ScreenId::Form4:
+            return std::make_unique<Form4>(entorno);
+        case ScreenId::Form5:
+            return std::make_unique<Form5>(entorno);
+        case ScreenId::Form6:
+            return std::make_unique<Form6>(entorno);
+    }
+    return nullptr;
+}
+
+} // namespace velmora

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string_view>
+
+#include "app/screens.h"
+#include "core/chain.h"
+#include "core/navigation.h"
+#include "core/numbers.h"
+#include "core/record.h"
+#include "support/scripted_host.h"
+
+namespace velmora::test {
+
+/// A decimal separator for the length of a test.
+class WithSeparator {
+public:
+    explicit WithSeparator(std::string separador) : before_(SeparadorDecimal()) {
+        FijarSeparadorDecimal(std::move(separador));
+    }
+    ~WithSeparator() { FijarSeparadorDecimal(before_); }
+    WithSeparator(const WithSeparator&) = delete;
+    WithSeparator& operator=(const WithSeparator&) = delete;
+
+private:
+    std::string before_;
+};
+
+/// The whole program without a toolkit: a record, the chain of the six screens, a scripted host.
+/// Starts with no screen; `Open<FormN>(...)` goes to one. The separator is the point.
+class VelmoraTest : public ::testing::Test {
+protected:
+    /// Moves to the screen and gives it as what it is.
+    template <class Form>
+    Form& Open(ScreenId id) {
+        chain.Settle();
+        chain.Go(id);
+        return dynamic_cast<Form&>(chain.Current());
+    }
+
+    template <class Form>
+    Form& Current() {
+        return dynamic_cast<Form&>(chain.Current());
+    }
+
+    /// Presses the entry of the menu of the current screen that bears this name.
+    void Choose(std::string_view entry) {
+        const MenuEntry* found = chain.Current().FindEntry(entry);
+        ASSERT_NE(found, nullptr) << entry;
+        ASSERT_TRUE(found->Click) << entry << " has no handler";
+        found->Click();
+    }
+
+    WithSeparator separator{"."};
+    EvaluacionRecord record;
+    ScriptedHost host;
+    ScreenChain chain{[this](ScreenId id) { return MakeScreen(id, Entorno{record, chain, host}); }};
+};
+
+/// Runs a step that must raise this run-time error.
+template <class Step>
+void ExpectError(TipoError tipo, Step&& step) {
+    try {
+        step();
+        ADD_FAILURE() << "no run-time error";
+    } catch (const ErrorEjecucion& error) {
+        EXPECT_EQ(error.what(), MensajeDe(tipo));
+    }
+}
+
+} // namespace velmora::test
