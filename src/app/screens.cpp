@@ -27,4 +27,4 @@ std::unique_ptr<Screen> MakeScreen(ScreenId id, const Entorno& entorno) {
     return nullptr;
 }
 
-} // namespace velmora
+}  // namespace velmora

@@ -10,4 +10,4 @@ namespace velmora {
 /// Makes one of the six screens, not loaded yet. The one place that knows them all.
 std::unique_ptr<Screen> MakeScreen(ScreenId id, const Entorno& entorno);
 
-} // namespace velmora
+}  // namespace velmora

@@ -26,7 +26,7 @@ struct Campo {
     bool derecha;
     Color color;
     std::string_view rotulo;
-    std::string_view nombre; ///< as a screen reader says it
+    std::string_view nombre;  ///< as a screen reader says it
 };
 
 // clang-format off
@@ -86,7 +86,7 @@ constexpr Row FilaDeLaCaja(const Campo& campo, int tab) {
             .spoken = campo.nombre};
 }
 
-} // namespace
+}  // namespace
 
 Form2::Form2(const Entorno& entorno)
     : Screen(ScreenId::Form2, "     Velmora / h2", kAreaCliente, Label3), entorno_(entorno) {
@@ -159,12 +159,12 @@ void Form2::Regresar_Click() {
 
 void Form2::recuperardatos_Click() {
     constexpr std::uint32_t kEstiloExplorador = 524288;
-    CommonDialog1.DialogTitle = " Guardar datos"; // the writer's title, kept here, too
+    CommonDialog1.DialogTitle = " Guardar datos";  // the writer's title, kept here, too
     CommonDialog1.Flags = kEstiloExplorador;
     CommonDialog1.DefaultExt = "doc";
     Intentar([&] { entorno_.host.ShowSave(CommonDialog1); });
     ReadEvaluation(CommonDialog1.FileName, entorno_.record);
-    MostrarDatosEmpresa(); // whatever was read: after a Cancel it wipes what had been typed
+    MostrarDatosEmpresa();  // whatever was read: after a Cancel it wipes what had been typed
 }
 
 void Form2::imprimir_Click() {
@@ -173,4 +173,4 @@ void Form2::imprimir_Click() {
 
 void Form2::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacionNo); }
 
-} // namespace velmora
+}  // namespace velmora

@@ -26,7 +26,7 @@ public:
     void MostrarDatosEmpresa();
 
     Label Label2, Label3, Label4;
-    Array<Label, 0, 19> Label1; ///< 17 isn't on the screen
+    Array<Label, 0, 19> Label1;  ///< 17 isn't on the screen
     Array<TextCell, 1, 19> Text1;
     CommonDialog CommonDialog1;
 
@@ -36,4 +36,4 @@ private:
     Entorno entorno_;
 };
 
-} // namespace velmora
+}  // namespace velmora

@@ -18,4 +18,4 @@ void ScreenChain::Go(ScreenId target) {
     current_ = &Load(target);
 }
 
-} // namespace velmora
+}  // namespace velmora

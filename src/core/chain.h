@@ -40,4 +40,4 @@ private:
     Screen* current_ = nullptr;
 };
 
-} // namespace velmora
+}  // namespace velmora

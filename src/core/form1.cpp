@@ -29,7 +29,7 @@ constexpr Row kLabel3{.name = "Label3", .box = {4440, 7200, 7455, 255}, .text = 
 constexpr Row kLabel5{.name = "Label5", .box = {9120, 7680, 2295, 375}, .look = {.fore = kNegro}};
 // clang-format on
 
-} // namespace
+}  // namespace
 
 Form1::Form1(const Entorno& entorno)
     : Screen(ScreenId::Form1, ".     Velmora / h1", kAreaCliente, Label5), entorno_(entorno) {
@@ -59,4 +59,4 @@ void Form1::Nuevaempresa_Click() {
 
 void Form1::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacion); }
 
-} // namespace velmora
+}  // namespace velmora

@@ -20,4 +20,4 @@ private:
     Entorno entorno_;
 };
 
-} // namespace velmora
+}  // namespace velmora

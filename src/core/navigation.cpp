@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t kSinImprimirAFichero = 524288;
 
-} // namespace
+}  // namespace
 
 void Salir(Host& host, Estilo estilo) {
     if (host.MsgBox("¿Está seguro de que quiere salir?", estilo) != Respuesta::No) host.End(0);
@@ -41,4 +41,4 @@ std::string FormatoFecha(const std::tm& momento) {
            "     " + dos(momento.tm_hour) + ":" + dos(momento.tm_min) + ":" + dos(momento.tm_sec);
 }
 
-} // namespace velmora
+}  // namespace velmora

@@ -24,7 +24,7 @@ void Salir(Host& host, Estilo estilo);
 
 /// What tells one screen's `imprimir` from another's.
 struct Impresion {
-    std::string_view aviso; ///< first line of the question
+    std::string_view aviso;  ///< first line of the question
     int primera_pagina;
     int ultima_pagina;
 };
@@ -40,4 +40,4 @@ std::string FormatoFecha(const std::tm& momento);
 /// How the clock looks on `Form2` to `Form6`: bold, white, 8.25 points.
 inline constexpr Look kAspectoDelReloj{.bold = true, .fore = 0xFFFFFF};
 
-} // namespace velmora
+}  // namespace velmora

@@ -15,7 +15,7 @@ namespace velmora {
 
 namespace {
 
-std::string separador_decimal = "."; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+std::string separador_decimal = ".";  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 std::string Cifras(int n) {
     std::array<char, 12> texto{};
@@ -103,9 +103,8 @@ struct Decimales {
 Decimales QuinceCifras(double valor) {
     constexpr int kDecimales = 14;
     std::array<char, 32> texto{};
-    const auto escrito =
-        std::to_chars(texto.data(), texto.data() + texto.size(), std::fabs(valor),
-                      std::chars_format::scientific, kDecimales);
+    const auto escrito = std::to_chars(texto.data(), texto.data() + texto.size(), std::fabs(valor),
+                                       std::chars_format::scientific, kDecimales);
     const std::string_view cientifico(texto.data(), escrito.ptr);
     const std::size_t e = cientifico.find('e');
 
@@ -133,7 +132,9 @@ std::string ParteEntera(const Decimales& d) {
 /// The digits behind the decimal separator, none for a whole number.
 std::string ParteDecimal(const Decimales& d) {
     if (d.exponente <= 0) {
-        return d.cifras.empty() ? "" : std::string(static_cast<std::size_t>(-d.exponente), '0') + d.cifras;
+        return d.cifras.empty()
+                   ? ""
+                   : std::string(static_cast<std::size_t>(-d.exponente), '0') + d.cifras;
     }
     const auto n = static_cast<std::size_t>(d.exponente);
     return n < d.cifras.size() ? d.cifras.substr(n) : "";
@@ -192,7 +193,7 @@ double Redondear(double valor, double minimo, double maximo) {
     return redondo;
 }
 
-} // namespace
+}  // namespace
 
 void FijarSeparadorDecimal(std::string separador) { separador_decimal = std::move(separador); }
 
@@ -232,8 +233,8 @@ int ConvertirLargo(std::string_view texto) {
 }
 
 std::string TextoDoble(Doble valor) {
-    constexpr int kPrimerExponencialArriba = 15; // 1E+15
-    constexpr int kUltimoFijoAbajo = -4;         // 0.0001
+    constexpr int kPrimerExponencialArriba = 15;  // 1E+15
+    constexpr int kUltimoFijoAbajo = -4;          // 0.0001
     const Decimales d = QuinceCifras(valor.Valor());
     if (d.cifras.empty()) return "0";
     const int potencia = d.exponente - 1;
@@ -257,4 +258,4 @@ std::string TextoDecimalPlano(Doble valor) {
     return NotacionPlana(QuinceCifras(valor.Valor()), ".");
 }
 
-} // namespace velmora
+}  // namespace velmora

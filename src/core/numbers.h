@@ -51,4 +51,4 @@ std::string TextoDecimalPlano(Doble valor);
 /// too large for a Double.
 std::optional<double> NumeroCompleto(std::string_view texto, std::string_view separador);
 
-} // namespace velmora
+}  // namespace velmora

@@ -26,21 +26,21 @@ using HojaDelDia = Array<std::string, 1, 401>;
 /// a day are held as the text of the cells that showed them. Everything starts at 0 and empty.
 /// Text is UTF-8.
 struct EvaluacionRecord {
-    Array<std::string, 1, 19> DatosEmpresa; ///< company and evaluation data, by field number
-    Entero NumJornadas;                     ///< sampled workdays: 0 until set, then 1 or 3
-    Entero NumTareas;                       ///< tasks in each workday: 0 until set, then 1 to 3
+    Array<std::string, 1, 19> DatosEmpresa;  ///< company and evaluation data, by field number
+    Entero NumJornadas;                      ///< sampled workdays: 0 until set, then 1 or 3
+    Entero NumTareas;                        ///< tasks in each workday: 0 until set, then 1 to 3
 
-    PorDiaYTarea<Doble> TiempoExposicion; ///< exposure time of the task on that day, in hours
-    PorDiaYTarea<Entero> Muestras30;      ///< contaminants taken with 30-minute samples
-    PorDiaYTarea<Entero> Muestras15;      ///< contaminants taken with 15-minute samples
+    PorDiaYTarea<Doble> TiempoExposicion;  ///< exposure time of the task on that day, in hours
+    PorDiaYTarea<Entero> Muestras30;       ///< contaminants taken with 30-minute samples
+    PorDiaYTarea<Entero> Muestras15;       ///< contaminants taken with 15-minute samples
 
-    Array<Entero, 1, 3> NumContaminantes; ///< contaminants of the task, whatever the day
+    Array<Entero, 1, 3> NumContaminantes;  ///< contaminants of the task, whatever the day
     PorTareaYContaminante<std::string> NombreContaminante;
-    PorTareaYContaminante<Doble> VlaEd;           ///< daily limit value, in the agent's unit
-    PorTareaYContaminante<Doble> VlaEc;           ///< short-exposure limit value, 0 for none
-    PorTareaYContaminante<Entero> TiempoMuestreo; ///< minutes of a sample, 15 or 30
-    PorTareaYContaminante<Entero> Aditivo;        ///< number of the additive group, 0 for none
-    PorTareaYContaminante<std::string> Unidades;  ///< "mg/m3" or "ppm"
+    PorTareaYContaminante<Doble> VlaEd;            ///< daily limit value, in the agent's unit
+    PorTareaYContaminante<Doble> VlaEc;            ///< short-exposure limit value, 0 for none
+    PorTareaYContaminante<Entero> TiempoMuestreo;  ///< minutes of a sample, 15 or 30
+    PorTareaYContaminante<Entero> Aditivo;         ///< number of the additive group, 0 for none
+    PorTareaYContaminante<std::string> Unidades;   ///< "mg/m3" or "ppm"
 
     /// Working values of the sheet by day, task and contaminant; the file doesn't hold them.
     Array<PorTareaYContaminante<Doble>, 1, 3> MG;
@@ -59,4 +59,4 @@ struct EvaluacionRecord {
     friend bool operator==(const EvaluacionRecord&, const EvaluacionRecord&) = default;
 };
 
-} // namespace velmora
+}  // namespace velmora

@@ -9,8 +9,8 @@ namespace velmora {
 /// set, a system colour.
 using Color = std::uint32_t;
 
-inline constexpr Color kFondoDeVentana = 0x80000005; ///< system colour 5, window background
-inline constexpr Color kTextoDeVentana = 0x80000008; ///< system colour 8, window text
+inline constexpr Color kFondoDeVentana = 0x80000005;  ///< system colour 5, window background
+inline constexpr Color kTextoDeVentana = 0x80000008;  ///< system colour 8, window text
 
 // The controls as the handlers see them: plain data. The window shows what stands here, and what
 // the user types lands here as it is typed. Text is UTF-8.
@@ -18,7 +18,7 @@ inline constexpr Color kTextoDeVentana = 0x80000008; ///< system colour 8, windo
 struct TextCell {
     std::string Text;
     bool Visible = true;
-    bool Locked = false; ///< shows text but takes no typing
+    bool Locked = false;  ///< shows text but takes no typing
     Color BackColor = kFondoDeVentana;
     Color ForeColor = kTextoDeVentana;
 
@@ -29,7 +29,7 @@ struct TextCell {
 struct ComboBox {
     std::string Text;
     bool Visible = true;
-    bool Locked = false; ///< nothing can be picked
+    bool Locked = false;  ///< nothing can be picked
 
     friend bool operator==(const ComboBox&, const ComboBox&) = default;
 };
@@ -53,10 +53,10 @@ struct Button {
 struct CommonDialog {
     std::string DialogTitle;
     std::uint32_t Flags = 0;
-    std::string DefaultExt; ///< added to a name without a point
-    std::string FileName;   ///< UTF-8; empty until a name has been accepted
+    std::string DefaultExt;  ///< added to a name without a point
+    std::string FileName;    ///< UTF-8; empty until a name has been accepted
     int FromPage = 0;
     int ToPage = 0;
 };
 
-} // namespace velmora
+}  // namespace velmora

@@ -52,4 +52,4 @@ public:
     virtual void End(int estado) = 0;
 };
 
-} // namespace velmora
+}  // namespace velmora

@@ -30,7 +30,7 @@ struct Look {
     Color fore = kTextoDeVentana;
     Color back = kTransparente;
 
-    static constexpr Color kTransparente = 0xFFFFFFFF; ///< the screen's background shows through
+    static constexpr Color kTransparente = 0xFFFFFFFF;  ///< the screen's background shows through
 };
 
 /// What stands behind a control in the order of the Tab key.
@@ -38,17 +38,17 @@ inline constexpr int kSinTab = -1;
 
 /// One control of a screen, or one element of an array of controls, as it was laid out.
 struct Row {
-    std::string_view name;      ///< the control's name
-    int index = kSinIndice;     ///< the element's index in its array
-    Box box;
-    std::string_view text;      ///< caption of a label or button, starting text of a cell
-    Look look;
+    std::string_view name{};  ///< the control's name
+    int index = kSinIndice;   ///< the element's index in its array
+    Box box{};
+    std::string_view text{};  ///< caption of a label or button, starting text of a cell
+    Look look{};
     int tab = kSinTab;          ///< position in the order of the Tab key; -1 takes no focus
-    std::string_view spoken;    ///< what a screen reader says of it, where that isn't its caption
-    std::string_view tool_tip;
-    std::span<const std::string_view> items; ///< of a list
+    std::string_view spoken{};  ///< what a screen reader says of it, where that isn't its caption
+    std::string_view tool_tip{};
+    std::span<const std::string_view> items{};  ///< of a list
 
-    static constexpr int kSinIndice = -1; ///< no element of an array: a control that stands alone
+    static constexpr int kSinIndice = -1;  ///< no element of an array: a control that stands alone
 };
 
-} // namespace velmora
+}  // namespace velmora

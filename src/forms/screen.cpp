@@ -40,8 +40,8 @@ const Control* Screen::FindControl(std::string_view name) const {
 
 void Screen::Add(const Row& row, Control::State state, Events events, std::string spoken) {
     if (spoken.empty()) spoken = row.spoken;
-    controls_.push_back({Indexed(row.name, row.index), row, state, std::move(events),
-                         std::move(spoken)});
+    controls_.push_back(
+        {Indexed(row.name, row.index), row, state, std::move(events), std::move(spoken)});
 }
 
 void Screen::Place(TextCell& cell, const Row& row, Events events, std::string spoken) {
@@ -66,4 +66,4 @@ void Screen::Place(Button& button, const Row& row, std::function<void()> click) 
 
 void Screen::Place(const Row& picture) { Add(picture, Picture{}, {}, {}); }
 
-} // namespace velmora
+}  // namespace velmora

@@ -24,10 +24,10 @@ constexpr bool EsCifra(KeyCode tecla) { return tecla >= '0' && tecla <= '9'; }
 
 /// The handlers of one control's events; an event without a handler is empty.
 struct Events {
-    std::function<void()> Click;             ///< a button pressed, an item picked
-    std::function<void(KeyCode&)> KeyPress;  ///< sees each character key before the control does
-    std::function<void()> DblClick;
-    bool free_text = false; ///< an ordinary text field: text comes in by other ways than keys, too
+    std::function<void()> Click{};             ///< a button pressed, an item picked
+    std::function<void(KeyCode&)> KeyPress{};  ///< sees each character key before the control does
+    std::function<void()> DblClick{};
+    bool free_text = false;  ///< an ordinary text field: text comes in by other ways than keys, too
 };
 
 /// A picture of the screen, told apart by its name; it has no state.
@@ -42,15 +42,15 @@ struct Control {
     Row row;
     State state;
     Events events;
-    std::string spoken; ///< what a screen reader says; empty where the caption says it
+    std::string spoken;  ///< what a screen reader says; empty where the caption says it
 };
 
 /// An entry of a menu bar: it runs its handler, or opens its list, or is a spacer with neither.
 struct MenuEntry {
-    std::string_view name;
-    std::string_view caption; ///< empty for a spacer
-    std::function<void()> Click;
-    std::vector<MenuEntry> list;
+    std::string_view name{};
+    std::string_view caption{};  ///< empty for a spacer
+    std::function<void()> Click{};
+    std::vector<MenuEntry> list{};
 };
 
 /// A screen is plain data: its controls are structs, its handlers are member functions that read
@@ -80,7 +80,7 @@ public:
     /// The control that bears this name, index included, or null.
     const Control* FindControl(std::string_view name) const;
 
-    std::string Caption; ///< of the window
+    std::string Caption;  ///< of the window
 
 protected:
     Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock);
@@ -107,4 +107,4 @@ private:
 /// A name with an index as the window and the tests spell it: "Text1(5)".
 std::string Indexed(std::string_view name, int index);
 
-} // namespace velmora
+}  // namespace velmora

@@ -48,4 +48,4 @@ private:
     std::array<T, static_cast<std::size_t>(Last - First + 1)> elements_{};
 };
 
-} // namespace velmora
+}  // namespace velmora

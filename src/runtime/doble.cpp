@@ -14,7 +14,7 @@ Doble Comprobado(double resultado) {
     return resultado;
 }
 
-} // namespace
+}  // namespace
 
 Doble operator+(Doble a, Doble b) { return Comprobado(a.valor_ + b.valor_); }
 Doble operator-(Doble a, Doble b) { return Comprobado(a.valor_ - b.valor_); }
@@ -39,4 +39,4 @@ Doble Logaritmo(Doble x) {
 
 Doble Absoluto(Doble x) { return std::fabs(x.Valor()); }
 
-} // namespace velmora
+}  // namespace velmora

@@ -14,7 +14,7 @@ namespace velmora {
 class Doble {
 public:
     constexpr Doble() = default;
-    constexpr Doble(double valor) : valor_(valor) {} // NOLINT(google-explicit-constructor)
+    constexpr Doble(double valor) : valor_(valor) {}  // NOLINT(google-explicit-constructor)
 
     constexpr double Valor() const { return valor_; }
 
@@ -42,4 +42,4 @@ Doble Logaritmo(Doble x);
 /// The absolute value of x.
 Doble Absoluto(Doble x);
 
-} // namespace velmora
+}  // namespace velmora

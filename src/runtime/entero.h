@@ -13,7 +13,8 @@ namespace velmora {
 class Entero {
 public:
     constexpr Entero() = default;
-    constexpr Entero(int valor) : valor_(Comprobado(valor)) {} // NOLINT(google-explicit-constructor)
+    constexpr Entero(int valor)
+        : valor_(Comprobado(valor)) {}  // NOLINT(google-explicit-constructor)
 
     constexpr int Valor() const { return valor_; }
 
@@ -37,4 +38,4 @@ private:
     std::int16_t valor_ = 0;
 };
 
-} // namespace velmora
+}  // namespace velmora

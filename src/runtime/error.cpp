@@ -20,7 +20,6 @@ std::string MensajeDe(TipoError tipo) {
     return "Error en tiempo de ejecución.";
 }
 
-ErrorEjecucion::ErrorEjecucion(TipoError tipo)
-    : std::runtime_error(MensajeDe(tipo)), tipo_(tipo) {}
+ErrorEjecucion::ErrorEjecucion(TipoError tipo) : std::runtime_error(MensajeDe(tipo)), tipo_(tipo) {}
 
-} // namespace velmora
+}  // namespace velmora

@@ -7,12 +7,12 @@ namespace velmora {
 
 /// The kinds of run-time error that end the program.
 enum class TipoError {
-    Desbordamiento,        ///< a result too large for a Double, or outside 16 bits for an Integer
-    DivisionPorCero,       ///< a number other than zero divided by zero
-    OperacionNoValida,     ///< 0 / 0, a power without a real value
-    ArgumentoNoValido,     ///< the logarithm of a number that isn't positive
-    SubindiceFueraDeRango, ///< an element that an array doesn't have
-    TiposNoCoinciden       ///< text that doesn't read as the number that is wanted
+    Desbordamiento,         ///< a result too large for a Double, or outside 16 bits for an Integer
+    DivisionPorCero,        ///< a number other than zero divided by zero
+    OperacionNoValida,      ///< 0 / 0, a power without a real value
+    ArgumentoNoValido,      ///< the logarithm of a number that isn't positive
+    SubindiceFueraDeRango,  ///< an element that an array doesn't have
+    TiposNoCoinciden        ///< text that doesn't read as the number that is wanted
 };
 
 /// A run-time error. Nothing catches it but the window's one guard, which shows `what()` and ends
@@ -35,8 +35,8 @@ template <class Paso>
 void Intentar(Paso&& paso) {
     try {
         paso();
-    } catch (const ErrorEjecucion&) { // skipped on purpose: the next step runs
+    } catch (const ErrorEjecucion&) {  // skipped on purpose: the next step runs
     }
 }
 
-} // namespace velmora
+}  // namespace velmora

@@ -48,7 +48,7 @@ Doble FactorDeCorreccion(Entero n, Doble gsd) {
     return f < 1 ? 1.0 : f;
 }
 
-} // namespace
+}  // namespace
 
 Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,
                     Entero contaminante) {
@@ -85,4 +85,4 @@ Doble ProbabilidadExceso(const Doble& razon, const Doble& dispersion) {
     return kClaseMasAlta;
 }
 
-} // namespace velmora
+}  // namespace velmora

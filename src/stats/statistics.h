@@ -30,4 +30,4 @@ Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero d
 /// none does, 0 when `razon` is 0 or negative.
 Doble ProbabilidadExceso(const Doble& razon, const Doble& dispersion);
 
-} // namespace velmora
+}  // namespace velmora

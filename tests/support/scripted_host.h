@@ -68,16 +68,18 @@ public:
     std::tm Now() const override { return now; }
     void End(int estado) override {
         EXPECT_EQ(estado, 0);
-        if (ends_ == 0) ADD_FAILURE() << "the process ended";
-        else --ends_;
+        if (ends_ == 0)
+            ADD_FAILURE() << "the process ended";
+        else
+            --ends_;
     }
 
     std::tm now{};
-    std::vector<CommonDialog> dialogs_shown; ///< file dialogs as they were set when shown
-    std::vector<CommonDialog> print_dialogs; ///< print dialogs as they were set when shown
+    std::vector<CommonDialog> dialogs_shown;  ///< file dialogs as they were set when shown
+    std::vector<CommonDialog> print_dialogs;  ///< print dialogs as they were set when shown
     int printed = 0;
-    std::function<void()> on_box;   ///< runs while a box is shown
-    std::function<void()> on_print; ///< runs while the screen is printed
+    std::function<void()> on_box;    ///< runs while a box is shown
+    std::function<void()> on_print;  ///< runs while the screen is printed
 
 private:
     struct ScriptedBox {
@@ -92,4 +94,4 @@ private:
     int ends_ = 0;
 };
 
-} // namespace velmora::test
+}  // namespace velmora::test

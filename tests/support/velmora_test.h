@@ -70,4 +70,4 @@ void ExpectError(TipoError tipo, Step&& step) {
     }
 }
 
-} // namespace velmora::test
+}  // namespace velmora::test
