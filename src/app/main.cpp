@@ -1,0 +1,30 @@
+#include <QApplication>
+#include <QLocale>
+
+#include "app/screens.h"
+#include "core/chain.h"
+#include "core/numbers.h"
+#include "core/record.h"
+#include "qt/appearance.h"
+#include "qt/qt_host.h"
+#include "qt/window.h"
+
+int main(int argc, char* argv[]) {
+    // Read before the toolkit is told to speak Spanish: the separator is that of the user's locale.
+    velmora::FijarSeparadorDecimal(QLocale::system().decimalPoint().toStdString());
+
+    QApplication application(argc, argv);
+    velmora::DressApplication(application);
+
+    velmora::EvaluacionRecord record;
+    velmora::QtHost host;
+    velmora::ScreenChain chain([&](velmora::ScreenId id) {
+        return velmora::MakeScreen(id, {record, chain, host});
+    });
+    chain.Go(velmora::ScreenId::Form1);
+
+    velmora::Window window(chain, host);
+    host.Attach(window);
+    window.show();
+    return QApplication::exec();
+}

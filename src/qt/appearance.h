@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+#include "forms/layout.h"
+
+class QApplication;
+class QWidget;
+
+namespace velmora {
+
+/// Gives the application its one look, whatever the desktop's: Fusion, a light palette, Spanish in
+/// the toolkit's own buttons and dialogs, no file of the toolkit's in the user's folders.
+void DressApplication(QApplication& application);
+
+/// The colour that a colour number of the forms toolkit stands for.
+QColor ToQt(Color color);
+
+/// A look's font, for a screen shown at `pixels_per_twip`. Geometry and letters are scaled by the
+/// same factor, in whole pixels, so that a text fits its box at every size.
+QFont FontOf(const Look& look, double pixels_per_twip);
+
+/// Gives a widget the fore and back colours of its text.
+void Paint(QWidget& widget, Color fore, Color back);
+
+}  // namespace velmora

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+#include "forms/screen.h"
+
+namespace velmora {
+
+/// The area below the menu bar: it holds the widgets of one screen and lays them out, all by one
+/// factor, so that the screen fills the window at every size.
+class Canvas : public QWidget {
+    Q_OBJECT
+
+public:
+    Canvas(const Screen& screen, QWidget* parent);
+
+    /// Takes a widget in, to stand where its row tells.
+    void Place(QWidget& widget, const Row& row);
+
+    /// Pixels of the window per twip of the screen.
+    double PixelsPerTwip() const { return scale_; }
+    /// The area of the screen in twips, everything that stands on it included.
+    Box Area() const { return area_; }
+    /// The screen's area in pixels.
+    QRect ScreenRect() const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    struct Placed {
+        QWidget* widget;
+        Row row;
+    };
+
+    void LayOut(const Placed& placed) const;
+    QRect ToPixels(const Box& box) const;
+
+    Box area_;
+    int foot_ = 0;  ///< top of the dark band that carries the clock, in twips; 0 for none
+    std::vector<Placed> placed_;
+    double scale_ = 0;
+    QPointF origin_;
+};
+
+}  // namespace velmora

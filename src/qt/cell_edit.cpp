@@ -1,0 +1,121 @@
+#include "qt/cell_edit.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <limits>
+#include <utility>
+
+#include "qt/keys.h"
+
+namespace velmora {
+
+CellEdit::CellEdit(Entry entry, Filter filter, QWidget* parent)
+    : QLineEdit(parent), entry_(entry), filter_(std::move(filter)) {
+    setFrame(false);
+    setMaxLength(std::numeric_limits<int>::max());
+    if (entry_ == Entry::Filtered) setAcceptDrops(false);
+    connect(this, &QLineEdit::textChanged, this, &CellEdit::TextHasChanged);
+}
+
+void CellEdit::Show(const QString& text) {
+    shown_ = text;
+    if (text == this->text()) return;
+    setText(text);
+    setCursorPosition(0);
+}
+
+void CellEdit::TextHasChanged(const QString& text) {
+    if (text == shown_) return;
+    const bool by_right = !isReadOnly() && (entry_ == Entry::Free || key_passed_);
+    if (!by_right) {
+        setText(shown_);
+        return;
+    }
+    // A cell is a single line: pasted line breaks become blanks.
+    QString line = text;
+    line.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    for (const QChar end : {QChar(u'\n'), QChar(u'\r'), QChar(QChar::LineSeparator),
+                            QChar(QChar::ParagraphSeparator)}) {
+        line.replace(end, u' ');
+    }
+    shown_ = line;
+    if (line != text) setText(line);
+    if (on_typed) on_typed(line);
+}
+
+void CellEdit::keyPressEvent(QKeyEvent* event) {
+    const std::optional<KeyCode> character = CharacterOf(*event);
+    if (character && filter_ && !filter_(*character)) return;  // refused
+    const bool copies = event->key() == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier;
+    if (entry_ == Entry::Filtered && !character && !IsMovement(*event) && !copies) {
+        event->ignore();
+        return;
+    }
+    key_passed_ = character.has_value();
+    QLineEdit::keyPressEvent(event);
+    key_passed_ = false;
+}
+
+void CellEdit::mouseReleaseEvent(QMouseEvent* event) {
+    if (entry_ == Entry::Filtered && event->button() == Qt::MiddleButton) return;  // would paste
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void CellEdit::mouseDoubleClickEvent(QMouseEvent* event) {
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (on_double_click && event->button() == Qt::LeftButton) on_double_click();
+}
+
+void CellEdit::contextMenuEvent(QContextMenuEvent* event) {
+    if (entry_ == Entry::Free) {
+        QLineEdit::contextMenuEvent(event);
+        return;
+    }
+    QMenu menu(this);
+    QAction* const copy = menu.addAction(tr("Copiar"));
+    copy->setEnabled(hasSelectedText());
+    QAction* const all = menu.addAction(tr("Seleccionar todo"));
+    all->setEnabled(!text().isEmpty());
+    const QAction* const chosen = menu.exec(event->globalPos());
+    if (chosen == copy) this->copy();
+    if (chosen == all) selectAll();
+}
+
+void CellEdit::inputMethodEvent(QInputMethodEvent* event) {
+    if (entry_ == Entry::Filtered) return;
+    QLineEdit::inputMethodEvent(event);
+}
+
+QVariant CellEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
+    if (entry_ == Entry::Filtered && query == Qt::ImEnabled) return false;
+    return QLineEdit::inputMethodQuery(query);
+}
+
+void CellEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+        setCursorPosition(0);
+    }
+}
+
+void CellEdit::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    const QPalette colors = QApplication::palette();
+    if (hasFocus()) {
+        painter.setPen(QPen(colors.color(QPalette::Highlight), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    } else {
+        painter.setPen(QColor(0x9a, 0xa7, 0xb5));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+}  // namespace velmora

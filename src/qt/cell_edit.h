@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+#include "forms/screen.h"
+
+namespace velmora {
+
+/// A text cell on the window. With a key filter and no free text, the filter is the only way in:
+/// pasting, dropping, the context menu, input methods and undo change nothing.
+class CellEdit : public QLineEdit {
+    Q_OBJECT
+
+public:
+    enum class Entry {
+        Free,      ///< an ordinary text field
+        Filtered,  ///< text comes in by the keys that the filter lets pass
+    };
+
+    /// Tells whether a character key may reach the cell.
+    using Filter = std::function<bool(KeyCode)>;
+
+    CellEdit(Entry entry, Filter filter, QWidget* parent);
+
+    /// Called for each text that the user gives the cell.
+    std::function<void(const QString&)> on_typed;
+    std::function<void()> on_double_click;
+
+    /// Sets what the cell shows; the beginning of a text too long for the cell is what is seen.
+    void Show(const QString& text);
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void TextHasChanged(const QString& text);
+
+    Entry entry_;
+    Filter filter_;
+    QString shown_;            ///< what stands in the cell by right
+    bool key_passed_ = false;  ///< a key that the filter let pass is being typed
+};
+
+}  // namespace velmora

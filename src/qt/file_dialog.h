@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QFileDialog>
+
+#include "forms/controls.h"
+
+namespace velmora {
+
+/// The file dialog of a screen, of the save kind both for saving and for restoring. Its flags tell
+/// whether it asks before replacing a file (2) and before creating one (8192).
+class FileDialog : public QFileDialog {
+    Q_OBJECT
+
+public:
+    FileDialog(const CommonDialog& dialog, QWidget* parent);
+
+    /// The name accepted, with the default extension where it had no point.
+    QString FileName() const;
+
+    void accept() override;
+
+private:
+    bool ConfirmsCreating(const QString& name);
+
+    bool asks_before_creating_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,50 @@
+#include "qt/keys.h"
+
+#include <QKeyEvent>
+
+namespace velmora {
+
+std::optional<KeyCode> CharacterOf(const QKeyEvent& event) {
+    constexpr KeyCode kEnter = 13;
+    constexpr KeyCode kEscape = 27;
+    switch (event.key()) {
+        case Qt::Key_Backspace:
+            return kRetroceso;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return kEnter;
+        case Qt::Key_Escape:
+            return kEscape;
+        case Qt::Key_Delete:  // bears a text on some platforms, but is no character
+        case Qt::Key_Insert:
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+            return std::nullopt;
+        default:
+            break;
+    }
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
+    if (control && !alt) {
+        if (event.key() < Qt::Key_A || event.key() > Qt::Key_BracketRight) return std::nullopt;
+        return event.key() - Qt::Key_A + 1;  // Ctrl+A is 1, Ctrl+Z 26, Ctrl+[ 27
+    }
+    if (alt && !control) return std::nullopt;  // opens menus
+    const QString text = event.text();
+    if (text.isEmpty()) return std::nullopt;
+    return text.front().unicode();
+}
+
+bool IsMovement(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+
+#include "forms/screen.h"
+
+class QKeyEvent;
+
+namespace velmora {
+
+/// The code of the character that a key bears, as a key filter sees it: 8 for the backspace, 13 for
+/// Enter, 1 to 26 for Ctrl with a letter. Nothing for keys without a character, such as the arrows,
+/// Delete and Tab.
+std::optional<KeyCode> CharacterOf(const QKeyEvent& event);
+
+/// Whether the key only moves or selects: arrows, Home, End.
+bool IsMovement(const QKeyEvent& event);
+
+}  // namespace velmora

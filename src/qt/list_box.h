@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <functional>
+
+#include "forms/screen.h"
+
+namespace velmora {
+
+/// A list on the window. It changes only by a pick from its items, and can show a text that isn't
+/// among them. It takes no typing by any road, and no pick while it is locked.
+class ListBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    /// Called with the code of each character key; the list takes none of them.
+    using Filter = std::function<void(KeyCode)>;
+
+    ListBox(const QStringList& items, Filter filter, QWidget* parent);
+
+    /// Sets what the list shows.
+    void Show(const QString& text);
+    void SetLocked(bool locked) { locked_ = locked; }
+
+    void showPopup() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    Filter filter_;
+    bool locked_ = false;
+};
+
+}  // namespace velmora

@@ -1,0 +1,47 @@
+#include "qt/menu_bar.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+#include "qt/text.h"
+
+namespace velmora {
+
+MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget* parent)
+    : QMenuBar(parent) {
+    setNativeMenuBar(false);
+    for (const MenuEntry& entry : entries) {
+        QAction* action = nullptr;
+        if (entry.list.empty()) {
+            action = addAction(ToQt(entry.caption));
+        } else {
+            QMenu* const menu = addMenu(ToQt(entry.caption));
+            action = menu->menuAction();
+            for (const MenuEntry& item : entry.list) {
+                QAction* const line = menu->addAction(ToQt(item.caption));
+                line->setObjectName(ToQt(item.name));
+                connect(line, &QAction::triggered, this, [run, &item] { run(item.Click); });
+            }
+            if (entry.Click) moves_at_once_.push_back(action);
+        }
+        action->setObjectName(ToQt(entry.name));
+        if (entry.Click) {
+            connect(action, &QAction::triggered, this, [run, &entry] { run(entry.Click); });
+        }
+    }
+}
+
+void MenuBar::mousePressEvent(QMouseEvent* event) {
+    QAction* const pressed = actionAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && std::ranges::count(moves_at_once_, pressed) > 0) {
+        // Queued: the handler rebuilds this menu bar, which must not happen inside its own press.
+        QMetaObject::invokeMethod(pressed, &QAction::trigger, Qt::QueuedConnection);
+        return;
+    }
+    QMenuBar::mousePressEvent(event);
+}
+
+}  // namespace velmora

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QMenuBar>
+
+#include <functional>
+#include <vector>
+
+#include "forms/screen.h"
+
+namespace velmora {
+
+/// The menu bar of a screen, made from its table. An entry that has both a handler and a list runs
+/// its handler on a press of the mouse, and on its activation from outside; its list is reached by
+/// the keyboard alone.
+class MenuBar : public QMenuBar {
+    Q_OBJECT
+
+public:
+    using Run = std::function<void(const std::function<void()>&)>;
+
+    /// `run` runs a handler; the entries must outlive the menu bar's use.
+    MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget* parent);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    std::vector<QAction*> moves_at_once_;  ///< titles with a handler of their own
+};
+
+}  // namespace velmora

@@ -1,0 +1,109 @@
+#include "qt/qt_host.h"
+
+#include <QMessageBox>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPrintDialog>
+
+#include <cstdlib>
+#include <ctime>
+
+#include "qt/file_dialog.h"
+#include "qt/text.h"
+
+namespace velmora {
+
+namespace {
+
+struct BoxStyle {
+    QMessageBox::StandardButtons buttons;
+    QMessageBox::Icon icon;
+    QMessageBox::StandardButton preset;
+};
+
+BoxStyle StyleOf(Estilo estilo) {
+    constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
+    switch (estilo) {
+        case Estilo::SiNo:
+            return {kYesNo, QMessageBox::NoIcon, QMessageBox::Yes};
+        case Estilo::SiNoInformacion:
+            return {kYesNo, QMessageBox::Information, QMessageBox::Yes};
+        case Estilo::SiNoPreguntaNo:
+            return {kYesNo, QMessageBox::Question, QMessageBox::No};
+        case Estilo::SiNoInformacionNo:
+            return {kYesNo, QMessageBox::Information, QMessageBox::No};
+        case Estilo::Aceptar:
+            break;
+    }
+    return {QMessageBox::Ok, QMessageBox::NoIcon, QMessageBox::Ok};
+}
+
+QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& title, const QString& text,
+                                    const BoxStyle& style) {
+    QMessageBox box(style.icon, title, text, style.buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(style.preset);
+    box.setEscapeButton(style.buttons.testFlag(QMessageBox::No) ? QMessageBox::No
+                                                                : QMessageBox::Ok);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+}  // namespace
+
+QtHost::QtHost()
+    : end([](int status) { std::_Exit(status); }),
+      make_printer([] { return std::make_unique<QPrinter>(QPrinter::HighResolution); }) {}
+
+Respuesta QtHost::MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) {
+    window_->ShowChanges();
+    QString text = ToQt(prompt);
+    text.replace(ToQt(kFinDeLinea), QStringLiteral("\n"));
+    switch (ShowBox(window_, ToQt(titulo), text, StyleOf(estilo))) {
+        case QMessageBox::Yes:
+            return Respuesta::Si;
+        case QMessageBox::No:
+            return Respuesta::No;
+        default:
+            return Respuesta::Aceptar;
+    }
+}
+
+void QtHost::ShowError(std::string_view message) {
+    ShowBox(window_, ToQt(kTituloDeCaja), ToQt(message),
+            {QMessageBox::Ok, QMessageBox::Critical, QMessageBox::Ok});
+}
+
+void QtHost::ShowSave(CommonDialog& dialog) {
+    window_->ShowChanges();
+    FileDialog box(dialog, window_);
+    if (box.exec() == QDialog::Accepted) dialog.FileName = box.FileName().toStdString();
+}
+
+void QtHost::ShowPrinter(CommonDialog& dialog) {
+    window_->ShowChanges();
+    printer_ = make_printer();
+    printer_->setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog box(printer_.get(), window_);
+    box.setOption(QAbstractPrintDialog::PrintToFile, false);
+    box.setMinMax(dialog.FromPage, dialog.ToPage);
+    box.setFromTo(dialog.FromPage, dialog.ToPage);
+    box.exec();  // nothing asks what was pressed: a Cancel doesn't stop the print
+}
+
+void QtHost::PrintForm() {
+    if (!printer_) printer_ = make_printer();
+    const std::unique_ptr<QPrinter> printer = std::move(printer_);
+    QPainter painter;
+    if (!painter.begin(printer.get())) return;  // no printer: passed over
+    window_->PaintScreen(painter,
+                         QRectF(QPointF(), printer->pageRect(QPrinter::DevicePixel).size()));
+}
+
+std::tm QtHost::Now() const {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+}
+
+}  // namespace velmora

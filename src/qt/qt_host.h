@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QPrinter>
+
+#include <functional>
+#include <memory>
+
+#include "qt/window.h"
+
+namespace velmora {
+
+/// The host on Qt: message boxes, file and print dialogs, printing, the time, the end.
+class QtHost : public WindowHost {
+public:
+    QtHost();
+
+    /// The window that dialogs stand over, and whose screen is printed.
+    void Attach(Window& window) { window_ = &window; }
+
+    Respuesta MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) override;
+    void ShowSave(CommonDialog& dialog) override;
+    void ShowPrinter(CommonDialog& dialog) override;
+    void PrintForm() override;
+    std::tm Now() const override;
+    void End(int estado) override { end(estado); }
+    void ShowError(std::string_view message) override;
+
+    /// What ends the process; the guided example and the tests put theirs.
+    std::function<void(int)> end;
+    /// What gives the printer that is printed on.
+    std::function<std::unique_ptr<QPrinter>()> make_printer;
+
+private:
+    Window* window_ = nullptr;
+    std::unique_ptr<QPrinter> printer_;  ///< as the print dialog left it
+};
+
+}  // namespace velmora

@@ -1,0 +1,298 @@
+#include "qt/window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
+#include <exception>
+
+#include "qt/appearance.h"
+#include "qt/canvas.h"
+#include "qt/cell_edit.h"
+#include "qt/list_box.h"
+#include "qt/menu_bar.h"
+#include "qt/splash.h"
+#include "qt/text.h"
+#include "runtime/error.h"
+
+namespace velmora {
+
+/// A control, its widget, and the state that the widget shows.
+struct Window::Shown {
+    using State = std::variant<std::monostate, TextCell, ComboBox, Label, Button>;
+
+    const Control* control;
+    QWidget* widget = nullptr;
+    State state;
+};
+
+namespace {
+
+constexpr const char* kLocked = "Locked";
+
+Qt::Alignment AlignmentOf(Align align) {
+    switch (align) {
+        case Align::Center:
+            return Qt::AlignHCenter | Qt::AlignVCenter;
+        case Align::Right:
+            return Qt::AlignRight | Qt::AlignVCenter;
+        case Align::Left:
+            break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+void Update(QLabel& widget, const Label& label) {
+    widget.setText(ToQt(label.Caption));
+    widget.setVisible(label.Visible);
+}
+
+void Update(QPushButton& widget, const Button& button) {
+    widget.setText(ToQt(button.Caption));
+    widget.setEnabled(button.Enabled);
+    widget.setVisible(button.Visible);
+}
+
+void Update(CellEdit& widget, const TextCell& cell, const Look& look) {
+    widget.setProperty(kLocked, cell.Locked);
+    widget.setReadOnly(cell.Locked);
+    widget.Show(ToQt(cell.Text));
+    const bool as_laid_out = cell.BackColor == kFondoDeVentana && look.back != Look::kTransparente;
+    Paint(widget, cell.ForeColor == kTextoDeVentana ? look.fore : cell.ForeColor,
+          as_laid_out ? look.back : cell.BackColor);
+    widget.setVisible(cell.Visible);
+}
+
+void Update(ListBox& widget, const ComboBox& list) {
+    widget.setProperty(kLocked, list.Locked);
+    widget.SetLocked(list.Locked);
+    widget.Show(ToQt(list.Text));
+    widget.setVisible(list.Visible);
+}
+
+/// As large as the display comfortably allows, up to one and a half times the size of the layout.
+QSize StartingSize() {
+    constexpr double kLargest = 1.5;
+    constexpr QSize kLayout(825, 590);
+    const QScreen* const display = QGuiApplication::primaryScreen();
+    if (display == nullptr) return kLayout;
+    const QSizeF room = QSizeF(display->availableSize()) * 0.92;
+    const double factor = std::clamp(
+        std::min(room.width() / kLayout.width(), room.height() / kLayout.height()), 0.5, kLargest);
+    return (QSizeF(kLayout) * factor).toSize();
+}
+
+}  // namespace
+
+Window::Window(ScreenChain& chain, WindowHost& host) : chain_(chain), host_(host) {
+    resize(StartingSize());
+    BuildScreen();
+    timer_.setInterval(1);
+    connect(&timer_, &QTimer::timeout, this, &Window::Tick);
+    timer_.start();
+}
+
+Window::~Window() = default;
+
+void Window::Run(const std::function<void()>& handler) {
+    if (running_) return;
+    running_ = true;
+    try {
+        if (handler) handler();
+    } catch (const std::exception& error) {
+        ShowChanges();
+        host_.ShowError(error.what());
+        host_.End(1);
+    }
+    running_ = false;
+    if (&chain_.Current() == screen_)
+        ShowChanges();
+    else
+        BuildScreen();
+    chain_.Settle();
+}
+
+void Window::closeEvent(QCloseEvent* event) {
+    event->ignore();  // the process ends by `salir` or not at all
+    const MenuEntry* const salir = screen_->FindEntry("salir");
+    if (salir != nullptr) Run(salir->Click);
+}
+
+void Window::BuildScreen() {
+    screen_ = &chain_.Current();
+    setUpdatesEnabled(false);
+    setObjectName(ToQt(screen_->Name()));
+    setWindowTitle(ToQt(screen_->Caption));
+    BuildMenu();
+
+    // The widgets being left may still be inside an event of theirs: they go when it is over.
+    QWidget* const left = takeCentralWidget();
+    if (left != nullptr) {
+        left->hide();
+        left->setParent(nullptr);
+        left->deleteLater();
+    }
+    canvas_ = new Canvas(*screen_, this);
+    shown_.clear();
+    shown_.reserve(screen_->Controls().size());
+    clock_ = nullptr;
+    for (const Control& control : screen_->Controls()) {
+        Shown& shown = shown_.emplace_back(Shown{&control, nullptr, {}});
+        shown.widget = MakeWidget(shown);
+        shown.widget->setObjectName(ToQt(control.name));
+        shown.widget->setAccessibleName(ToQt(control.spoken));
+        shown.widget->setToolTip(ToQt(control.row.tool_tip));
+        canvas_->Place(*shown.widget, control.row);
+        ShowChange(shown);
+        const auto* const label = std::get_if<Label*>(&control.state);
+        if (label != nullptr && *label == &screen_->Clock()) clock_ = &shown;
+    }
+    SetTabOrder();
+    setCentralWidget(canvas_);
+    setUpdatesEnabled(true);
+    FocusFirst();
+}
+
+void Window::BuildMenu() {
+    setMenuBar(new MenuBar(
+        screen_->Menu(), [this](const std::function<void()>& handler) { Run(handler); }, this));
+}
+
+QWidget* Window::MakeWidget(Shown& shown) {
+    const Control& control = *shown.control;
+    const Row& row = control.row;
+    if (std::holds_alternative<TextCell*>(control.state)) return MakeCell(shown);
+    if (std::holds_alternative<ComboBox*>(control.state)) return MakeList(shown);
+    if (std::holds_alternative<Button*>(control.state)) {
+        auto* const button = new QPushButton(canvas_);
+        connect(button, &QPushButton::clicked, this,
+                [this, &control] { Run(control.events.Click); });
+        return button;
+    }
+    if (std::holds_alternative<Label*>(control.state)) {
+        constexpr int kTwoLines = 375;  // twips
+        auto* const label = new QLabel(canvas_);
+        label->setTextFormat(Qt::PlainText);
+        label->setAlignment(AlignmentOf(row.look.align));
+        label->setWordWrap(row.box.height >= kTwoLines);
+        label->setAutoFillBackground(row.look.back != Look::kTransparente);
+        Paint(*label, row.look.fore, row.look.back);
+        return label;
+    }
+    return new Splash(canvas_);
+}
+
+QWidget* Window::MakeCell(Shown& shown) {
+    const Control& control = *shown.control;
+    const Events& events = control.events;
+    const bool free = events.free_text || !events.KeyPress;
+    auto* const cell = new CellEdit(
+        free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered,
+        [this, &control](KeyCode key) { return Filter(control, key); }, canvas_);
+    if (control.row.tab == kSinTab) cell->setFocusPolicy(Qt::NoFocus);
+    cell->on_typed = [this, &shown](const QString& text) {
+        auto& state = *std::get<TextCell*>(shown.control->state);
+        state.Text = text.toStdString();
+        if (auto* const seen = std::get_if<TextCell>(&shown.state)) seen->Text = state.Text;
+    };
+    if (events.DblClick) cell->on_double_click = [this, &events] { Run(events.DblClick); };
+    return cell;
+}
+
+QWidget* Window::MakeList(Shown& shown) {
+    const Control& control = *shown.control;
+    QStringList items;
+    for (const std::string_view item : control.row.items) items << ToQt(item);
+    auto* const list = new ListBox(
+        items, [this, &control](KeyCode key) { Filter(control, key); }, canvas_);
+    connect(list, &QComboBox::activated, this, [this, &shown](int item) {
+        auto& state = *std::get<ComboBox*>(shown.control->state);
+        shown.state = std::monostate{};  // the widget has gone ahead: show it anew
+        if (!state.Locked && state.Visible) {
+            state.Text = shown.control->row.items[static_cast<std::size_t>(item)];
+            Run(shown.control->events.Click);
+        } else {
+            ShowChanges();
+        }
+    });
+    return list;
+}
+
+bool Window::Filter(const Control& control, KeyCode key) {
+    if (!control.events.KeyPress) return true;
+    Run([&] { control.events.KeyPress(key); });
+    return key != kTeclaRechazada;
+}
+
+void Window::SetTabOrder() {
+    std::vector<const Shown*> order;
+    for (const Shown& shown : shown_) {
+        if (shown.control->row.tab != kSinTab) order.push_back(&shown);
+    }
+    std::ranges::stable_sort(order, {}, [](const Shown* s) { return s->control->row.tab; });
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1]->widget, order[i]->widget);
+    }
+}
+
+void Window::FocusFirst() {
+    const Shown* first = nullptr;
+    for (const Shown& shown : shown_) {
+        const int tab = shown.control->row.tab;
+        if (tab == kSinTab || shown.widget->isHidden() || !shown.widget->isEnabled()) continue;
+        if (first == nullptr || tab < first->control->row.tab) first = &shown;
+    }
+    if (first != nullptr) first->widget->setFocus(Qt::OtherFocusReason);
+}
+
+void Window::ShowChanges() {
+    const QString title = ToQt(screen_->Caption);
+    if (title != windowTitle()) setWindowTitle(title);
+    for (Shown& shown : shown_) ShowChange(shown);
+}
+
+void Window::ShowChange(Shown& shown) {
+    const auto differs = [&shown](const auto& now) {
+        using Data = std::decay_t<decltype(now)>;
+        const auto* const seen = std::get_if<Data>(&shown.state);
+        if (seen != nullptr && *seen == now) return false;
+        shown.state = now;
+        return true;
+    };
+    const Control::State& state = shown.control->state;
+    if (const auto* cell = std::get_if<TextCell*>(&state)) {
+        if (differs(**cell)) {
+            Update(static_cast<CellEdit&>(*shown.widget), **cell, shown.control->row.look);
+        }
+    } else if (const auto* list = std::get_if<ComboBox*>(&state)) {
+        if (differs(**list)) Update(static_cast<ListBox&>(*shown.widget), **list);
+    } else if (const auto* label = std::get_if<Label*>(&state)) {
+        if (differs(**label)) Update(static_cast<QLabel&>(*shown.widget), **label);
+    } else if (const auto* button = std::get_if<Button*>(&state)) {
+        if (differs(**button)) Update(static_cast<QPushButton&>(*shown.widget), **button);
+    }
+}
+
+void Window::Tick() {
+    screen_->Timer1_Timer();
+    if (clock_ != nullptr) ShowChange(*clock_);
+}
+
+void Window::PaintScreen(QPainter& painter, const QRectF& target) {
+    const QRect source = canvas_->ScreenRect();
+    const double factor =
+        std::min(target.width() / source.width(), target.height() / source.height());
+    painter.save();
+    painter.translate(target.left() + (target.width() - source.width() * factor) / 2,
+                      target.top() + (target.height() - source.height() * factor) / 2);
+    painter.scale(factor, factor);
+    canvas_->render(&painter, QPoint(), QRegion(source),
+                    QWidget::DrawWindowBackground | QWidget::DrawChildren);
+    painter.restore();
+}
+
+}  // namespace velmora

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
+
+#include "core/chain.h"
+#include "forms/host.h"
+#include "forms/screen.h"
+
+class QPainter;
+
+namespace velmora {
+
+class Canvas;
+
+/// What the window asks of the host beyond what the logic asks.
+class WindowHost : public Host {
+public:
+    /// Shows the message of a run-time error.
+    virtual void ShowError(std::string_view message) = 0;
+};
+
+/// The one window. It shows any screen: it builds the widgets from the screen's table, runs the
+/// screen's handlers, and after each shows what they changed. A move keeps the frame, its place,
+/// size and state; its content is destroyed and built anew.
+class Window : public QMainWindow {
+    Q_OBJECT
+
+public:
+    Window(ScreenChain& chain, WindowHost& host);
+    ~Window() override;
+
+    /// Runs a handler in the one guard of the program: a run-time error shows its message and ends
+    /// the process with status 1. Then shows what changed. Handlers don't nest.
+    void Run(const std::function<void()>& handler);
+
+    /// Touches the widgets whose control differs from what they show, and no others.
+    void ShowChanges();
+
+    /// Paints the screen's image, fitted into the rectangle.
+    void PaintScreen(QPainter& painter, const QRectF& target);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct Shown;
+
+    void BuildScreen();
+    void BuildMenu();
+    QWidget* MakeWidget(Shown& shown);
+    QWidget* MakeCell(Shown& shown);
+    QWidget* MakeList(Shown& shown);
+    void SetTabOrder();
+    void FocusFirst();
+    void ShowChange(Shown& shown);
+    void Tick();
+    bool Filter(const Control& control, KeyCode key);
+
+    ScreenChain& chain_;
+    WindowHost& host_;
+    Screen* screen_ = nullptr;  ///< the one that is shown
+    Canvas* canvas_ = nullptr;
+    std::vector<Shown> shown_;
+    Shown* clock_ = nullptr;
+    QTimer timer_;
+    bool running_ = false;
+};
+
+}  // namespace velmora
