@@ -1,0 +1,45 @@
+# Shared by run.sh and test.sh: says what is done, installs what is missing, builds.
+
+say() { printf '\n== %s\n' "$*"; }
+
+# Packages that building and running the program takes, on Debian 12.
+build_packages=(
+    g++ cmake ninja-build
+    qt6-base-dev qt6-translations-l10n
+    libgtest-dev libgmock-dev
+    fonts-liberation
+)
+
+# install_packages <package>...: installs those that are missing, with apt, through sudo where the
+# user isn't root.
+install_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    say "Installing ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then as_root=(sudo); fi
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# build <preset> [target...]: configures once and builds what has changed.
+build() {
+    local preset=$1
+    shift
+    say "Building (preset $preset)"
+    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+# The program writes numbers with the locale's decimal separator and reads them with a point, so it
+# is started under a numeric locale with a point; everything else stays as the user has it.
+use_decimal_point() {
+    export LANG=${LC_ALL:-${LANG:-C.UTF-8}}
+    unset LC_ALL
+    export LC_NUMERIC=C
+}
