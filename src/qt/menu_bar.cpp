@@ -34,6 +34,13 @@ MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget*
     }
 }
 
+void MenuBar::SetFont(const QFont& font) {
+    setFont(font);
+    for (const QAction* action : actions()) {
+        if (action->menu() != nullptr) action->menu()->setFont(font);
+    }
+}
+
 void MenuBar::mousePressEvent(QMouseEvent* event) {
     QAction* const pressed = actionAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && std::ranges::count(moves_at_once_, pressed) > 0) {

@@ -21,6 +21,9 @@ public:
     /// `run` runs a handler; the entries must outlive the menu bar's use.
     MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget* parent);
 
+    /// Sets the font of the bar and of its lists.
+    void SetFont(const QFont& font);
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 

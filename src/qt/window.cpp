@@ -74,16 +74,27 @@ void Update(ListBox& widget, const ComboBox& list) {
     widget.setVisible(list.Visible);
 }
 
+/// The size of the window at which a twip is a fifteenth of a pixel.
+constexpr QSize kLayoutSize(825, 585);
+
+/// Pixels per twip of a screen in a window of this size, its menu bar taken off.
+double ScaleFor(const QSize& size) {
+    constexpr double kTwipsPerPixel = 15;
+    return std::min(static_cast<double>(size.width()) / kLayoutSize.width(),
+                    static_cast<double>(size.height()) / kLayoutSize.height()) /
+           kTwipsPerPixel;
+}
+
 /// As large as the display comfortably allows, up to one and a half times the size of the layout.
 QSize StartingSize() {
     constexpr double kLargest = 1.5;
-    constexpr QSize kLayout(825, 590);
     const QScreen* const display = QGuiApplication::primaryScreen();
-    if (display == nullptr) return kLayout;
+    if (display == nullptr) return kLayoutSize;
     const QSizeF room = QSizeF(display->availableSize()) * 0.92;
     const double factor = std::clamp(
-        std::min(room.width() / kLayout.width(), room.height() / kLayout.height()), 0.5, kLargest);
-    return (QSizeF(kLayout) * factor).toSize();
+        std::min(room.width() / kLayoutSize.width(), room.height() / kLayoutSize.height()), 0.5,
+        kLargest);
+    return (QSizeF(kLayoutSize) * factor).toSize();
 }
 
 }  // namespace
@@ -103,10 +114,12 @@ void Window::Run(const std::function<void()>& handler) {
     running_ = true;
     try {
         if (handler) handler();
-    } catch (const std::exception& error) {
-        ShowChanges();
-        host_.ShowError(error.what());
-        host_.End(1);
+    } catch (const ErrorEjecucion& error) {
+        EndWith(error.what());
+        return;
+    } catch (const std::exception&) {
+        EndWith("Error en tiempo de ejecución: error interno.");
+        return;
     }
     running_ = false;
     if (&chain_.Current() == screen_)
@@ -114,6 +127,12 @@ void Window::Run(const std::function<void()>& handler) {
     else
         BuildScreen();
     chain_.Settle();
+}
+
+void Window::EndWith(std::string_view message) {
+    ShowChanges();
+    host_.ShowError(message);
+    host_.End(1);
 }
 
 void Window::closeEvent(QCloseEvent* event) {
@@ -158,8 +177,20 @@ void Window::BuildScreen() {
 }
 
 void Window::BuildMenu() {
-    setMenuBar(new MenuBar(
-        screen_->Menu(), [this](const std::function<void()>& handler) { Run(handler); }, this));
+    menu_ = new MenuBar(
+        screen_->Menu(), [this](const std::function<void()>& handler) { Run(handler); }, this);
+    ScaleMenu();
+    setMenuBar(menu_);
+}
+
+void Window::ScaleMenu() {
+    constexpr Look kMenu{.points = 9};
+    menu_->SetFont(FontOf(kMenu, ScaleFor(size())));
+}
+
+void Window::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    ScaleMenu();
 }
 
 QWidget* Window::MakeWidget(Shown& shown) {
@@ -169,6 +200,7 @@ QWidget* Window::MakeWidget(Shown& shown) {
     if (std::holds_alternative<ComboBox*>(control.state)) return MakeList(shown);
     if (std::holds_alternative<Button*>(control.state)) {
         auto* const button = new QPushButton(canvas_);
+        button->setAutoDefault(true);  // Enter presses it, as the space bar does
         connect(button, &QPushButton::clicked, this,
                 [this, &control] { Run(control.events.Click); });
         return button;
@@ -224,8 +256,12 @@ QWidget* Window::MakeList(Shown& shown) {
 
 bool Window::Filter(const Control& control, KeyCode key) {
     if (!control.events.KeyPress) return true;
-    Run([&] { control.events.KeyPress(key); });
-    return key != kTeclaRechazada;
+    bool passes = false;
+    Run([&] {
+        control.events.KeyPress(key);
+        passes = key != kTeclaRechazada;
+    });
+    return passes;
 }
 
 void Window::SetTabOrder() {

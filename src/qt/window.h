@@ -15,6 +15,7 @@ class QPainter;
 namespace velmora {
 
 class Canvas;
+class MenuBar;
 
 /// What the window asks of the host beyond what the logic asks.
 class WindowHost : public Host {
@@ -45,12 +46,15 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Shown;
 
+    void EndWith(std::string_view message);
     void BuildScreen();
     void BuildMenu();
+    void ScaleMenu();
     QWidget* MakeWidget(Shown& shown);
     QWidget* MakeCell(Shown& shown);
     QWidget* MakeList(Shown& shown);
@@ -64,6 +68,7 @@ private:
     WindowHost& host_;
     Screen* screen_ = nullptr;  ///< the one that is shown
     Canvas* canvas_ = nullptr;
+    MenuBar* menu_ = nullptr;
     std::vector<Shown> shown_;
     Shown* clock_ = nullptr;
     QTimer timer_;
