@@ -10,6 +10,7 @@ struct Form5::ValidacionDeTarea {
     int base;  ///< first cell of the task's block in Text1
     std::string_view sin_datos;
     bool ultima_fila_con_tiempo_del_primer_dia;
+    Button* siguiente;  ///< the next task's button, none after the last task
 
     /// First cell of row r (1 to 6, or further on if more are in use) of the block.
     int Fila(int r) const { return base + hoja::kColumnas * (r - 1); }
@@ -25,14 +26,16 @@ constexpr double kHorasDeJornada = 8;
 
 }  // namespace
 
-void Form5::Command1_Click() { ValidarTarea({1, 0, "No hay datos para operar", false}); }
+void Form5::Command1_Click() { ValidarTarea({1, 0, "No hay datos para operar", false, &Command2}); }
 
 void Form5::Command2_Click() {
     // Row 6 of this task alone takes the first day's time, whatever the day: it is on purpose.
-    ValidarTarea({2, 108, " No hay datos para operar", true});
+    ValidarTarea({2, 108, " No hay datos para operar", true, &Command3});
 }
 
-void Form5::Command3_Click() { ValidarTarea({3, 216, " No hay datos para operar", false}); }
+void Form5::Command3_Click() {
+    ValidarTarea({3, 216, " No hay datos para operar", false, nullptr});
+}
 
 void Form5::ValidarTarea(const ValidacionDeTarea& tarea) {
     Host& host = entorno_.host;
@@ -58,11 +61,11 @@ void Form5::ValidarTarea(const ValidacionDeTarea& tarea) {
     PorCadaMuestra(tarea.base, [](TextCell& celda) { celda.BackColor = kFondoDeVentana; });
 
     const Entero tareas = entorno_.record.NumTareas;
-    Button* const siguiente[] = {&Command2, &Command3};
-    if (tareas == tarea.tarea)
+    if (tareas == tarea.tarea) {
         Abrir(Command4);
-    else if (tareas > tarea.tarea && tarea.tarea < 3)
-        Abrir(*siguiente[tarea.tarea - 1]);
+    } else if (tareas > tarea.tarea && tarea.siguiente != nullptr) {
+        Abrir(*tarea.siguiente);
+    }
 }
 
 bool Form5::FaltanLimites(const ValidacionDeTarea& tarea) const {
