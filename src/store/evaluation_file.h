@@ -10,13 +10,19 @@ namespace velmora {
 /// order. Strings stand between double quotes with nothing escaped, numbers in plain notation with
 /// a point whatever the locale. `MG`, `GSD`, `MGmas` and `GSDmas` aren't in it.
 
-/// Writes the saved part of the record, replacing the file. A name that can't be opened writes
-/// nothing; a write that fails leaves the file cut short. Neither is reported.
+/// Writes the saved part of the record, replacing the file. A name that can't be opened, or that
+/// stands for something other than a regular file, writes nothing; a write that fails leaves the
+/// file cut short, its old content gone. Neither is reported.
 void WriteEvaluation(const std::string& file_name, const EvaluacionRecord& record);
 
-/// Reads the file into the record, value by value. A step that fails, be it for want of a file, of
-/// a line or of a number, leaves its field as it was; nothing is reported. Each step spends one
-/// line. Only regular files are read, at most 1524 lines of them.
+/// Reads the file into the record, value by value. Each step spends one line, whether it succeeds
+/// or not; a step that fails, be it for want of a file, of a line or of a number, leaves its field
+/// as it was. Nothing is reported. Only regular files are read, at most 1524 lines of them.
+///
+/// A line ends with LF or CR LF, and the last one may lack its end. A string is what stands between
+/// the first double quote of its line and the next one, or the end of the line; without any quote,
+/// the line without the blanks around it. A number may have blanks around it; an Integer with
+/// decimals rounds halves to even and must then fit 16 bits.
 void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record);
 
-} // namespace velmora
+}  // namespace velmora

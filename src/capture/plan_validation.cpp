@@ -1,0 +1,76 @@
+#include "capture/form3.h"
+#include "core/numbers.h"
+
+namespace velmora {
+
+void Form3::Command2_Click() {
+    if (!EntradaAceptada()) return;
+    GuardarEntrada();
+    RefrescarRejilla();
+}
+
+/// Whether the entry row may be stored; otherwise tells why, with the record untouched.
+bool Form3::EntradaAceptada() {
+    const EvaluacionRecord& record = entorno_.record;
+    if (record.NumJornadas == 0 || record.NumTareas == 0) {
+        entorno_.host.MsgBox(
+            "No puede cargar datos de mediciones si no indica previamente el número de jornadas y "
+            "de tareas");
+        return false;
+    }
+    for (int i = 2; i <= 7; ++i) {
+        if (Combo1(i).Text.empty()) {
+            entorno_.host.MsgBox("Antes de validar introduzca  todos los datos");
+            return false;
+        }
+    }
+    const Doble dia = ConvertirDoble(Combo1(2).Text);
+    const Doble tarea = ConvertirDoble(Combo1(3).Text);
+    if (dia > record.NumJornadas.ComoDoble() || tarea > record.NumTareas.ComoDoble()) {
+        entorno_.host.MsgBox(
+            "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores "
+            "asignados");
+        return false;
+    }
+    const Doble muestras = LeerValor(Combo1(5).Text) + LeerValor(Combo1(6).Text);
+    if (muestras != LeerValor(Combo1(7).Text)) {
+        entorno_.host.MsgBox(
+            "El número total de contaminantes es  la suma de los expresados para 30' y 15' ");
+        return false;
+    }
+    return true;
+}
+
+void Form3::GuardarEntrada() {
+    EvaluacionRecord& record = entorno_.record;
+    const int d = ConvertirLargo(Combo1(2).Text);
+    const int t = ConvertirLargo(Combo1(3).Text);
+    record.TiempoExposicion(d, t) = ConvertirDoble(Combo1(4).Text);
+    record.Muestras30(d, t) = ConvertirEntero(Combo1(5).Text);
+    record.Muestras15(d, t) = ConvertirEntero(Combo1(6).Text);
+    // The task's count has no day: an entry for another day overwrites it.
+    record.NumContaminantes(t) = ConvertirEntero(Combo1(7).Text);
+}
+
+void Form3::RefrescarRejilla() {
+    const EvaluacionRecord& record = entorno_.record;
+    Entero k = 1;
+    for (int d = 1; d <= record.NumJornadas.Valor(); ++d) {
+        for (int t = 1; t <= record.NumTareas.Valor(); ++t) {
+            // No hours, no entry: such a row stays as it stands.
+            if (record.TiempoExposicion(d, t) != 0) EscribirFila(k, d, t);
+            ++k;
+        }
+    }
+}
+
+/// Writes hours, samples and contaminants of day `d` and task `t` into row `k`, counted from 1.
+void Form3::EscribirFila(Entero k, Entero d, Entero t) {
+    const EvaluacionRecord& record = entorno_.record;
+    Text1(6 * k - 4).Text = TextoDoble(record.TiempoExposicion(d, t));
+    Text1(6 * k - 3).Text = TextoEntero(record.Muestras30(d, t));
+    Text1(6 * k - 2).Text = TextoEntero(record.Muestras15(d, t));
+    Text1(6 * k - 1).Text = TextoEntero(record.NumContaminantes(t));
+}
+
+}  // namespace velmora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/navigation.h"
+#include "forms/screen.h"
+#include "runtime/array.h"
+
+namespace velmora {
+
+/// The final results screen: the table of all days, with the overall index of each contaminant,
+/// and the way to save the evaluation.
+class Form6 : public Screen {
+public:
+    explicit Form6(const Entorno& entorno);
+
+    void Form_Load() override;
+    void Timer1_Timer() override;
+    void Command1_Click();
+    void regresar_Click();
+    void calculos_Click();
+    void contaminantes_Click();
+    void datosiniciales_Click();
+    void datosdeempresa_Click();
+    void guardararchivo_Click();
+    void imprimir_Click();
+    void salir_Click();
+
+    Label Label2, Label3, Label5, Label6;
+    Array<Label, 0, 8> Label4;      ///< headings, in the order of the columns
+    Array<TextCell, 0, 161> Text1;  ///< (row - 1) * 9 + (column - 1), rows 1 to 18, columns 1 to 9
+    Button Command1;
+    CommonDialog CommonDialog1;
+
+private:
+    void ColocarTabla();
+    void MostrarRotulos();
+    void CopiarHojaFinal();
+    void CalcularIndiceGlobal();
+    void MostrarCeldasEnUso();
+    void RellenarVacias();
+
+    Entorno entorno_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <charconv>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "sheet/form5.h"
+#include "support/velmora_test.h"
+
+namespace velmora::test {
+
+/// Columns of `Text1`.
+inline constexpr int kNumero = 0;
+inline constexpr int kNombre = 1;
+inline constexpr int kEd = 2;
+inline constexpr int kEc = 3;
+inline constexpr int kUnidad = 4;
+inline constexpr int kTm = 5;
+inline constexpr int kAditivo = 6;
+inline constexpr int kC1 = 7;
+inline constexpr int kC6 = 12;
+inline constexpr int kMmp = 13;
+inline constexpr int kIndice = 14;
+inline constexpr int kIndicMas = 15;
+inline constexpr int kMg = 16;
+inline constexpr int kGsd = 17;
+
+/// Columns of `Text3`.
+inline constexpr int kEcMas = 0;
+inline constexpr int kMgMas = 1;
+inline constexpr int kGsdMas = 2;
+inline constexpr int kProb = 3;
+
+inline std::string Cifras(int n) {
+    std::array<char, 12> texto{};
+    return {texto.data(), std::to_chars(texto.data(), texto.data() + texto.size(), n).ptr};
+}
+
+/// What one control showed.
+using Shown = std::variant<std::monostate, TextCell, ComboBox, Label, Button>;
+
+/// What every control of a screen shows, in the order of its controls.
+inline std::vector<Shown> StateOf(const Screen& screen) {
+    std::vector<Shown> state;
+    for (const Control& control : screen.Controls()) {
+        state.push_back(std::visit(
+            [](const auto& held) -> Shown {
+                if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Picture>)
+                    return {};
+                else
+                    return *held;
+            },
+            control.state));
+    }
+    return state;
+}
+
+/// Names of the controls that show something else than in `before`.
+inline std::vector<std::string> Changed(const std::vector<Shown>& before, const Screen& screen) {
+    const std::vector<Shown> after = StateOf(screen);
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        if (before[i] != after[i]) names.push_back(screen.Controls()[i].name);
+    }
+    return names;
+}
+
+/// The sheet, just opened, with helpers that speak of its rows: 1 to 18.
+class SheetTest : public VelmoraTest {
+protected:
+    static int Index(int row, int column) { return (row - 1) * 18 + column; }
+    static int Index3(int row, int column) { return (row - 1) * 4 + column; }
+    TextCell& Cell(int row, int column) { return form.Text1(Index(row, column)); }
+    TextCell& Cell3(int row, int column) { return form.Text3(Index3(row, column)); }
+    static std::string Name(int row, int column) { return Indexed("Text1", Index(row, column)); }
+    static std::string Name3(int row, int column) { return Indexed("Text3", Index3(row, column)); }
+
+    /// Puts texts into C1, C2 and so on of a row.
+    void SetSamples(int row, std::initializer_list<std::string_view> texts) {
+        int column = kC1;
+        for (const std::string_view text : texts) Cell(row, column++).Text = text;
+    }
+
+    /// A plan in which every day has the same number of rows in each task.
+    void SetPlan(int jornadas, int tareas, int filas) {
+        record.NumJornadas = jornadas;
+        record.NumTareas = tareas;
+        for (int tarea = 1; tarea <= 3; ++tarea) {
+            record.NumContaminantes(tarea) = filas;
+            for (int dia = 1; dia <= 3; ++dia) SetRows(dia, tarea, filas);
+        }
+    }
+
+    /// The number of rows of one task on one day.
+    void SetRows(int dia, int tarea, int filas) {
+        record.Muestras15(dia, tarea) = filas;
+        record.Muestras30(dia, tarea) = 0;
+    }
+
+    /// Gives every control of the sheet a state that none of its handlers gives.
+    void Scribble() {
+        for (const Control& control : form.Controls()) std::visit(Scribbler{}, control.state);
+    }
+
+    /// The code of the key after the filter of a cell has seen it.
+    KeyCode Press(int cell, KeyCode key) {
+        form.Text1_KeyPress(cell, key);
+        return key;
+    }
+
+    /// Types on a cell of the main grid as a user does: what the filter lets through is added.
+    void Type(int cell, std::string_view keys) {
+        for (const char letter : keys) {
+            const KeyCode key = Press(cell, static_cast<unsigned char>(letter));
+            if (key != kTeclaRechazada && key != kRetroceso) {
+                form.Text1(cell).Text.push_back(static_cast<char>(key));
+            }
+        }
+    }
+
+    /// Presses a button that a user can press.
+    void Push(std::string_view name) {
+        const Control* control = form.FindControl(name);
+        ASSERT_NE(control, nullptr) << name;
+        const Button& button = *std::get<Button*>(control->state);
+        ASSERT_TRUE(button.Visible && button.Enabled) << name;
+        ASSERT_TRUE(control->events.Click) << name << " has no handler";
+        control->events.Click();
+    }
+
+    Form5& form{Open<Form5>(ScreenId::Form5)};
+
+private:
+    struct Scribbler {
+        void operator()(TextCell* cell) const {
+            *cell = {.Text = "x", .Visible = true, .Locked = false, .BackColor = 7, .ForeColor = 9};
+        }
+        void operator()(ComboBox*) const {}
+        void operator()(Label* label) const { label->Visible = true; }
+        void operator()(Button* button) const { button->Visible = button->Enabled = true; }
+        void operator()(Picture) const {}
+    };
+};
+
+}  // namespace velmora::test
