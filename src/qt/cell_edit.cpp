@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <limits>
 #include <utility>
@@ -50,7 +51,24 @@ void CellEdit::TextHasChanged(const QString& text) {
     if (on_typed) on_typed(line);
 }
 
+bool CellEdit::IsTooNarrow() const {
+    constexpr int kMargins = 4;  // the line edit's own, left and right
+    return fontMetrics().horizontalAdvance(text()) > width() - kMargins;
+}
+
+bool CellEdit::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && IsTooNarrow()) {
+        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
 void CellEdit::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F2 && on_double_click) {
+        on_double_click();
+        return;
+    }
     const std::optional<KeyCode> character = CharacterOf(*event);
     if (character && filter_ && !filter_(*character)) return;  // refused
     const bool copies = event->key() == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier;

@@ -26,6 +26,7 @@ public:
 
     /// Called for each text that the user gives the cell.
     std::function<void(const QString&)> on_typed;
+    /// Called at a double click, and at F2, which does the same from the keyboard.
     std::function<void()> on_double_click;
 
     /// Sets what the cell shows; the beginning of a text too long for the cell is what is seen.
@@ -34,6 +35,7 @@ public:
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -43,6 +45,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool IsTooNarrow() const;
     void TextHasChanged(const QString& text);
 
     Entry entry_;

@@ -1,6 +1,7 @@
 #include "qt/menu_bar.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -38,6 +39,26 @@ void MenuBar::SetFont(const QFont& font) {
     setFont(font);
     for (const QAction* action : actions()) {
         if (action->menu() != nullptr) action->menu()->setFont(font);
+    }
+}
+
+void MenuBar::TakeKeyboard() {
+    const auto entries = actions();
+    const auto first = std::ranges::find_if(
+        entries, [](const QAction* entry) { return !entry->text().isEmpty(); });
+    if (first == entries.end()) return;
+    setFocus(Qt::MenuBarFocusReason);
+    setActiveAction(*first);
+}
+
+void MenuBar::keyPressEvent(QKeyEvent* event) {
+    QMenuBar::keyPressEvent(event);
+    if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) return;
+    // The spacers are no place to stop at.
+    for (qsizetype i = 0; i < actions().size(); ++i) {
+        if (activeAction() == nullptr || !activeAction()->text().isEmpty()) return;
+        QKeyEvent again(QEvent::KeyPress, event->key(), event->modifiers());
+        QMenuBar::keyPressEvent(&again);
     }
 }
 

@@ -24,8 +24,12 @@ public:
     /// Sets the font of the bar and of its lists.
     void SetFont(const QFont& font);
 
+    /// Gives the bar the keyboard, on its first entry.
+    void TakeKeyboard();
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     std::vector<QAction*> moves_at_once_;  ///< titles with a handler of their own

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -191,6 +192,16 @@ void Window::ScaleMenu() {
 void Window::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     ScaleMenu();
+}
+
+void Window::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10) {
+        menu_->TakeKeyboard();
+    } else if (event->key() == Qt::Key_F11) {
+        setWindowState(windowState() ^ Qt::WindowFullScreen);
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
 }
 
 QWidget* Window::MakeWidget(Shown& shown) {
