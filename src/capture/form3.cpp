@@ -90,9 +90,9 @@ constexpr std::array<Columna, 6> kColumnas = {{
     { 360, "día",                           "Día",                   Cabecera(8.25, true,  Align::Center)},
     {1080, "tarea",                         "Tarea",                 Cabecera(8.25, true,  Align::Center)},
     {1800, "tiempo de exposición en horas", "Tiempo exposi. horas.", Cabecera(4.5,  false, Align::Center)},
-    {2520, "muestras de 30 minutos",        "Muestras 30'",          Cabecera(6,    false, Align::Center)},
-    {3240, "muestras de 15 minutos",        "Muestras  15'",         Cabecera(6,    false, Align::Center)},
-    {3960, "contaminantes",                 "Contami_  nantes",      Cabecera(6,    false, Align::Center)},
+    {2520, "muestras de 30 minutos",        "Muestras 30'",          Cabecera(6.75, false, Align::Center)},
+    {3240, "muestras de 15 minutos",        "Muestras  15'",         Cabecera(6.75, false, Align::Center)},
+    {3960, "contaminantes",                 "Contami_  nantes",      Cabecera(6.75, false, Align::Center)},
 }};
 // clang-format on
 
@@ -100,8 +100,14 @@ constexpr int kPrimeraListaDeEntrada = 2;
 constexpr int kUltimaListaDeEntrada = 7;
 constexpr int kPrimeraCabeceraDeLaRejilla = 6;
 
+/// Row `i` of a table, counted from 0.
+template <class T, std::size_t N>
+constexpr const T& En(const std::array<T, N>& tabla, int i) {
+    return tabla.at(static_cast<std::size_t>(i));
+}
+
 constexpr Row FilaDeLaLista(int i) {
-    const Lista& lista = kListas.at(static_cast<std::size_t>(i));
+    const Lista& lista = En(kListas, i);
     return {.name = "Combo1",
             .index = i,
             .box = lista.box,
@@ -114,15 +120,14 @@ constexpr Row FilaDeLaLista(int i) {
 /// Heading `i` of `Label3`: 0 to 5 above the lists of the entry row, 6 to 11 above the grid.
 constexpr Row FilaDeLaCabecera(int i) {
     if (i < kPrimeraCabeceraDeLaRejilla) {
-        const Lista& lista = kListas.at(static_cast<std::size_t>(i + kPrimeraListaDeEntrada));
+        const Lista& lista = En(kListas, i + kPrimeraListaDeEntrada);
         return {.name = "Label3",
                 .index = i,
                 .box = {lista.box.left, 480, lista.box.width, 255},
                 .text = lista.cabecera,
                 .look = lista.aspecto};
     }
-    const Columna& columna =
-        kColumnas.at(static_cast<std::size_t>(i - kPrimeraCabeceraDeLaRejilla));
+    const Columna& columna = En(kColumnas, i - kPrimeraCabeceraDeLaRejilla);
     return {.name = "Label3",
             .index = i,
             .box = {columna.left, 1320, kAnchoDeCelda, 375},
@@ -130,11 +135,12 @@ constexpr Row FilaDeLaCabecera(int i) {
             .look = columna.aspecto};
 }
 
-constexpr Row FilaDeLaCelda(int k, std::size_t columna) {
-    const int i = 6 * (k - 1) + static_cast<int>(columna);
+/// The cell of row `k`, from 1, in a column, from 0.
+constexpr Row FilaDeLaCelda(int k, int columna) {
+    const int i = 6 * (k - 1) + columna;
     return {.name = "Text1",
             .index = i,
-            .box = {kColumnas.at(columna).left, 1800 + 360 * (k - 1), kAnchoDeCelda, kAltoDeCelda},
+            .box = {En(kColumnas, columna).left, 1800 + 360 * (k - 1), kAnchoDeCelda, kAltoDeCelda},
             .look = {.back = kFondoDeVentana},
             .tab = kPrimerTabDeLaRejilla + i};
 }
@@ -160,11 +166,11 @@ void Form3::PonerControles() {
     Text2.BackColor = kColorDeLaMarca;
     for (int i = 0; i <= 11; ++i) Place(Label3(i), FilaDeLaCabecera(i));
     for (int k = 1; k <= kFilas; ++k) {
-        for (std::size_t c = 0; c < kColumnas.size(); ++c) {
+        for (int c = 0; c <= 5; ++c) {
             const Row row = FilaDeLaCelda(k, c);
             Place(Text1(row.index), row,
                   {.KeyPress = [this, i = row.index](KeyCode& tecla) { Text1_KeyPress(i, tecla); }},
-                  "Fila " + TextoEntero(k) + ", " + std::string(kColumnas.at(c).nombre));
+                  "Fila " + TextoEntero(k) + ", " + std::string(En(kColumnas, c).nombre));
         }
     }
     Place(Label2, kLabel2);

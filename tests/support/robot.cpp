@@ -4,14 +4,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
-#include <QPointer>
-#include <QPrintDialog>
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
@@ -20,6 +17,7 @@
 #include <utility>
 
 #include "qt/text.h"
+#include "support/robot_input.h"
 
 namespace velmora {
 
@@ -27,90 +25,11 @@ namespace {
 
 constexpr int kWatchMilliseconds = 5;
 constexpr int kSettlingRounds = 3;
-constexpr int kKeysPerPace = 20;
-
-std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
-
-QWindow& NativeWindowOf(const QWidget& widget) {
-    QWindow* const native = widget.window()->windowHandle();
-    if (native == nullptr) throw std::runtime_error("a window that isn't shown");
-    return *native;
-}
-
-QPoint InWindow(const QWidget& widget, QPoint place) {
-    return widget.mapTo(widget.window(), place);
-}
-
-QPoint CenterOf(const QWidget& widget) { return InWindow(widget, widget.rect().center()); }
-
-void ClickAt(const QWidget& widget, QPoint place) {
-    QWindow& native = NativeWindowOf(widget);
-    QTest::mouseMove(&native, InWindow(widget, place));
-    QTest::mouseClick(&native, Qt::LeftButton, {}, InWindow(widget, place));
-}
 
 /// Whether a click in the middle of the widget would reach it.
 bool IsReached(const QWidget& widget) {
     const QWidget* const hit = widget.window()->childAt(CenterOf(widget));
     return hit == &widget || widget.isAncestorOf(hit);
-}
-
-Qt::Key KeyOf(QChar character) {
-    constexpr char16_t kLastOfAscii = 0x7F;
-    if (character.unicode() <= kLastOfAscii) return QTest::asciiToKey(character.toLatin1());
-    return static_cast<Qt::Key>(character.toUpper().unicode());
-}
-
-std::string NameOf(QMessageBox::Icon icon) {
-    switch (icon) {
-        case QMessageBox::NoIcon:
-            return "none";
-        case QMessageBox::Information:
-            return "information";
-        case QMessageBox::Warning:
-            return "warning";
-        case QMessageBox::Critical:
-            return "critical";
-        case QMessageBox::Question:
-            return "question";
-    }
-    return "unknown";
-}
-
-std::string NamesOf(QMessageBox::StandardButtons buttons) {
-    std::string names;
-    for (const auto& [button, name] :
-         {std::pair{QMessageBox::Ok, "OK "}, std::pair{QMessageBox::Yes, "Yes "},
-          std::pair{QMessageBox::No, "No "}, std::pair{QMessageBox::Cancel, "Cancel "}}) {
-        if (buttons.testFlag(button)) names += name;
-    }
-    return names.empty() ? "none" : names;
-}
-
-QMessageBox::StandardButton PresetOf(const QMessageBox& box) {
-    QPushButton* const preset = box.defaultButton();
-    return preset == nullptr ? QMessageBox::NoButton : box.standardButton(preset);
-}
-
-/// What an unexpected box or dialog says.
-std::string Described(const QDialog& modal) {
-    if (const auto* const box = qobject_cast<const QMessageBox*>(&modal)) {
-        return "the box " + Quoted(box->text().toStdString());
-    }
-    return std::string("a ") + modal.metaObject()->className();
-}
-
-void Dismiss(QDialog& modal) {
-    if (const auto* const box = qobject_cast<QMessageBox*>(&modal)) {
-        if (box->escapeButton() != nullptr) return box->escapeButton()->click();
-        if (!box->buttons().empty()) return box->buttons().front()->click();
-    }
-    modal.reject();
-}
-
-QAbstractButton* ButtonOf(const QDialog& dialog, QDialogButtonBox::StandardButton which) {
-    const auto* const box = dialog.findChild<QDialogButtonBox*>();
-    return box == nullptr ? nullptr : box->button(which);
 }
 
 }  // namespace
@@ -136,7 +55,9 @@ void Robot::Act(std::string_view what, const std::function<void()>& action) {
         Fault(expected.what + " didn't open");
     }
     for (const std::string& fault : faults_) failure += (failure.empty() ? "" : "; ") + fault;
-    if (!failure.empty()) throw std::runtime_error(std::string(what) + ": " + failure);
+    if (failure.empty()) return;
+    while (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
+    throw std::runtime_error(std::string(what) + ": " + failure);
 }
 
 void Robot::Press(std::string_view button) {
@@ -177,8 +98,12 @@ void Robot::Type(std::string_view cell, std::string_view text) {
         QWidget& widget = FindToClick(cell);
         FocusByClick(widget);
         SendKey(Qt::Key_End);
-        TypeInto(widget, text);
+        TypeKeys(widget, text, KeyPause());
     });
+}
+
+void Robot::Type(std::string_view text) {
+    Act("typing " + Quoted(text), [&] { TypeKeys(window_, text, KeyPause()); });
 }
 
 void Robot::Retype(std::string_view cell, std::string_view text) {
@@ -188,7 +113,7 @@ void Robot::Retype(std::string_view cell, std::string_view text) {
         SendKey(Qt::Key_Home);
         SendKey(Qt::Key_End, Qt::ShiftModifier);
         SendKey(Qt::Key_Backspace);
-        TypeInto(widget, text);
+        TypeKeys(widget, text, KeyPause());
     });
 }
 
@@ -224,7 +149,7 @@ void Robot::Pick(std::string_view list, std::string_view item) {
         auto& box = Find<QComboBox>(list);
         const int index = box.findText(ToQt(item), Qt::MatchExactly | Qt::MatchCaseSensitive);
         if (index < 0) throw std::runtime_error("no such item");
-        ClickAt(box, box.rect().center());
+        ClickAt(box, QPoint(box.width() - box.height() / 2, box.height() / 2));  // on its arrow
         QAbstractItemView& view = *box.view();
         if (!view.isVisible()) throw std::runtime_error("the list didn't open");
         Wait(pace);
@@ -236,85 +161,6 @@ void Robot::Pick(std::string_view list, std::string_view item) {
 
 void Robot::CloseWindow() {
     Act("closing the window", [this] { window_.close(); });
-}
-
-void Robot::ExpectBox(const Box& box) {
-    expected_.push_back(
-        {"the box " + Quoted(box.text), [this, box](QDialog& modal) {
-             auto* const shown = qobject_cast<QMessageBox*>(&modal);
-             if (shown == nullptr) return false;
-             const QString text =
-                 ToQt(box.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-             Compare("text", shown->text().toStdString(), text.toStdString());
-             Compare("title", shown->windowTitle().toStdString(), box.title);
-             Compare("icon", NameOf(shown->icon()), NameOf(box.icon));
-             Compare("buttons", NamesOf(shown->standardButtons()), NamesOf(box.buttons));
-             Compare("default button", NamesOf(PresetOf(*shown)), NamesOf(box.preset));
-             switch (box.by) {
-                 case By::Click:
-                     ClickButton(shown->button(box.answer));
-                     break;
-                 case By::Enter:
-                     QTest::keyClick(shown->windowHandle(), Qt::Key_Return);
-                     break;
-                 case By::Escape:
-                     QTest::keyClick(shown->windowHandle(), Qt::Key_Escape);
-                     break;
-                 case By::Close:
-                     shown->close();
-                     break;
-             }
-             return true;
-         }});
-}
-
-void Robot::ExpectFileDialog(const std::optional<std::string>& name, const std::string& title) {
-    expected_.push_back(
-        {"the file dialog", [this, name, title](QDialog& modal) {
-             auto* const dialog = qobject_cast<QFileDialog*>(&modal);
-             if (dialog == nullptr) return false;
-             Compare("title", dialog->windowTitle().toStdString(), title);
-             if (!name) {
-                 ClickButton(ButtonOf(*dialog, QDialogButtonBox::Cancel));
-                 return true;
-             }
-             auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-             ClickAt(*edit, edit->rect().center());
-             QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::ControlModifier);
-             TypeInto(*edit, *name);
-             while (QWidget* const proposals = QApplication::activePopupWidget()) {
-                 QTest::keyClick(proposals->windowHandle(), Qt::Key_Escape);
-             }
-             ClickButton(ButtonOf(*dialog, QDialogButtonBox::Save));
-             return true;
-         }});
-}
-
-void Robot::ExpectPrompt(const std::string& part, QMessageBox::StandardButton answer) {
-    expected_.push_back({"the question " + Quoted(part), [this, part, answer](QDialog& modal) {
-                             auto* const box = qobject_cast<QMessageBox*>(&modal);
-                             if (box == nullptr ||
-                                 qobject_cast<QFileDialog*>(box->parentWidget()) == nullptr) {
-                                 return false;
-                             }
-                             if (!box->text().contains(ToQt(part))) {
-                                 Compare("question", box->text().toStdString(), part);
-                             }
-                             ClickButton(box->button(answer));
-                             return true;
-                         }});
-}
-
-void Robot::ExpectPrintDialog(Print answer, const std::function<void(QPrintDialog&)>& look) {
-    expected_.push_back({"the print dialog", [this, answer, look](QDialog& modal) {
-                             auto* const dialog = qobject_cast<QPrintDialog*>(&modal);
-                             if (dialog == nullptr) return false;
-                             if (look) look(*dialog);
-                             ClickButton(ButtonOf(*dialog, answer == Print::Accept
-                                                               ? QDialogButtonBox::Ok
-                                                               : QDialogButtonBox::Cancel));
-                             return true;
-                         }});
 }
 
 std::string Robot::Text(std::string_view control) const {
@@ -415,55 +261,6 @@ void Robot::FocusByClick(QWidget& widget) {
 void Robot::SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
     const QWidget* const popup = QApplication::activePopupWidget();
     QTest::keyClick(&NativeWindowOf(popup == nullptr ? window_ : *popup), key, modifiers);
-}
-
-void Robot::TypeInto(QWidget& widget, std::string_view text) const {
-    for (const QChar character : ToQt(text)) {
-        QTest::sendKeyEvent(QTest::Click, &NativeWindowOf(widget), KeyOf(character),
-                            QString(character), Qt::NoModifier);
-        if (pace > 0) QTest::qWait(pace / kKeysPerPace);
-    }
-}
-
-void Robot::Watch() {
-    watch_.start();  // again at once: an answer may open a further box inside this call
-    auto* const modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (modal == nullptr || waiting_) return;
-    const QPointer<QDialog> still_there(modal);
-    try {
-        AnswerModal(*modal);
-    } catch (const std::exception& error) {
-        Fault(error.what());
-        if (still_there) Dismiss(*modal);
-    }
-}
-
-void Robot::AnswerModal(QDialog& modal) {
-    waiting_ = true;
-    Wait(pace);
-    if (on_modal) on_modal(modal);
-    waiting_ = false;
-    if (expected_.empty()) {
-        Fault(Described(modal) + " opened, which wasn't expected");
-        Dismiss(modal);
-        return;
-    }
-    const Expected expected = std::move(expected_.front());
-    expected_.pop_front();
-    if (expected.answer(modal)) return;
-    Fault(Described(modal) + " opened in place of " + expected.what);
-    Dismiss(modal);
-}
-
-void Robot::Compare(std::string_view what, const std::string& seen, const std::string& expected) {
-    if (seen == expected) return;
-    Fault("its " + std::string(what) + " is " + Quoted(seen) + ", not " + Quoted(expected));
-}
-
-void Robot::ClickButton(QAbstractButton* button) {
-    if (button == nullptr) throw std::runtime_error("the button to press isn't there");
-    if (!button->isEnabled()) throw std::runtime_error("the button to press is disabled");
-    ClickAt(*button, button->rect().center());
 }
 
 void Robot::Wait(int milliseconds) {

@@ -3,11 +3,13 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPointer>
 #include <QTimer>
 
 #include <deque>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +43,8 @@ public:
     void Type(std::string_view cell, std::string_view text);
     /// The same, after wiping what the cell holds: all selected, then the backspace key.
     void Retype(std::string_view cell, std::string_view text);
+    /// Types key by key into whatever has the focus.
+    void Type(std::string_view text);
     /// Sends one key to the cell or list; clicks into it first unless it has the focus.
     void Key(std::string_view control, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     /// Sends one key to whatever has the focus.
@@ -118,7 +122,7 @@ private:
     QAction& FindTitle(std::string_view name) const;
     void FocusByClick(QWidget& widget);
     void SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
-    void TypeInto(QWidget& widget, std::string_view text) const;
+    int KeyPause() const { return pace / 20; }
     void Watch();
     void AnswerModal(QDialog& modal);
     void Fault(const std::string& fault) { faults_.push_back(fault); }
@@ -128,7 +132,7 @@ private:
 
     Window& window_;
     QTimer watch_;
-    bool waiting_ = false;  ///< showing an open box to the audience
+    std::vector<QPointer<QDialog>> answering_;  ///< being answered, the topmost last
     std::deque<Expected> expected_;
     std::vector<std::string> faults_;
 };

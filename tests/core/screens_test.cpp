@@ -1,0 +1,891 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "capture/form2.h"
+#include "capture/form3.h"
+#include "core/chain.h"
+#include "core/form1.h"
+#include "core/navigation.h"
+#include "sheet/form5.h"
+#include "support/sheet_test.h"
+#include "support/velmora_test.h"
+
+namespace velmora::test {
+namespace {
+
+constexpr std::array kAllScreens = {ScreenId::Form1, ScreenId::Form2, ScreenId::Form3,
+                                    ScreenId::Form4, ScreenId::Form5, ScreenId::Form6};
+
+constexpr std::string_view kExitQuestion = "¿Está seguro de que quiere salir?";
+constexpr std::string_view kNameMissing =
+    "Debe cumplimentarse por lo menos el nombre de la empresa";
+constexpr std::string_view kPlanIncomplete =
+    " Aún le faltan datos por introducir y sin ellos\r\n"
+    "  el programa no funcionará correctamente\r\n"
+    "¿Está seguro de que quiere continuar ?";
+constexpr std::string_view kGoBackQuestion =
+    "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
+    "¿Está seguro de que quiere regresar?";
+
+// The chain, with screens that only tell what happens to them.
+
+class Probe : public Screen {
+public:
+    Probe(ScreenId id, std::string& events) : Screen(id, "", {}, clock_label), events_(events) {
+        Tell("make");
+    }
+    ~Probe() override { Tell("free"); }
+    Probe(const Probe&) = delete;
+    Probe& operator=(const Probe&) = delete;
+    void Form_Load() override { Tell("load"); }
+    void Timer1_Timer() override {}
+
+    Label clock_label;
+
+private:
+    void Tell(const std::string& what) { events_ += what + " " + std::string(Name()) + "; "; }
+
+    std::string& events_;
+};
+
+class ChainTest : public ::testing::Test {
+protected:
+    std::string Events() { return std::exchange(events_, ""); }
+
+    std::string events_;
+    ScreenChain chain{[this](ScreenId id) { return std::make_unique<Probe>(id, events_); }};
+};
+
+TEST_F(ChainTest, AMoveLoadsTheTargetAndMakesItCurrent) {
+    chain.Go(ScreenId::Form1);
+    EXPECT_EQ(Events(), "make Form1; load Form1; ");
+    chain.Go(ScreenId::Form2);
+    EXPECT_EQ(Events(), "make Form2; load Form2; ");
+    EXPECT_EQ(chain.Current().Id(), ScreenId::Form2);
+}
+
+TEST_F(ChainTest, TheScreenThatWasLeftIsFreedOnceNoHandlerRuns) {
+    chain.Go(ScreenId::Form1);
+    chain.Go(ScreenId::Form2);
+    Events();
+    chain.Settle();
+    EXPECT_EQ(Events(), "free Form1; ");
+    chain.Settle();
+    EXPECT_EQ(Events(), "");
+}
+
+TEST_F(ChainTest, AScreenThatWasLeftIsUnloadedAtOnceAndMadeAnewWhenItIsWanted) {
+    chain.Go(ScreenId::Form1);
+    const Screen* first = &chain.Current();
+    chain.Go(ScreenId::Form2);
+    Events();
+    chain.Go(ScreenId::Form1);
+    EXPECT_EQ(Events(), "make Form1; load Form1; ");
+    EXPECT_NE(&chain.Current(), first);
+}
+
+TEST_F(ChainTest, AMoveToTheCurrentScreenMakesItAnew) {
+    chain.Go(ScreenId::Form5);
+    Events();
+    chain.Go(ScreenId::Form5);
+    EXPECT_EQ(Events(), "make Form5; load Form5; ");
+}
+
+TEST_F(ChainTest, TouchingAScreenThatIsNotLoadedLoadsItAndLeavesTheCurrentOne) {
+    chain.Go(ScreenId::Form3);
+    Events();
+    const Screen& touched = chain.Load(ScreenId::Form2);
+    EXPECT_EQ(Events(), "make Form2; load Form2; ");
+    EXPECT_EQ(chain.Current().Id(), ScreenId::Form3);
+    chain.Go(ScreenId::Form2);
+    EXPECT_EQ(Events(), "");  // the one that was touched is shown, not loaded again
+    EXPECT_EQ(&chain.Current(), &touched);
+}
+
+TEST_F(ChainTest, TouchingALoadedScreenLoadsNothing) {
+    chain.Go(ScreenId::Form2);
+    Events();
+    EXPECT_EQ(&chain.Load(ScreenId::Form2), &chain.Current());
+    EXPECT_EQ(Events(), "");
+}
+
+// All six screens
+
+class ScreensTest : public VelmoraTest {
+protected:
+    /// The screen as it was laid out, before its load handler.
+    std::unique_ptr<Screen> AsLaidOut(ScreenId id) {
+        return MakeScreen(id, Entorno{record, chain, host});
+    }
+    Screen& Show(ScreenId id) { return Open<Screen>(id); }
+};
+
+struct Face {
+    ScreenId id;
+    std::string_view name;
+    std::string_view caption;
+    int width;
+};
+
+// clang-format off
+constexpr std::array<Face, 6> kFaces = {{
+    {ScreenId::Form1, "Form1", ".     Velmora / h1",  11355},
+    {ScreenId::Form2, "Form2", "     Velmora / h2",   11715},
+    {ScreenId::Form3, "Form3", "    Velmora / h3",    11880},
+    {ScreenId::Form4, "Form4", " Velmora / h4",       11880},
+    {ScreenId::Form5, "Form5", " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ", 11880},
+    {ScreenId::Form6, "Form6", " Velmora / h6",       11880},
+}};
+// clang-format on
+
+TEST_F(ScreensTest, EachHasItsNameItsCaptionAndItsClientArea) {
+    for (const Face& face : kFaces) {
+        const auto screen = AsLaidOut(face.id);
+        EXPECT_EQ(screen->Id(), face.id);
+        EXPECT_EQ(screen->Name(), face.name);
+        EXPECT_EQ(screen->Caption, face.caption);
+        EXPECT_EQ(screen->ClientArea().left, 0) << face.name;
+        EXPECT_EQ(screen->ClientArea().top, 0) << face.name;
+        EXPECT_EQ(screen->ClientArea().width, face.width) << face.name;
+        EXPECT_EQ(screen->ClientArea().height, 8310) << face.name;
+    }
+}
+
+TEST_F(ScreensTest, LoadingChangesTheCaptionOfForm5Alone) {
+    for (const Face& face : kFaces) {
+        const std::string loaded = Show(face.id).Caption;
+        if (face.id == ScreenId::Form5) {
+            EXPECT_EQ(loaded, "Velmora / h5                          CÁLCULOS   Y   RESULTADOS ");
+        } else {
+            EXPECT_EQ(loaded, face.caption);
+        }
+    }
+}
+
+TEST_F(ScreensTest, NoTwoControlsOfAScreenShareANameOrATabPosition) {
+    for (const ScreenId id : kAllScreens) {
+        const auto screen = AsLaidOut(id);
+        std::set<std::string> names;
+        std::set<int> tabs;
+        for (const Control& control : screen->Controls()) {
+            EXPECT_TRUE(names.insert(control.name).second) << control.name;
+            if (control.row.tab == kSinTab) continue;
+            EXPECT_TRUE(tabs.insert(control.row.tab).second)
+                << screen->Name() << " " << control.name;
+        }
+    }
+}
+
+TEST_F(ScreensTest, AControlIsFoundByItsNameAndAnotherNameFindsNone) {
+    const auto screen = AsLaidOut(ScreenId::Form2);
+    const Control* box = screen->FindControl("Text1(5)");
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->row.index, 5);
+    EXPECT_EQ(screen->FindControl("Text1(20)"), nullptr);
+    EXPECT_EQ(screen->FindControl("Text1"), nullptr);
+    EXPECT_EQ(screen->FindEntry("Imprimir"), nullptr);
+}
+
+// Menus
+
+struct ListEntry {
+    std::string_view name;
+    std::string_view caption;
+};
+
+struct Title {
+    std::string_view name;
+    std::string_view caption;
+    std::vector<ListEntry> list;
+};
+
+struct MenuCase {
+    ScreenId id;
+    std::vector<Title> bar;
+};
+
+void PrintTo(const MenuCase& c, std::ostream* out) { *out << "Form" << static_cast<int>(c.id); }
+
+class MenuTest : public ScreensTest, public ::testing::WithParamInterface<MenuCase> {};
+
+TEST_P(MenuTest, TheBarHasItsEntriesSpacersAndListsInOrder) {
+    const auto screen = AsLaidOut(GetParam().id);
+    const std::vector<MenuEntry>& bar = screen->Menu();
+    ASSERT_EQ(bar.size(), GetParam().bar.size());
+    for (std::size_t i = 0; i < bar.size(); ++i) {
+        const Title& expected = GetParam().bar[i];
+        EXPECT_EQ(bar[i].name, expected.name);
+        EXPECT_EQ(bar[i].caption, expected.caption) << expected.name;
+        ASSERT_EQ(bar[i].list.size(), expected.list.size()) << expected.name;
+        for (std::size_t j = 0; j < expected.list.size(); ++j) {
+            EXPECT_EQ(bar[i].list[j].name, expected.list[j].name);
+            EXPECT_EQ(bar[i].list[j].caption, expected.list[j].caption);
+        }
+    }
+}
+
+TEST_P(MenuTest, SpacersHaveNoHandlerAndWorkingEntriesHaveOneOrAList) {
+    const auto screen = AsLaidOut(GetParam().id);
+    for (const MenuEntry& title : screen->Menu()) {
+        const bool spacer = title.caption.empty();
+        const bool both = title.name == "regresar";  // of Form6, alone
+        EXPECT_EQ(static_cast<bool>(title.Click), both || (!spacer && title.list.empty()))
+            << title.name;
+        for (const MenuEntry& entry : title.list) {
+            EXPECT_TRUE(entry.Click) << entry.name;
+            EXPECT_TRUE(entry.list.empty()) << entry.name;
+        }
+    }
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Screens, MenuTest, ::testing::Values(
+    MenuCase{ScreenId::Form1, {
+        {"Vacio1", "", {}}, {"Vacio2", "", {}},
+        {"Nuevaempresa", "Iniciar", {}},
+        {"Vacio3", "", {}}, {"vacio4", "", {}},
+        {"salir", "Salir", {}}}},
+    MenuCase{ScreenId::Form2, {
+        {"vacio1", "", {}}, {"vacio2", "", {}},
+        {"continuar", "Continuar", {
+            {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
+            {"contaminantes", "Contaminantes"},
+            {"calculos", "Cálculos"},
+            {"resulatadofinal", "Resultado final"}}},
+        {"vacio30", "", {}}, {"vacio32", "", {}},
+        {"Regresar", "Regresar", {}},
+        {"vacio40", "", {}}, {"vacio50", "", {}},
+        {"recuperardatos", "Recuperar datos", {}},
+        {"vacio51", "", {}}, {"vacio52", "", {}},
+        {"imprimir", "Imprimir", {}},
+        {"vacio53", "", {}}, {"vacio54", "", {}},
+        {"salir", "Salir", {}}}},
+    MenuCase{ScreenId::Form3, {
+        {"vacio1", "", {}}, {"vacio2", "", {}},
+        {"continuar", "Continuar/Regresar", {
+            {"contaminantes", "Contaminantes"},
+            {"pagina5", "Cálculos"},
+            {"datosdeempresa", "Datos de empresa"},
+            {"resultadofinal", "Resultado final"}}},
+        {"vacio8", "", {}}, {"vacio9", "", {}},
+        {"imprimir", "Imprimir", {}},
+        {"vacio20", "", {}}, {"vacio22", "", {}},
+        {"salir", "Salir", {}}}},
+    MenuCase{ScreenId::Form4, {
+        {"vacio1", "", {}}, {"vacio7", "", {}},
+        {"continuar", "Continuar/Regresar", {
+            {"pagina5", "Cálculos"},
+            {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
+            {"datosdeempresa", "Datos de empresa"},
+            {"resultadosfinales", "Resultado final"}}},
+        {"vacio10", "", {}}, {"vacio11", "", {}},
+        {"imprimir", "Imprimir", {}},
+        {"vacio22", "", {}}, {"vacio23", "", {}},
+        {"salir", "Salir", {}}}},
+    MenuCase{ScreenId::Form5, {
+        {"vacio1", "", {}}, {"vacio2", "", {}},
+        {"introducirdatos", "Introducir datos", {
+            {"introprimero", "Primer dia"},
+            {"introsegundo", "Segundo dia"},
+            {"introtercero", "Tercer dia"}}},
+        {"vacio3", "", {}}, {"vacio4", "", {}},
+        {"recuperar", "Recuperar datos/cálculos", {
+            {"recupprimerdia", "Primer dia"},
+            {"recupsegundodia", "Segundo dia"},
+            {"recuptercerdia", "Tercer dia"}}},
+        {"vacio5", "", {}}, {"vacio6", "", {}},
+        {"continuar", "Continuar/Regresar", {
+            {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
+            {"contaminantes", "Contaminantes"},
+            {"resultadosfinales", "Resultado final"},
+            {"datosempresa", "Datos de empresa"}}},
+        {"vacio9", "", {}}, {"vacio14", "", {}},
+        {"imprimir", "Imprimir", {}},
+        {"vacio15", "", {}},
+        {"salir", "Salir", {}}}},
+    MenuCase{ScreenId::Form6, {
+        {"vacio1", "", {}}, {"vacio2", "", {}},
+        {"regresar", "Continuar/Regresar", {
+            {"calculos", "Cálculos"},
+            {"contaminantes", "Contaminantes"},
+            {"datosiniciales", "Datos  iniciales: Jornadas y Tareas"},
+            {"datosdeempresa", "Datos de empresa"}}},
+        {"vacio10", "", {}}, {"vacio11", "", {}},
+        {"guardararchivo", "Guardar en disco ", {}},
+        {"vacio21", "", {}}, {"vacio22", "", {}},
+        {"imprimir", "Imprimir", {}},
+        {"vacio30", "", {}}, {"vacio32", "", {}},
+        {"salir", "Salir", {}}}}),
+    [](const auto& test_case) { return ::testing::PrintToString(test_case.param); });
+// clang-format on
+
+// Moves
+
+struct Move {
+    ScreenId from;
+    std::string_view entry;
+    ScreenId to;
+};
+
+// clang-format off
+constexpr std::array kUnguardedMoves = {
+    Move{ScreenId::Form1, "Nuevaempresa",      ScreenId::Form2},
+    Move{ScreenId::Form3, "datosdeempresa",    ScreenId::Form2},
+    Move{ScreenId::Form4, "pagina5",           ScreenId::Form5},
+    Move{ScreenId::Form4, "datosiniciales",    ScreenId::Form3},
+    Move{ScreenId::Form4, "datosdeempresa",    ScreenId::Form2},
+    Move{ScreenId::Form4, "resultadosfinales", ScreenId::Form6},
+    Move{ScreenId::Form5, "datosiniciales",    ScreenId::Form3},
+    Move{ScreenId::Form5, "contaminantes",     ScreenId::Form4},
+    Move{ScreenId::Form5, "resultadosfinales", ScreenId::Form6},
+    Move{ScreenId::Form5, "datosempresa",      ScreenId::Form2},
+    Move{ScreenId::Form6, "regresar",          ScreenId::Form5},
+    Move{ScreenId::Form6, "calculos",          ScreenId::Form5},
+    Move{ScreenId::Form6, "contaminantes",     ScreenId::Form4},
+    Move{ScreenId::Form6, "datosiniciales",    ScreenId::Form3},
+    Move{ScreenId::Form6, "datosdeempresa",    ScreenId::Form2},
+};
+
+constexpr std::array kFromForm2 = {
+    Move{ScreenId::Form2, "datosiniciales",    ScreenId::Form3},
+    Move{ScreenId::Form2, "contaminantes",     ScreenId::Form4},
+    Move{ScreenId::Form2, "calculos",          ScreenId::Form5},
+    Move{ScreenId::Form2, "resulatadofinal",   ScreenId::Form6},
+};
+
+constexpr std::array kGuardedFromForm3 = {
+    Move{ScreenId::Form3, "contaminantes",     ScreenId::Form4},
+    Move{ScreenId::Form3, "pagina5",           ScreenId::Form5},
+    Move{ScreenId::Form3, "resultadofinal",    ScreenId::Form6},
+};
+// clang-format on
+
+TEST_F(ScreensTest, UnguardedEntriesMoveAtOnceAndChangeNothingOfTheRecord) {
+    record.NumJornadas = 1;
+    record.NumTareas = 1;
+    record.HojaPrimerDia(1) = "1";
+    const EvaluacionRecord before = record;
+    for (const Move& move : kUnguardedMoves) {
+        Show(move.from);
+        Choose(move.entry);
+        EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
+        EXPECT_EQ(record, before) << move.entry;
+    }
+}
+
+TEST_F(ScreensTest, PressingTheTitleRegresarOfForm6MovesWithoutItsList) {
+    Show(ScreenId::Form6);
+    const MenuEntry* title = chain.Current().FindEntry("regresar");
+    ASSERT_NE(title, nullptr);
+    ASSERT_FALSE(title->list.empty());
+    title->Click();
+    EXPECT_EQ(chain.Current().Id(), ScreenId::Form5);
+}
+
+TEST_F(ScreensTest, LeavingForm5BlanksTheSheetAndTheDaysSnapshotBringsItBack) {
+    record.NumJornadas = 1;
+    record.NumTareas = 1;
+    record.Muestras30(1, 1) = 1;
+    record.HojaPrimerDia(2) = "Tolueno";  // name in the first row
+    record.HojaPrimerDia(8) = "120";      // its C1
+    Show(ScreenId::Form5);
+    Choose("recupprimerdia");
+    ASSERT_EQ(Current<Form5>().Text1(7).Text, "120");
+    Choose("contaminantes");
+    Choose("pagina5");
+    EXPECT_EQ(Current<Form5>().Text1(7).Text, "");
+    EXPECT_FALSE(Current<Form5>().Text1(7).Visible);
+    Choose("recupprimerdia");
+    EXPECT_EQ(Current<Form5>().Text1(1).Text, "Tolueno");
+    EXPECT_EQ(Current<Form5>().Text1(7).Text, "120");
+    EXPECT_TRUE(Current<Form5>().Text1(7).Visible);
+}
+
+// The guard of Form2
+
+TEST_F(ScreensTest, Form2_ContinuesToEachScreenAndStoresTheFields) {
+    for (const Move& move : kFromForm2) {
+        record = {};
+        auto& form2 = Open<Form2>(ScreenId::Form2);
+        form2.Text1(1).Text = "Talleres";
+        form2.Text1(19).Text = "A-7";
+        Choose(move.entry);
+        EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
+        EXPECT_EQ(record.DatosEmpresa(1), "Talleres");
+        EXPECT_EQ(record.DatosEmpresa(2), "---");
+        EXPECT_EQ(record.DatosEmpresa(19), "A-7");
+    }
+}
+
+TEST_F(ScreensTest, Form2_AnEmptyNameBlocksTheFourEntriesAndStoresNothing) {
+    for (const Move& move : kFromForm2) {
+        auto& form2 = Open<Form2>(ScreenId::Form2);
+        form2.Text1(1).Text = "";
+        form2.Text1(2).Text = "Polígono Norte";
+        host.ExpectBox(std::string(kNameMissing));
+        Choose(move.entry);
+        EXPECT_EQ(&chain.Current(), &form2) << move.entry;
+        EXPECT_EQ(record, EvaluacionRecord{}) << move.entry;
+    }
+}
+
+TEST_F(ScreensTest, Form2_AnEmptyNameLeavesTheOtherEntriesAtWork) {
+    auto& form2 = Open<Form2>(ScreenId::Form2);
+    form2.Text1(1).Text = "";
+    host.ExpectFileDialog(std::nullopt);
+    Choose("recuperardatos");
+    host.ExpectBox(
+        "Se imprimirá la pantalla\r\n¿Desea continuar?\r\n \r\n"
+        "Pulsar 'Si' no admite cancelación posterior",
+        Estilo::SiNo, Respuesta::Si);
+    Choose("imprimir");
+    EXPECT_EQ(host.printed, 1);
+    host.ExpectBox(std::string(kExitQuestion), Estilo::SiNoInformacionNo, Respuesta::Si);
+    host.ExpectEnd();
+    Choose("salir");
+    host.ExpectBox(std::string(kGoBackQuestion), Estilo::SiNoInformacionNo, Respuesta::Si);
+    Choose("Regresar");
+    EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
+}
+
+TEST_F(ScreensTest, Form2_AFieldLeftEmptyComesBackAsThreeDashes) {
+    auto& form2 = Open<Form2>(ScreenId::Form2);
+    form2.Text1(1).Text = "Talleres";
+    Choose("contaminantes");
+    Choose("datosdeempresa");
+    EXPECT_EQ(Current<Form2>().Text1(1).Text, "Talleres");
+    EXPECT_EQ(Current<Form2>().Text1(2).Text, "---");
+}
+
+TEST_F(ScreensTest, Form2_RegresarAsksAndMovesOnYesOnly) {
+    auto& form2 = Open<Form2>(ScreenId::Form2);
+    form2.Text1(1).Text = "Talleres";
+    host.ExpectBox(std::string(kGoBackQuestion), Estilo::SiNoInformacionNo, Respuesta::No);
+    Choose("Regresar");
+    EXPECT_EQ(&chain.Current(), &form2);
+    host.ExpectBox(std::string(kGoBackQuestion), Estilo::SiNoInformacionNo, Respuesta::Si);
+    Choose("Regresar");
+    EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
+    EXPECT_EQ(record, EvaluacionRecord{});  // the fields aren't stored
+}
+
+// The guards of Form3
+
+class Form3GuardTest : public ScreensTest {
+protected:
+    /// A plan whose last pair of day and task has its hours.
+    void SetPlan(int days, int tasks) {
+        record.NumJornadas = days;
+        record.NumTareas = tasks;
+        record.TiempoExposicion(days, tasks) = 8;
+    }
+
+    void ExpectNoPrompt() {
+        for (const Move& move : kGuardedFromForm3) {
+            Show(ScreenId::Form3);
+            Choose(move.entry);
+            EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
+        }
+    }
+
+    /// Each of the three entries asks; No stays, Yes moves all the same. `spoil` changes the
+    /// screen once it is loaded.
+    void ExpectPrompt(const std::function<void(Form3&)>& spoil = [](Form3&) {}) {
+        for (const Move& move : kGuardedFromForm3) {
+            auto& form3 = Open<Form3>(ScreenId::Form3);
+            spoil(form3);
+            host.ExpectBox(std::string(kPlanIncomplete), Estilo::SiNoInformacionNo, Respuesta::No);
+            Choose(move.entry);
+            EXPECT_EQ(&chain.Current(), &form3) << move.entry;
+            host.ExpectBox(std::string(kPlanIncomplete), Estilo::SiNoInformacionNo, Respuesta::Si);
+            Choose(move.entry);
+            EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
+        }
+    }
+};
+
+TEST_F(Form3GuardTest, WithoutAPlanTheThreeEntriesAsk) { ExpectPrompt(); }
+
+TEST_F(Form3GuardTest, WithoutTasksTheThreeEntriesAsk) {
+    record.NumJornadas = 3;
+    ExpectPrompt();
+}
+
+TEST_F(Form3GuardTest, WithoutDaysTheThreeEntriesAsk) {
+    record.NumTareas = 3;
+    ExpectPrompt();
+}
+
+TEST_F(Form3GuardTest, ACompletePlanMovesWithoutAPrompt) {
+    SetPlan(1, 1);
+    ExpectNoPrompt();
+    SetPlan(3, 3);
+    ExpectNoPrompt();
+}
+
+TEST_F(Form3GuardTest, AnEmptyCellOfThePlanAsks) {
+    SetPlan(1, 2);
+    for (const int cell : {0, 5, 11}) {
+        ExpectPrompt([&](Form3& form3) { form3.Text1(cell).Text = ""; });
+    }
+}
+
+TEST_F(Form3GuardTest, AnEmptyCellBeyondThePlanDoesNotCount) {
+    SetPlan(1, 2);
+    ASSERT_EQ(Open<Form3>(ScreenId::Form3).Text1(12).Text, "");
+    ExpectNoPrompt();
+}
+
+TEST_F(Form3GuardTest, NoHoursAtTheLastPairAsk) {
+    SetPlan(3, 2);
+    record.TiempoExposicion(1, 1) = 8;
+    record.TiempoExposicion(3, 2) = 0;
+    ExpectPrompt();
+}
+
+TEST_F(Form3GuardTest, NoHoursAtAnEarlierPairDoNotCount) {
+    SetPlan(3, 2);
+    for (const auto& [day, task] : {std::pair{1, 1}, {1, 2}, {2, 1}, {2, 2}, {3, 1}}) {
+        ASSERT_EQ(record.TiempoExposicion(day, task), 0.0);
+    }
+    ExpectNoPrompt();
+}
+
+TEST_F(Form3GuardTest, datosdeempresa_NeedsNoPlanAndShowsNoPrompt) {
+    Show(ScreenId::Form3);
+    Choose("datosdeempresa");
+    EXPECT_EQ(chain.Current().Id(), ScreenId::Form2);
+}
+
+TEST_F(Form3GuardTest, datosdeempresa_FillsTheBoxesEvenWithoutACompanysName) {
+    record.DatosEmpresa(2) = "Polígono Norte";
+    Show(ScreenId::Form3);
+    Choose("datosdeempresa");
+    const auto& form2 = Current<Form2>();
+    EXPECT_EQ(form2.Text1(1).Text, "");  // the hint is gone, too
+    EXPECT_EQ(form2.Text1(2).Text, "Polígono Norte");
+    EXPECT_EQ(form2.Text1(9).Text, "");
+}
+
+TEST_F(ScreensTest, OtherWaysToForm2LeaveItToItsLoadHandler) {
+    record.DatosEmpresa(2) = "Polígono Norte";
+    Show(ScreenId::Form4);
+    Choose("datosdeempresa");
+    const auto& form2 = Current<Form2>();
+    EXPECT_EQ(form2.Text1(1).Text, " El nombre de la empresa es imprescindible.");
+    EXPECT_EQ(form2.Text1(2).Text, "");
+}
+
+// Salir
+
+struct Exit {
+    ScreenId id;
+    Estilo estilo;
+};
+
+constexpr std::array<Exit, 6> kExits = {{{ScreenId::Form1, Estilo::SiNoInformacion},
+                                         {ScreenId::Form2, Estilo::SiNoInformacionNo},
+                                         {ScreenId::Form3, Estilo::SiNoInformacionNo},
+                                         {ScreenId::Form4, Estilo::SiNoInformacion},
+                                         {ScreenId::Form5, Estilo::SiNoInformacion},
+                                         {ScreenId::Form6, Estilo::SiNoInformacion}}};
+
+TEST_F(ScreensTest, Salir_OnYesEndsTheProcessWithoutSaving) {
+    for (const Exit& exit : kExits) {
+        record.DatosEmpresa(1) = "Talleres";
+        const EvaluacionRecord before = record;
+        Screen& screen = Show(exit.id);
+        host.ExpectBox(std::string(kExitQuestion), exit.estilo, Respuesta::Si);
+        host.ExpectEnd();
+        Choose("salir");
+        EXPECT_EQ(&chain.Current(), &screen) << screen.Name();
+        EXPECT_EQ(record, before) << screen.Name();
+    }
+    EXPECT_TRUE(host.dialogs_shown.empty());
+}
+
+TEST_F(ScreensTest, Salir_OnNoStays) {
+    for (const Exit& exit : kExits) {
+        Screen& screen = Show(exit.id);
+        const auto shown = StateOf(screen);
+        host.ExpectBox(std::string(kExitQuestion), exit.estilo, Respuesta::No);
+        Choose("salir");  // the host fails the test if the process ends
+        EXPECT_EQ(&chain.Current(), &screen) << screen.Name();
+        EXPECT_EQ(Changed(shown, screen), std::vector<std::string>{}) << screen.Name();
+    }
+}
+
+TEST_F(ScreensTest, Salir_AnyAnswerButNoEndsTheProcess) {
+    host.ExpectBox(std::string(kExitQuestion), Estilo::SiNoInformacion, Respuesta::Aceptar);
+    host.ExpectEnd();
+    Show(ScreenId::Form1);
+    Choose("salir");
+}
+
+// Imprimir
+
+struct Print {
+    ScreenId id;
+    std::string_view notice;
+    int first;
+    int last;
+};
+
+// clang-format off
+constexpr std::array<Print, 5> kPrints = {{
+    {ScreenId::Form2, "Se imprimirá la pantalla",                  0,    2},
+    {ScreenId::Form3, "Se imprimirá la pantalla",                  0, 1000},
+    {ScreenId::Form4, "Se imprimirá pantalla",                     0, 1000},
+    {ScreenId::Form5, "Se imprimirán todos los datos en pantalla", 0, 1000},
+    {ScreenId::Form6, "Se imprimirán los resultados en  pantalla", 1, 1000},
+}};
+// clang-format on
+
+std::string PrintQuestion(std::string_view notice) {
+    return std::string(notice) +
+           "\r\n¿Desea continuar?\r\n \r\nPulsar 'Si' no admite cancelación posterior";
+}
+
+TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) {
+    for (const Print& print : kPrints) {
+        Screen& screen = Show(print.id);
+        host.print_dialogs.clear();
+        host.printed = 0;
+        std::size_t dialogs_before_printing = 0;
+        host.on_print = [&] { dialogs_before_printing = host.print_dialogs.size(); };
+        host.ExpectBox(PrintQuestion(print.notice), Estilo::SiNo, Respuesta::Si);
+        Choose("imprimir");
+        ASSERT_EQ(host.print_dialogs.size(), 1U) << screen.Name();
+        EXPECT_EQ(host.print_dialogs[0].Flags, 524288U) << screen.Name();
+        EXPECT_EQ(host.print_dialogs[0].FromPage, print.first) << screen.Name();
+        EXPECT_EQ(host.print_dialogs[0].ToPage, print.last) << screen.Name();
+        EXPECT_EQ(host.printed, 1) << screen.Name();
+        EXPECT_EQ(dialogs_before_printing, 1U) << screen.Name();
+        EXPECT_EQ(&chain.Current(), &screen);
+        host.on_print = nullptr;
+    }
+}
+
+TEST_F(ScreensTest, Imprimir_OnNoShowsNoDialogAndPrintsNothing) {
+    for (const Print& print : kPrints) {
+        Show(print.id);
+        host.ExpectBox(PrintQuestion(print.notice), Estilo::SiNo, Respuesta::No);
+        Choose("imprimir");
+        EXPECT_TRUE(host.print_dialogs.empty()) << print.notice;
+        EXPECT_EQ(host.printed, 0) << print.notice;
+    }
+}
+
+/// A machine on which neither the print dialog nor printing works.
+class WithoutPrinter : public ScriptedHost {
+public:
+    void ShowPrinter(CommonDialog& /*dialog*/) override {
+        throw ErrorEjecucion(TipoError::OperacionNoValida);
+    }
+    void PrintForm() override {
+        ++tried;
+        throw ErrorEjecucion(TipoError::OperacionNoValida);
+    }
+
+    int tried = 0;
+};
+
+TEST_F(ScreensTest, Imprimir_PassesOverAPrintDialogAndAPrintThatFail) {
+    for (const Print& print : kPrints) {
+        WithoutPrinter failing;
+        failing.ExpectBox(PrintQuestion(print.notice), Estilo::SiNo, Respuesta::Si);
+        const auto screen = MakeScreen(print.id, Entorno{record, chain, failing});
+        EXPECT_NO_THROW(screen->FindEntry("imprimir")->Click()) << screen->Name();
+        EXPECT_EQ(failing.tried, 1) << screen->Name();
+    }
+}
+
+TEST_F(ScreensTest, Imprimir_Form1HasNoSuchEntry) {
+    EXPECT_EQ(Show(ScreenId::Form1).FindEntry("imprimir"), nullptr);
+}
+
+// The clock
+
+std::tm Moment(int day, int month, int year, int hour, int minute, int second) {
+    std::tm moment{};
+    moment.tm_mday = day;
+    moment.tm_mon = month - 1;
+    moment.tm_year = year - 1900;
+    moment.tm_hour = hour;
+    moment.tm_min = minute;
+    moment.tm_sec = second;
+    return moment;
+}
+
+TEST(FormatoFechaTest, WritesDayMonthYearFiveBlanksHourMinuteSecond) {
+    EXPECT_EQ(FormatoFecha(Moment(24, 12, 2031, 17, 45, 58)), "24:12:31     17:45:58");
+}
+
+TEST(FormatoFechaTest, WritesTwoDigitsEach) {
+    EXPECT_EQ(FormatoFecha(Moment(1, 2, 2003, 4, 5, 6)), "01:02:03     04:05:06");
+    EXPECT_EQ(FormatoFecha(Moment(31, 1, 2000, 0, 0, 0)), "31:01:00     00:00:00");
+    EXPECT_EQ(FormatoFecha(Moment(9, 10, 1999, 23, 59, 59)), "09:10:99     23:59:59");
+}
+
+TEST(FormatoFechaTest, TheFirstMmIsTheMonthAndTheSecondTheMinute) {
+    EXPECT_EQ(FormatoFecha(Moment(15, 11, 2024, 10, 22, 33)), "15:11:24     10:22:33");
+}
+
+TEST(FormatoFechaTest, ALeapSecondIsWrittenAsItComes) {
+    EXPECT_EQ(FormatoFecha(Moment(31, 12, 2016, 23, 59, 60)), "31:12:16     23:59:60");
+}
+
+struct Clock {
+    ScreenId id;
+    std::string_view label;
+};
+
+constexpr std::array<Clock, 6> kClocks = {{{ScreenId::Form1, "Label5"},
+                                           {ScreenId::Form2, "Label3"},
+                                           {ScreenId::Form3, "Label2"},
+                                           {ScreenId::Form4, "Label1"},
+                                           {ScreenId::Form5, "Label5"},
+                                           {ScreenId::Form6, "Label2"}}};
+
+std::string CaptionOf(const Screen& screen, std::string_view label) {
+    const Control* control = screen.FindControl(label);
+    if (control == nullptr) return "no such label";
+    return std::get<Label*>(control->state)->Caption;
+}
+
+TEST_F(ScreensTest, Clock_StartsWithTheFirstTimerEvent) {
+    for (const Clock& clock : kClocks) {
+        EXPECT_EQ(CaptionOf(Show(clock.id), clock.label), "");
+    }
+}
+
+TEST_F(ScreensTest, Clock_TheTimerSetsItsLabelAndNothingElse) {
+    host.now = Moment(1, 2, 2003, 4, 5, 6);
+    for (const Clock& clock : kClocks) {
+        Screen& screen = Show(clock.id);
+        const auto shown = StateOf(screen);
+        const std::string caption = screen.Caption;
+        screen.Timer1_Timer();
+        EXPECT_EQ(CaptionOf(screen, clock.label), "01:02:03     04:05:06") << screen.Name();
+        EXPECT_EQ(Changed(shown, screen), std::vector{std::string(clock.label)}) << screen.Name();
+        EXPECT_EQ(screen.Caption, caption) << screen.Name();
+    }
+    EXPECT_EQ(record, EvaluacionRecord{});
+}
+
+TEST_F(ScreensTest, Clock_FollowsTheTime) {
+    for (const Clock& clock : kClocks) {
+        Screen& screen = Show(clock.id);
+        host.now = Moment(1, 2, 2003, 4, 5, 6);
+        screen.Timer1_Timer();
+        host.now.tm_sec = 7;
+        screen.Timer1_Timer();
+        EXPECT_EQ(CaptionOf(screen, clock.label), "01:02:03     04:05:07") << screen.Name();
+        EXPECT_EQ(screen.Clock().Caption, "01:02:03     04:05:07") << screen.Name();
+    }
+}
+
+TEST_F(ScreensTest, Clock_IsBoldWhiteAtTheFootOfTheWindowFromForm2On) {
+    for (const Clock& clock : kClocks) {
+        if (clock.id == ScreenId::Form1) continue;
+        const auto screen = AsLaidOut(clock.id);
+        const Row& row = screen->FindControl(clock.label)->row;
+        EXPECT_TRUE(row.look.bold) << screen->Name();
+        EXPECT_EQ(row.look.fore, 0xFFFFFFU) << screen->Name();
+        EXPECT_EQ(row.look.points, 8.25) << screen->Name();
+        EXPECT_GE(row.box.top, 7900) << screen->Name();
+    }
+}
+
+// Form1
+
+struct Placed {
+    std::string_view name;
+    Box box;
+    std::string_view text;
+};
+
+// clang-format off
+constexpr std::array<Placed, 8> kOnForm1 = {{
+    {"Picture1", {1680, 1200,  9255, 4575}, ""},
+    {"Label1",   { 720,  120, 11055,  615}, "Velmora"},
+    {"Label6",   {2760,  600,  7935,  255}, "Conforme a la norma UNE-689  y  a la Guía de Agentes Químicos"},
+    {"Label4",   {5520, 6000,  6255,  375}, "Material didactico de apoyo para cursos de actualización  "},
+    {"Label7",   {5640, 6480,  3135,  255}, "Version V.1.0        800 x 600 pixels"},
+    {"Label2",   {4200, 6840,  7215,  255}, ""}, // the two credits are ours to word
+    {"Label3",   {4440, 7200,  7455,  255}, ""},
+    {"Label5",   {9120, 7680,  2295,  375}, ""},
+}};
+// clang-format on
+
+TEST_F(ScreensTest, Form1_HasItsControlsInTheirPlacesWithTheirTexts) {
+    const auto form1 = AsLaidOut(ScreenId::Form1);
+    EXPECT_EQ(form1->Controls().size(), kOnForm1.size());
+    for (const Placed& expected : kOnForm1) {
+        const Control* control = form1->FindControl(expected.name);
+        ASSERT_NE(control, nullptr) << expected.name;
+        const Box& box = control->row.box;
+        EXPECT_EQ(box.left, expected.box.left) << expected.name;
+        EXPECT_EQ(box.top, expected.box.top) << expected.name;
+        EXPECT_EQ(box.width, expected.box.width) << expected.name;
+        EXPECT_EQ(box.height, expected.box.height) << expected.name;
+        if (!expected.text.empty()) {
+            EXPECT_EQ(CaptionOf(*form1, expected.name), expected.text);
+        }
+    }
+}
+
+TEST_F(ScreensTest, Form1_TheTwoCreditsSaySomething) {
+    const auto form1 = AsLaidOut(ScreenId::Form1);
+    EXPECT_NE(CaptionOf(*form1, "Label2"), "");
+    EXPECT_NE(CaptionOf(*form1, "Label3"), "");
+}
+
+TEST_F(ScreensTest, Form1_TheHeadingIsLargeBoldDarkBlueOnWhiteAndCentred) {
+    const auto form1 = AsLaidOut(ScreenId::Form1);
+    const Look& heading = form1->FindControl("Label1")->row.look;
+    EXPECT_EQ(heading.points, 14.25);
+    EXPECT_TRUE(heading.bold);
+    EXPECT_EQ(heading.fore, 0x800000U);  // blue in the third byte
+    EXPECT_EQ(heading.back, 0xFFFFFFU);
+    EXPECT_EQ(heading.align, Align::Center);
+    EXPECT_EQ(heading.family, Family::Sans);
+}
+
+TEST_F(ScreensTest, Form1_TheLineOnTheNormIsBoldDarkBlueInSerifs) {
+    const auto form1 = AsLaidOut(ScreenId::Form1);
+    const Look& norm = form1->FindControl("Label6")->row.look;
+    EXPECT_EQ(norm.points, 12);
+    EXPECT_TRUE(norm.bold);
+    EXPECT_EQ(norm.fore, 0x800000U);
+    EXPECT_EQ(norm.family, Family::Serif);
+}
+
+TEST_F(ScreensTest, Form1_TheLineOnItsUseIsTwelvePointsAndTheClockSmallAndBlack) {
+    const auto form1 = AsLaidOut(ScreenId::Form1);
+    EXPECT_EQ(form1->FindControl("Label4")->row.look.points, 12);
+    const Look& clock = form1->FindControl("Label5")->row.look;
+    EXPECT_EQ(clock.points, 8.25);
+    EXPECT_FALSE(clock.bold);
+    EXPECT_EQ(clock.fore, 0x000000U);
+}
+
+TEST_F(ScreensTest, Form1_HasNoLoadHandlerOfItsOwn) {
+    record.DatosEmpresa(1) = "Talleres";
+    const EvaluacionRecord before = record;
+    const auto laid_out = AsLaidOut(ScreenId::Form1);
+    EXPECT_EQ(StateOf(Show(ScreenId::Form1)), StateOf(*laid_out));
+    EXPECT_EQ(record, before);
+}
+
+}  // namespace
+}  // namespace velmora::test

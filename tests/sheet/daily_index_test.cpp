@@ -1,0 +1,395 @@
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/sheet_test.h"
+
+namespace velmora::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class DailyIndexTest : public SheetTest {
+protected:
+    void SetUp() override { form.DiaActual = 1; }
+
+    /// The group and the index of a row, as texts.
+    void SetRow(int row, std::string_view aditivo, std::string_view indice) {
+        Cell(row, kAditivo).Text = aditivo;
+        Cell(row, kIndice).Text = indice;
+    }
+
+    std::string IndicMas(int row) { return Cell(row, kIndicMas).Text; }
+
+    /// The texts of the column Indic.+ from the first row to this one.
+    std::vector<std::string> IndicMasTo(int last) {
+        std::vector<std::string> texts;
+        for (int row = 1; row <= last; ++row) texts.push_back(IndicMas(row));
+        return texts;
+    }
+};
+
+// ------------------------------------------------------------------------------ without a group
+
+TEST_F(DailyIndexTest, WithoutGroupsEachRowShowsItsIndexAsItStands) {
+    for (int row = 1; row <= 18; ++row) SetRow(row, "0", "." + Cifras(row));
+    form.Command4_Click();
+    for (int row = 1; row <= 18; ++row) EXPECT_EQ(IndicMas(row), "." + Cifras(row));
+}
+
+TEST_F(DailyIndexTest, TheIndexIsCopiedWithoutAConversion) {
+    SetRow(1, "0", "1.20");
+    SetRow(2, "", ".");
+    SetRow(3, "x", "4. y");
+    SetRow(4, ".", "");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(4), ElementsAre("1.20", ".", "4. y", ""));
+}
+
+TEST_F(DailyIndexTest, OldTextsOfTheColumnAreCleared) {
+    for (int row = 1; row <= 18; ++row) {
+        SetRow(row, "30", "1.");  // a group that no later step writes
+        Cell(row, kIndicMas).Text = "9";
+    }
+    form.Command4_Click();
+    for (int row = 1; row <= 18; ++row) EXPECT_EQ(IndicMas(row), "") << row;
+}
+
+// -------------------------------------------------------------------------------------- groups
+
+TEST_F(DailyIndexTest, AGroupNumberedAsItsFirstRowSpreadsItsSum) {
+    SetRow(1, "1", ".45");
+    SetRow(2, "0", "1.2");
+    SetRow(3, "1", ".3");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.75", "1.2", "0.75", ""));
+}
+
+TEST_F(DailyIndexTest, AGroupNumberedOtherwiseKeepsItsSumOnItsFirstRow) {
+    SetRow(1, "5", ".45");
+    SetRow(2, "0", "1.2");
+    SetRow(3, "5", ".3");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.75", "1.2", "", ""));
+}
+
+TEST_F(DailyIndexTest, AGroupOfOneEndsEmpty) {
+    SetRow(2, "2", ".45");
+    form.Command4_Click();
+    EXPECT_EQ(IndicMas(2), "");
+}
+
+TEST_F(DailyIndexTest, AGroupWhoseOtherMembersHaveNoIndexIsEmptiedAndSpreadsAZero) {
+    SetRow(1, "1", ".5");
+    SetRow(3, "1", "0");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", "0"));
+}
+
+TEST_F(DailyIndexTest, AGroupWhoseFirstMemberHasNoIndexKeepsTheSumOfTheOthers) {
+    SetRow(1, "1", ".");
+    SetRow(2, "1", ".2");
+    SetRow(3, "1", ".3");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(3), ElementsAre("0.5", "0.5", "0.5"));
+}
+
+TEST_F(DailyIndexTest, AGroupRunsAcrossTheThreeTasks) {
+    SetRow(1, "1", ".1");
+    SetRow(7, "1", ".2");
+    SetRow(18, "1", ".4");
+    form.Command4_Click();
+    EXPECT_EQ(IndicMas(1), "0.7");
+    EXPECT_EQ(IndicMas(7), "0.7");
+    EXPECT_EQ(IndicMas(18), "0.7");
+}
+
+TEST_F(DailyIndexTest, EachNumberUpTo20IsSummedAndNoHigherOne) {
+    for (int k = 1; k <= 22; ++k) {
+        form.limpia(1);
+        SetRow(16, Cifras(k), ".4");
+        SetRow(17, Cifras(k), ".5");
+        form.Command4_Click();
+        EXPECT_EQ(IndicMas(16), k <= 20 ? "0.9" : "") << k;
+        EXPECT_EQ(IndicMas(17), k == 16 ? "0.9" : "") << k;  // spread from its own row alone
+    }
+}
+
+TEST_F(DailyIndexTest, Groups19And20KeepTheirSumsAndNeverSpreadThem) {
+    SetRow(1, "19", ".4");
+    SetRow(2, "20", ".1");
+    SetRow(3, "19", ".4");
+    SetRow(4, "20", ".2");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.8", "0.3", "", ""));
+}
+
+TEST_F(DailyIndexTest, AGroupAbove20IsLeftEmpty) {
+    SetRow(1, "21", ".4");
+    SetRow(2, "21", ".1");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(2), ElementsAre("", ""));
+}
+
+TEST_F(DailyIndexTest, ANumberThatIsNotWholeIsNoGroupAndNoAbsenceOfOne) {
+    SetRow(1, "1.5", ".4");
+    SetRow(2, "1.5", ".1");
+    SetRow(3, "0.5", ".1");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", ""));
+}
+
+TEST_F(DailyIndexTest, GroupNumbersAreComparedAsNumbers) {
+    SetRow(1, "1", ".4");
+    SetRow(2, "1.0", ".1");
+    SetRow(3, "01 ", ".2");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(3), ElementsAre("0.7", "0.7", "0.7"));
+}
+
+TEST_F(DailyIndexTest, AMemberWithTheGroupsNumberBehindTheFirstSpreadsItsOwnEmptyCell) {
+    // Group 5 stands on rows 2, 5 and 8: row 5 bears its own number, but the sum is on row 2.
+    SetRow(2, "5", ".4");
+    SetRow(5, "5", ".1");
+    SetRow(8, "5", ".2");
+    form.Command4_Click();
+    EXPECT_EQ(IndicMas(2), "0.7");
+    EXPECT_EQ(IndicMas(5), "");
+    EXPECT_EQ(IndicMas(8), "0");
+}
+
+TEST_F(DailyIndexTest, SeveralGroupsAreKeptApart) {
+    SetRow(1, "1", ".1");
+    SetRow(2, "2", "1.");
+    SetRow(3, "1", ".2");
+    SetRow(4, "2", "2.");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.3", "3", "0.3", "3"));
+}
+
+TEST_F(DailyIndexTest, TheRunningSumLivesInTheCellAsTextOfFifteenDigits) {
+    // 1E+14 + 0.4 is written 100000000000000, twice: the sum equals the first row's index. Added
+    // without the text in between it would come to 100000000000001.
+    SetRow(1, "1", "100000000000000");
+    SetRow(2, "1", ".4");
+    SetRow(3, "1", ".4");
+    form.Command4_Click();
+    EXPECT_EQ(IndicMas(1), "");
+    EXPECT_EQ(IndicMas(3), "0");
+}
+
+TEST_F(DailyIndexTest, SumsAreWrittenWithoutRoundingToTwoDecimals) {
+    SetRow(1, "1", "0.123");
+    SetRow(2, "1", "0.0004");
+    form.Command4_Click();
+    EXPECT_EQ(IndicMas(1), "0.1234");
+}
+
+// ------------------------------------------------------------- C2 and C3 of the sheet's first row
+
+TEST_F(DailyIndexTest, TwoEqualSamplesInTheFirstRowsC2AndC3LoseTheSecond) {
+    SetSamples(1, {"2", "3", "3", "5"});
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kC1 + 1).Text, "3");
+    EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
+    EXPECT_EQ(Cell(1, kC1 + 3).Text, "5");
+}
+
+TEST_F(DailyIndexTest, EqualMeansEqualAsNumbers) {
+    SetSamples(1, {"2", "3", "3.0"});
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
+    SetSamples(1, {"2", "", "0"});
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
+}
+
+TEST_F(DailyIndexTest, TwoDifferentSamplesThereStay) {
+    SetSamples(1, {"3", "3", "4", "4"});
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kC1 + 1).Text, "3");
+    EXPECT_EQ(Cell(1, kC1 + 2).Text, "4");
+}
+
+TEST_F(DailyIndexTest, TwoEmptyCellsThereStayEmpty) {
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kC1 + 1).Text, "");
+    EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
+}
+
+TEST_F(DailyIndexTest, EqualSamplesOfTheOtherRowsStay) {
+    for (int row = 2; row <= 18; ++row) SetSamples(row, {"3", "3", "3", "3", "3", "3"});
+    const auto before = StateOf(form);
+    form.Command4_Click();
+    for (const std::string& name : Changed(before, form)) {
+        for (int row = 2; row <= 18; ++row) {
+            for (int column = kC1; column <= kC6; ++column) EXPECT_NE(name, Name(row, column));
+        }
+    }
+}
+
+TEST_F(DailyIndexTest, TheSampleIsLostEvenIfEveryRowHasAGroupOfItsOwn) {
+    for (int row = 1; row <= 18; ++row) SetRow(row, Cifras(row), ".1");
+    SetSamples(1, {"2", "3", "3"});  // the numbers 19 and 20 are matched by no row
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
+}
+
+TEST_F(DailyIndexTest, ALaterValidationSeesTheChangedRow) {
+    SetPlan(1, 1, 1);
+    record.VlaEd(1, 1) = 8;
+    Choose("introprimero");
+    SetSamples(1, {"2", "8", "8"});
+    form.Command1_Click();
+    const std::string mmp = Cell(1, kMmp).Text;
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kMmp).Text, mmp) << "what was computed stays";
+    form.Command1_Click();
+    EXPECT_EQ(Cell(1, kMmp).Text, "4.") << "the mean of 2 and 8";
+    EXPECT_NE(mmp, "4.");
+}
+
+// ---------------------------------------------------------------------------------- MG and GSD
+
+TEST_F(DailyIndexTest, All18RowsShowTheMeanAndDeviationThatTheRecordHoldsForTheDay) {
+    for (int dia = 1; dia <= 3; ++dia) {
+        for (int tarea = 1; tarea <= 3; ++tarea) {
+            for (int c = 1; c <= 6; ++c) {
+                record.MG(dia, tarea, c) = 100 * dia + 10 * tarea + c + 0.126;
+                record.GSD(dia, tarea, c) = 100 * dia + 10 * tarea + c + 0.5;
+            }
+        }
+    }
+    for (int dia = 1; dia <= 3; ++dia) {
+        form.DiaActual = dia;
+        form.Command4_Click();
+        for (int row = 1; row <= 18; ++row) {
+            const int n = 100 * dia + 10 * ((row - 1) / 6 + 1) + (row - 1) % 6 + 1;
+            EXPECT_EQ(Cell(row, kMg).Text, Cifras(n) + ".13");
+            EXPECT_EQ(Cell(row, kGsd).Text, Cifras(n) + ".5");
+        }
+    }
+}
+
+TEST_F(DailyIndexTest, AfterARestoreTheShownFiguresGiveWayToTheZerosOfTheRecord) {
+    SetPlan(1, 1, 1);
+    record.HojaPrimerDia(Index(1, kMg) + 1) = "117.11";
+    record.HojaPrimerDia(Index(1, kGsd) + 1) = "1.21";
+    Choose("recupprimerdia");
+    ASSERT_EQ(Cell(1, kMg).Text, "117.11");
+    form.Command4_Click();
+    for (int row = 1; row <= 18; ++row) {
+        EXPECT_EQ(Cell(row, kMg).Text, ".");
+        EXPECT_EQ(Cell(row, kGsd).Text, ".");
+    }
+}
+
+// --------------------------------------------------------------------------- the press as a whole
+
+TEST_F(DailyIndexTest, OpensCommand5AndTouchesNothingElseThanItsThreeColumns) {
+    SetRow(1, "0", ".5");
+    SetSamples(1, {"2", "3", "4"});
+    const auto before = StateOf(form);
+    const EvaluacionRecord record_before = record;
+    form.Command4_Click();
+    std::vector<std::string> expected = {Name(1, kIndicMas), "Command5"};
+    for (int row = 1; row <= 18; ++row) {
+        expected.push_back(Name(row, kMg));
+        expected.push_back(Name(row, kGsd));
+    }
+    EXPECT_THAT(Changed(before, form), ::testing::UnorderedElementsAreArray(expected));
+    EXPECT_TRUE(form.Command5.Visible);
+    EXPECT_TRUE(form.Command5.Enabled);
+    EXPECT_TRUE(record == record_before);
+}
+
+TEST_F(DailyIndexTest, ASecondPressComesToTheSame) {
+    SetRow(1, "1", ".45");
+    SetRow(2, "0", "1.2");
+    SetRow(3, "1", ".3");
+    SetSamples(1, {"2", "3", "3"});
+    form.Command4_Click();
+    const auto after_first = StateOf(form);
+    form.Command4_Click();
+    EXPECT_THAT(Changed(after_first, form), IsEmpty());
+}
+
+TEST_F(DailyIndexTest, ASecondPressFollowsChangedGroups) {
+    SetRow(1, "1", ".45");
+    SetRow(3, "1", ".3");
+    form.Command4_Click();
+    SetRow(3, "0", ".3");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", ".3"));
+}
+
+// -------------------------------------------------------------------------------- run-time errors
+
+TEST_F(DailyIndexTest, ASumTooLargeEndsTheProgramWithTheColumnsBehindItUntouched) {
+    Cell(1, kIndicMas).Text = "9";
+    SetRow(1, "0", ".5");
+    SetRow(2, "1", "1E+308");
+    SetRow(3, "1", "1E+308");
+    ExpectError(TipoError::Desbordamiento, [&] { form.Command4_Click(); });
+    EXPECT_EQ(IndicMas(1), "") << "cleared, not copied yet";
+    EXPECT_EQ(IndicMas(2), "1E+308");
+    EXPECT_EQ(Cell(1, kMg).Text, "");
+    EXPECT_FALSE(form.Command5.Visible || form.Command5.Enabled);
+}
+
+TEST_F(DailyIndexTest, ADayOutsideTheRecordEndsTheProgramWithTheSumsWritten) {
+    for (const int dia : {0, 4}) {
+        form.limpia(1);
+        form.DiaActual = dia;
+        SetRow(1, "1", ".5");
+        SetRow(2, "1", ".25");
+        SetRow(3, "0", ".1");
+        SetSamples(1, {"2", "3", "3"});
+        ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command4_Click(); });
+        EXPECT_THAT(IndicMasTo(3), ElementsAre("0.75", "", ""));
+        EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
+        EXPECT_EQ(Cell(1, kMg).Text, "");
+        EXPECT_FALSE(form.Command5.Visible);
+    }
+}
+
+// ------------------------------------------------------------------------------------- the comma
+
+TEST_F(DailyIndexTest, UnderACommaTheIndexesEnterTheSumsCutAtIt) {
+    const WithSeparator comma(",");
+    SetRow(1, "1", "1,23");
+    SetRow(2, "1", ",45");
+    SetRow(3, "1", "2,9");
+    SetRow(4, "0", "1,23");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(4), ElementsAre("3", "3", "3", "1,23"));
+}
+
+TEST_F(DailyIndexTest, UnderACommaAGroupOfFractionsAddsUpToNothing) {
+    const WithSeparator comma(",");
+    SetRow(1, "1", ",45");
+    SetRow(2, "1", ",45");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(2), ElementsAre("", "0"));
+}
+
+TEST_F(DailyIndexTest, UnderACommaARunningSumIsReadBackCut) {
+    const WithSeparator comma(",");
+    // Worked by hand: 0 + 1.5 is 1,5, read back as 1; 1 + 1.5 is 2,5, which spreads as 2.
+    SetRow(1, "1", "1.5");
+    SetRow(2, "1", "1.5");
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(2), ElementsAre("2,5", "2"));
+}
+
+TEST_F(DailyIndexTest, UnderACommaTheColumnsAreWrittenWithIt) {
+    const WithSeparator comma(",");
+    record.MG(1, 1, 1) = 0.5;
+    form.Command4_Click();
+    EXPECT_EQ(Cell(1, kMg).Text, ",5");
+    EXPECT_EQ(Cell(2, kGsd).Text, ",");
+}
+
+}  // namespace
+}  // namespace velmora::test

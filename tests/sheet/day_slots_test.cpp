@@ -1,0 +1,1090 @@
+#include <algorithm>
+#include <array>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "support/sheet_test.h"
+
+namespace velmora::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr std::string_view kDiaIncoherente =
+    " El número de día seleccionado no es coherente con los datos introducidos";
+
+constexpr std::string_view kTituloDelPrimerDia =
+    "Velmora / h5                          CÁLCULOS   Y   RESULTADOS: PRIMER DIA ";
+constexpr std::string_view kTituloDelSegundoDia =
+    "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : SEGUNDO DIA";
+constexpr std::string_view kTituloDelTercerDia =
+    "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : TERCER DIA";
+
+constexpr std::array<std::string_view, 8> kRestoDeConclusiones = {
+    "Label1", "Label2", "Label4", "Text2", "Text4", "Text5", "Text6", "Text7"};
+
+bool IsShown(const Form5& form, std::string_view name) {
+    const Control* control = form.FindControl(name);
+    return std::visit(
+        [](const auto& state) {
+            if constexpr (std::is_same_v<std::decay_t<decltype(state)>, Picture>)
+                return true;
+            else
+                return state->Visible;
+        },
+        control->state);
+}
+
+/// Whether a button is visible and enabled (2), one of both (1), or neither (0).
+int Openness(const Button& button) { return (button.Visible ? 1 : 0) + (button.Enabled ? 1 : 0); }
+
+std::vector<int> OpenButtons(const Form5& form) {
+    return {Openness(form.Command1), Openness(form.Command2), Openness(form.Command3),
+            Openness(form.Command4), Openness(form.Command5), Openness(form.Command6),
+            Openness(form.Command7), Openness(form.Command8)};
+}
+
+// ------------------------------------------------------------------------------------- the layout
+
+struct Column {
+    std::string_view heading;
+    int left;
+    int width;
+};
+
+// clang-format off
+constexpr std::array<Column, 18> kColumns = {{
+    {"Nº",            120,  255}, {"Contaminante",  360, 1335}, {"ED",      1680, 495},
+    {"EC",           2160,  495}, {"Unid.",        2640,  495}, {"T.M.",    3120, 375},
+    {"A+",           3480,  255}, {"C1",           3840,  495}, {"C2",      4320, 495},
+    {"C3",           4800,  495}, {"C4",           5280,  495}, {"C5",      5760, 495},
+    {"C6",           6240,  495}, {"MMP",          6840,  855}, {"Indice",  7680, 495},
+    {"Indic.+",      8160,  615}, {"MG",           8760,  615}, {"GSD",     9360, 495},
+}};
+constexpr std::array<Column, 4> kColumns3 = {{
+    {"EC+", 9960, 495}, {"MG+", 10440, 495}, {"GSD+", 10920, 495}, {"Prob.", 11400, 495},
+}};
+constexpr std::array<int, 18> kTops = { 840, 1080, 1320, 1560, 1800, 2040,
+                                       3120, 3360, 3600, 3840, 4080, 4320,
+                                       5400, 5640, 5880, 6120, 6360, 6600};
+constexpr std::array<int, 3> kHeadingTops = {480, 2760, 5040};
+constexpr std::array<int, 3> kTitleTops = {120, 2400, 4680};
+constexpr std::array<std::string_view, 3> kTitles = {
+    "Datos  relativos a la 1ª tarea", "Datos relativos a la 2ª tarea",
+    "Datos relativos a la 3ª tarea"};
+
+struct Placed {
+    std::string_view name;
+    Box box;
+    std::string_view caption;
+};
+constexpr std::array<Placed, 17> kOthers = {{
+    {"Command1", { 3840,  120, 4335, 255}, "Validar 1ª tarea"},
+    {"Command2", { 3840, 2400, 6015, 255}, "Validar 2ª tarea"},
+    {"Command3", { 3840, 4680, 6015, 255}, "Validar 3ª tarea"},
+    {"Command4", { 8280,  120, 1575, 255}, "Indice+ / MG / GSD"},
+    {"Command5", { 9960,  120, 1935, 255}, "EC+/MG+/GSD+/Prob."},
+    {"Command6", { 9960, 2400, 1935, 255}, "EC+/MG+/GSD+/Prob."},
+    {"Command7", { 9960, 4680, 1935, 255}, "EC+/MG+/GSD+/Prob."},
+    {"Command8", { 4080, 7080, 7695, 255}, "Conclusiones referidas a la jornada en curso :     Validar"},
+    {"Label1",   {  120, 7080, 3255, 255}, "¿Se ha superado   3 x VLA-ED  o    VLA-EC ?"},
+    {"Text7",    { 3360, 7080,  615, 285}, ""},
+    {"Label2",   {  120, 7440, 3255, 255}, "Mayor indice calculado: simple y aditivo"},
+    {"Text2",    { 3360, 7440,  615, 285}, ""},
+    {"Text5",    { 4080, 7440, 7695, 285}, ""},
+    {"Label4",   {  120, 7800, 3255, 255}, "Probabilidad de superar corta exposición:"},
+    {"Text4",    { 3360, 7800,  615, 285}, ""},
+    {"Text6",    { 4080, 7800, 7695, 285}, ""},
+    {"Label5",   { 9840, 8160, 2535, 255}, ""},
+}};
+// clang-format on
+
+class SheetLayoutTest : public SheetTest {
+protected:
+    void ExpectPlaced(const std::string& name, const Box& box) {
+        const Control* control = form.FindControl(name);
+        ASSERT_NE(control, nullptr) << name;
+        EXPECT_EQ(control->row.box.left, box.left) << name;
+        EXPECT_EQ(control->row.box.top, box.top) << name;
+        EXPECT_EQ(control->row.box.width, box.width) << name;
+        EXPECT_EQ(control->row.box.height, box.height) << name;
+    }
+
+    const Look& LookOf(const std::string& name) { return form.FindControl(name)->row.look; }
+};
+
+TEST_F(SheetLayoutTest, EachCellOfTheMainGridStandsInItsColumnAndRow) {
+    for (int row = 1; row <= 18; ++row) {
+        for (int column = 0; column < 18; ++column) {
+            const Column& c = kColumns.at(static_cast<std::size_t>(column));
+            ExpectPlaced(Name(row, column),
+                         {c.left, kTops.at(static_cast<std::size_t>(row - 1)), c.width, 285});
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, EachCellOfTheRightHandGridStandsInItsColumnAndRow) {
+    for (int row = 1; row <= 18; ++row) {
+        for (int column = 0; column < 4; ++column) {
+            const Column& c = kColumns3.at(static_cast<std::size_t>(column));
+            ExpectPlaced(Name3(row, column),
+                         {c.left, kTops.at(static_cast<std::size_t>(row - 1)), c.width, 285});
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, EachNameIsThatOfTheCellWithItsIndex) {
+    for (int i = 0; i < 324; ++i) {
+        EXPECT_EQ(std::get<TextCell*>(form.FindControl(Indexed("Text1", i))->state),
+                  &form.Text1(i));
+    }
+    for (int i = 0; i < 72; ++i) {
+        EXPECT_EQ(std::get<TextCell*>(form.FindControl(Indexed("Text3", i))->state),
+                  &form.Text3(i));
+    }
+}
+
+TEST_F(SheetLayoutTest, TheHeadingsOfTheMainGridAreRepeatedForEachTask) {
+    for (int tarea = 1; tarea <= 3; ++tarea) {
+        const int top = kHeadingTops.at(static_cast<std::size_t>(tarea - 1));
+        for (int column = 0; column < 18; ++column) {
+            const int index = (tarea - 1) * 18 + column;
+            const Column& c = kColumns.at(static_cast<std::size_t>(column));
+            EXPECT_EQ(form.Label7(index).Caption, c.heading) << index;
+            ExpectPlaced(Indexed("Label7", index), {c.left, top, c.width, 255});
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, TheHeadingsOfTheRightHandGridAreRepeatedForEachTask) {
+    for (int tarea = 1; tarea <= 3; ++tarea) {
+        const int top = kHeadingTops.at(static_cast<std::size_t>(tarea - 1));
+        for (int column = 0; column < 4; ++column) {
+            const int index = (tarea - 1) * 4 + column;
+            const Column& c = kColumns3.at(static_cast<std::size_t>(column));
+            EXPECT_EQ(form.Label3(index).Caption, c.heading) << index;
+            ExpectPlaced(Indexed("Label3", index), {c.left, top, c.width, 255});
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, TheTaskTitlesAreTheLastOfTheirArrayAndOnlyTheFirstHasTwoBlanks) {
+    for (int tarea = 1; tarea <= 3; ++tarea) {
+        const auto place = static_cast<std::size_t>(tarea - 1);
+        EXPECT_EQ(form.Label7(53 + tarea).Caption, kTitles.at(place));
+        ExpectPlaced(Indexed("Label7", 53 + tarea), {120, kTitleTops.at(place), 3615, 255});
+    }
+}
+
+TEST_F(SheetLayoutTest, TheOtherControlsStandWhereTheyBelongWithTheirTexts) {
+    for (const Placed& placed : kOthers) {
+        const std::string name(placed.name);
+        ExpectPlaced(name, placed.box);
+        const Control* control = form.FindControl(name);
+        if (const auto* button = std::get_if<Button*>(&control->state)) {
+            EXPECT_EQ((*button)->Caption, placed.caption) << name;
+        } else if (const auto* label = std::get_if<Label*>(&control->state)) {
+            EXPECT_EQ((*label)->Caption, placed.caption) << name;
+        } else {
+            EXPECT_EQ(std::get<TextCell*>(control->state)->Text, placed.caption) << name;
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, NothingElseStandsOnTheSheet) {
+    EXPECT_EQ(form.Controls().size(), 324U + 72U + 57U + 12U + kOthers.size());
+}
+
+TEST_F(SheetLayoutTest, TheHeadingsOfTheMeasurementsAreWhiteOnRed) {
+    for (int tarea = 1; tarea <= 3; ++tarea) {
+        for (int column = kC1; column <= kC6; ++column) {
+            const Look& look = LookOf(Indexed("Label7", (tarea - 1) * 18 + column));
+            EXPECT_EQ(look.fore, 0xFFFFFFU);
+            const Color red = look.back & 0xFFU;  // the low byte
+            EXPECT_GE(red, 0x80U);
+            EXPECT_LE(look.back >> 8U & 0xFFU, red / 4);
+            EXPECT_LE(look.back >> 16U & 0xFFU, red / 4);
+            EXPECT_EQ(look.back >> 24U, 0U) << "no system colour";
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, TheOtherHeadingsAreDarkOnPaleColours) {
+    const auto brightness = [](Color color) {
+        if (color == kTextoDeVentana) return 0U;
+        if (color == kFondoDeVentana) return 255U;
+        return (299U * (color & 0xFFU) + 587U * (color >> 8U & 0xFFU) +
+                114U * (color >> 16U & 0xFFU)) /
+               1000U;
+    };
+    const auto expect_dark_on_pale = [&](const std::string& name) {
+        const Look& look = LookOf(name);
+        EXPECT_NE(look.back, Look::kTransparente) << name;
+        EXPECT_LT(brightness(look.fore), 110U) << name;
+        EXPECT_GT(brightness(look.back), 180U) << name;
+    };
+    for (int i = 0; i < 57; ++i) {
+        const bool measurement = i < 54 && i % 18 >= kC1 && i % 18 <= kC6;
+        if (!measurement) expect_dark_on_pale(Indexed("Label7", i));
+    }
+    for (int i = 0; i < 12; ++i) expect_dark_on_pale(Indexed("Label3", i));
+}
+
+TEST_F(SheetLayoutTest, TabRunsThroughTheMeasurementsRowByRowAndOnlyThenThroughTheLockedColumns) {
+    std::vector<std::pair<int, std::string>> stops;
+    for (int i = 0; i < 324; ++i) {
+        const std::string name = Indexed("Text1", i);
+        const int tab = form.FindControl(name)->row.tab;
+        ASSERT_NE(tab, kSinTab) << name;
+        stops.emplace_back(tab, name);
+    }
+    std::ranges::sort(stops);
+    std::size_t next = 0;
+    for (int row = 1; row <= 18; ++row) {
+        for (int column = kC1; column <= kC6; ++column) {
+            EXPECT_EQ(stops[next++].second, Name(row, column));
+        }
+    }
+    for (; next < stops.size(); ++next) {
+        EXPECT_GT(stops[next].first, stops[107].first) << stops[next].second;
+    }
+}
+
+TEST_F(SheetLayoutTest, NoTwoControlsShareAPlaceInTheTabOrder) {
+    std::vector<int> tabs;
+    for (const Control& control : form.Controls()) {
+        if (control.row.tab != kSinTab) tabs.push_back(control.row.tab);
+    }
+    std::ranges::sort(tabs);
+    EXPECT_EQ(std::ranges::adjacent_find(tabs), tabs.end());
+}
+
+TEST_F(SheetLayoutTest, TheFiveAnswerCellsAreLockedFromTheStart) {
+    for (const TextCell* cell : {&form.Text2, &form.Text4, &form.Text5, &form.Text6, &form.Text7}) {
+        EXPECT_TRUE(cell->Locked);
+    }
+}
+
+TEST_F(SheetLayoutTest, TheScreenHasItsSizeAndItsCaptionOfDesign) {
+    const auto made = MakeScreen(ScreenId::Form5, Entorno{record, chain, host});
+    EXPECT_EQ(made->Caption,
+              " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ");
+    EXPECT_EQ(made->ClientArea().width, 11880);
+    EXPECT_EQ(made->ClientArea().height, 8310);
+}
+
+// -------------------------------------------------------------------------------- menu and moves
+
+TEST_F(SheetTest, TheMenuBarHasItsEntriesAndSpacersInTheirOrder) {
+    std::vector<std::string> bar;
+    for (const MenuEntry& title : form.Menu()) {
+        bar.push_back(std::string(title.name) + "|" + std::string(title.caption));
+        for (const MenuEntry& entry : title.list) {
+            bar.push_back("- " + std::string(entry.name) + "|" + std::string(entry.caption));
+        }
+    }
+    EXPECT_THAT(
+        bar, ElementsAre("vacio1|", "vacio2|", "introducirdatos|Introducir datos",
+                         "- introprimero|Primer dia", "- introsegundo|Segundo dia",
+                         "- introtercero|Tercer dia", "vacio3|", "vacio4|",
+                         "recuperar|Recuperar datos/cálculos", "- recupprimerdia|Primer dia",
+                         "- recupsegundodia|Segundo dia", "- recuptercerdia|Tercer dia", "vacio5|",
+                         "vacio6|", "continuar|Continuar/Regresar",
+                         "- datosiniciales|Datos iniciales: Jornadas y Tareas",
+                         "- contaminantes|Contaminantes", "- resultadosfinales|Resultado final",
+                         "- datosempresa|Datos de empresa", "vacio9|", "vacio14|",
+                         "imprimir|Imprimir", "vacio15|", "salir|Salir"));
+}
+
+TEST_F(SheetTest, TheTitlesThatOpenListsAndTheSpacersHaveNoHandler) {
+    for (const MenuEntry& title : form.Menu()) {
+        const bool works = title.name == "imprimir" || title.name == "salir";
+        EXPECT_EQ(static_cast<bool>(title.Click), works) << title.name;
+    }
+}
+
+TEST_F(SheetTest, EachEntryOfContinuarGoesToItsScreen) {
+    const std::array<std::pair<std::string_view, ScreenId>, 4> moves = {
+        {{"datosiniciales", ScreenId::Form3},
+         {"contaminantes", ScreenId::Form4},
+         {"resultadosfinales", ScreenId::Form6},
+         {"datosempresa", ScreenId::Form2}}};
+    for (const auto& [entry, target] : moves) {
+        Open<Form5>(ScreenId::Form5);
+        Choose(entry);
+        EXPECT_EQ(chain.Current().Id(), target) << entry;
+    }
+}
+
+TEST_F(SheetTest, Salir_AsksWithYesAsDefaultAndStaysOnNo) {
+    host.ExpectBox("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, Respuesta::No);
+    Choose("salir");
+}
+
+TEST_F(SheetTest, Salir_EndsTheProcessOnYes) {
+    host.ExpectBox("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, Respuesta::Si);
+    host.ExpectEnd();
+    Choose("salir");
+}
+
+constexpr std::string_view kPreguntaDeImprimir =
+    "Se imprimirán todos los datos en pantalla\r\n¿Desea continuar?\r\n \r\n"
+    "Pulsar 'Si' no admite cancelación posterior";
+
+TEST_F(SheetTest, Imprimir_OnYesShowsThePrintDialogAndPrintsTheSheet) {
+    host.ExpectBox(std::string(kPreguntaDeImprimir), Estilo::SiNo, Respuesta::Si);
+    Choose("imprimir");
+    ASSERT_EQ(host.print_dialogs.size(), 1U);
+    EXPECT_EQ(host.print_dialogs[0].Flags, 524288U);
+    EXPECT_EQ(host.print_dialogs[0].FromPage, 0);
+    EXPECT_EQ(host.print_dialogs[0].ToPage, 1000);
+    EXPECT_EQ(host.printed, 1);
+}
+
+TEST_F(SheetTest, Imprimir_OnNoPrintsNothing) {
+    host.ExpectBox(std::string(kPreguntaDeImprimir), Estilo::SiNo, Respuesta::No);
+    Choose("imprimir");
+    EXPECT_TRUE(host.print_dialogs.empty());
+    EXPECT_EQ(host.printed, 0);
+}
+
+TEST_F(SheetTest, TheClockTouchesItsLabelAlone) {
+    host.now.tm_mday = 7;
+    host.now.tm_mon = 1;
+    host.now.tm_year = 104;
+    host.now.tm_hour = 9;
+    host.now.tm_min = 5;
+    host.now.tm_sec = 3;
+    const auto before = StateOf(form);
+    form.Timer1_Timer();
+    EXPECT_THAT(Changed(before, form), ElementsAre("Label5"));
+    EXPECT_EQ(form.Label5.Caption, "07:02:04     09:05:03");
+    EXPECT_EQ(&form.Clock(), &form.Label5);
+}
+
+TEST_F(SheetTest, LeavingTheSheetAndComingBackBlanksItButTheSlotCanBeBroughtBack) {
+    SetPlan(1, 1, 1);
+    record.HojaPrimerDia(Index(1, kC1) + 1) = "12.5";
+    Choose("recupprimerdia");
+    ASSERT_EQ(form.Text1(kC1).Text, "12.5");
+    Choose("datosempresa");
+    auto& back = Open<Form5>(ScreenId::Form5);
+    EXPECT_EQ(back.Text1(kC1).Text, "");
+    EXPECT_FALSE(back.Text1(kC1).Visible);
+    Choose("recupprimerdia");
+    EXPECT_EQ(back.Text1(kC1).Text, "12.5");
+    EXPECT_TRUE(back.Text1(kC1).Visible);
+}
+
+// ------------------------------------------------------------------------------- load and limpia
+
+TEST_F(SheetTest, Load_SetsThePlainCaptionAndShowsNothingButTheClock) {
+    EXPECT_EQ(form.Caption, "Velmora / h5                          CÁLCULOS   Y   RESULTADOS ");
+    for (const Control& control : form.Controls()) {
+        if (control.name == "Label5") continue;
+        EXPECT_FALSE(IsShown(form, control.name)) << control.name;
+    }
+    EXPECT_THAT(OpenButtons(form), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+}
+
+TEST_F(SheetTest, Load_BlanksTheSheet) {
+    Scribble();
+    form.Form_Load();
+    EXPECT_EQ(Cell(1, kC1).Text, "");
+    EXPECT_FALSE(Cell(1, kC1).Visible);
+    EXPECT_FALSE(form.Command8.Visible);
+}
+
+TEST_F(SheetTest, Load_ReadsNothingOfARecordWithAPlanAndADay) {
+    SetPlan(3, 3, 6);
+    record.HojaPrimerDia(1) = "1";
+    auto& opened = Open<Form5>(ScreenId::Form5);
+    EXPECT_FALSE(opened.Text1(0).Visible);
+    EXPECT_EQ(opened.Text1(0).Text, "");
+    EXPECT_EQ(opened.DiaActual, 0);
+}
+
+TEST_F(SheetTest, Limpia_HidesLocksAndEmptiesTheCellsOfBothGrids) {
+    Scribble();
+    form.limpia(1);
+    // The colours stay as they are.
+    const TextCell blank{
+        .Text = "", .Visible = false, .Locked = true, .BackColor = 7, .ForeColor = 9};
+    for (int i = 0; i < 324; ++i) EXPECT_EQ(form.Text1(i), blank) << i;
+    for (int i = 0; i < 72; ++i) EXPECT_EQ(form.Text3(i), blank) << i;
+}
+
+TEST_F(SheetTest, Limpia_HidesTheHeadingsAndHidesAndDisablesTheEightButtons) {
+    Scribble();
+    form.limpia(1);
+    for (int i = 0; i < 57; ++i) EXPECT_FALSE(form.Label7(i).Visible) << i;
+    for (int i = 0; i < 12; ++i) EXPECT_FALSE(form.Label3(i).Visible) << i;
+    EXPECT_THAT(OpenButtons(form), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+    EXPECT_TRUE(form.Label5.Visible) << "the clock stays";
+}
+
+TEST_F(SheetTest, Limpia_HidesTheConclusionAreaAndKeepsTheTextOfItsFiveCells) {
+    Scribble();
+    form.limpia(1);
+    for (const std::string_view name : kRestoDeConclusiones) {
+        EXPECT_FALSE(IsShown(form, name)) << name;
+    }
+    // Only hidden: neither text nor lock nor colours are touched.
+    const TextCell hidden{
+        .Text = "x", .Visible = false, .Locked = false, .BackColor = 7, .ForeColor = 9};
+    for (const TextCell* cell : {&form.Text2, &form.Text4, &form.Text5, &form.Text6, &form.Text7}) {
+        EXPECT_EQ(*cell, hidden);
+    }
+}
+
+TEST_F(SheetTest, Limpia_DoesTheSameWhateverItsArgument) {
+    Scribble();
+    form.limpia(1);
+    const auto with_one = StateOf(form);
+    for (const int argument : {-32768, 0, 2, 3, 4, 32767}) {
+        Scribble();
+        form.limpia(argument);
+        EXPECT_THAT(Changed(with_one, form), IsEmpty()) << argument;
+    }
+}
+
+TEST_F(SheetTest, Limpia_TouchesNeitherTheRecordNorTheDayNorTheCaption) {
+    SetPlan(3, 3, 6);
+    const EvaluacionRecord before = record;
+    form.DiaActual = 2;
+    form.Caption = "título";
+    form.limpia(1);
+    EXPECT_TRUE(record == before);
+    EXPECT_EQ(form.DiaActual, 2);
+    EXPECT_EQ(form.Caption, "título");
+}
+
+// ------------------------------------------------------------------------------------------ intro
+
+struct DayEntry {
+    std::string_view entry;
+    int dia;
+    std::string_view caption;
+};
+
+void PrintTo(const DayEntry& entry, std::ostream* out) { *out << entry.entry; }
+
+constexpr std::array<DayEntry, 6> kDayEntries = {{{"introprimero", 1, kTituloDelPrimerDia},
+                                                  {"introsegundo", 2, kTituloDelSegundoDia},
+                                                  {"introtercero", 3, kTituloDelTercerDia},
+                                                  {"recupprimerdia", 1, kTituloDelPrimerDia},
+                                                  {"recupsegundodia", 2, kTituloDelSegundoDia},
+                                                  {"recuptercerdia", 3, kTituloDelTercerDia}}};
+
+class DayEntryTest : public SheetTest, public ::testing::WithParamInterface<DayEntry> {};
+
+TEST_P(DayEntryTest, SetsTheCaptionOfItsDayAndTheDay) {
+    SetPlan(3, 1, 2);
+    Choose(GetParam().entry);
+    EXPECT_EQ(form.Caption, GetParam().caption);
+    EXPECT_EQ(form.DiaActual, GetParam().dia);
+}
+
+TEST_P(DayEntryTest, WithoutAPlanRefusesEveryDayWithTheMessageOnABlankSheet) {
+    Scribble();
+    host.ExpectBox(std::string(kDiaIncoherente));
+    std::string while_shown;
+    host.on_box = [&] {
+        while_shown = form.Caption;
+        EXPECT_EQ(form.DiaActual, GetParam().dia);
+        EXPECT_FALSE(form.Text1(0).Visible);
+        EXPECT_EQ(form.Text1(0).Text, "");
+        EXPECT_THAT(OpenButtons(form), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+    };
+    Choose(GetParam().entry);
+    EXPECT_EQ(while_shown, GetParam().caption) << "the title bar names the refused day";
+    EXPECT_EQ(form.Caption, GetParam().caption);
+    EXPECT_EQ(form.DiaActual, GetParam().dia);
+}
+
+TEST_P(DayEntryTest, OnAPlanOfOneDayRefusesTheOtherDays) {
+    SetPlan(1, 1, 2);
+    if (GetParam().dia > 1) host.ExpectBox(std::string(kDiaIncoherente));
+    Choose(GetParam().entry);
+    EXPECT_EQ(form.Command1.Visible, GetParam().dia == 1);
+    EXPECT_EQ(form.Text1(0).Visible, GetParam().dia == 1);
+    EXPECT_EQ(form.Caption, GetParam().caption);
+}
+
+TEST_P(DayEntryTest, ANegativeNumberOfDaysRefusesEveryDay) {
+    SetPlan(-1, 1, 2);
+    host.ExpectBox(std::string(kDiaIncoherente));
+    Choose(GetParam().entry);
+    EXPECT_FALSE(form.Command1.Visible);
+}
+
+TEST_P(DayEntryTest, APlanWithoutTasksLeavesABlankSheetWithoutAMessage) {
+    SetPlan(3, 0, 2);
+    Scribble();
+    Choose(GetParam().entry);
+    for (const Control& control : form.Controls()) {
+        if (control.name != "Label5") {
+            EXPECT_FALSE(IsShown(form, control.name)) << control.name;
+        }
+    }
+    EXPECT_THAT(OpenButtons(form), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+    EXPECT_EQ(form.DiaActual, GetParam().dia);
+}
+
+TEST_P(DayEntryTest, ChangesNothingOfTheRecord) {
+    SetPlan(3, 3, 6);
+    for (auto* slot : {&record.HojaPrimerDia, &record.HojaSegundoDia, &record.HojaTercerDia}) {
+        for (std::string& entry : *slot) entry = "antes";
+    }
+    const EvaluacionRecord before = record;
+    Choose(GetParam().entry);
+    EXPECT_TRUE(record == before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Menu, DayEntryTest, ::testing::ValuesIn(kDayEntries),
+                         [](const auto& tested) { return std::string(tested.param.entry); });
+
+/// A plan whose every value tells where it comes from; tasks of the three days have other rows.
+class IntroTest : public SheetTest {
+protected:
+    void SetUp() override {
+        record.NumJornadas = 3;
+        record.NumTareas = 3;
+        for (int t = 1; t <= 3; ++t) {
+            record.NumContaminantes(t) = 1;  // not consulted for the rows
+            for (int c = 1; c <= 6; ++c) {
+                record.NombreContaminante(t, c) = " agente " + Cifras(10 * t + c) + " ";
+                record.VlaEd(t, c) = 10 * t + c + 0.5;
+                record.VlaEc(t, c) = c == 1 ? 0 : 100 * t + c;
+                record.Unidades(t, c) = c % 2 == 0 ? "ppm" : "mg/m3";
+                record.TiempoMuestreo(t, c) = c % 2 == 0 ? 30 : 15;
+                record.Aditivo(t, c) = c - 1;
+            }
+        }
+    }
+
+    /// The rows of the three tasks on a day; half of them, rounded down, of 30 minutes.
+    void SetDay(int dia, const std::array<int, 3>& filas) {
+        for (int t = 1; t <= 3; ++t) {
+            const int n = filas.at(static_cast<std::size_t>(t - 1));
+            record.Muestras30(dia, t) = n / 2;
+            record.Muestras15(dia, t) = n - n / 2;
+        }
+    }
+
+    /// Each task shows its first n rows, with the plan's texts, and C1 to C6 open.
+    void ExpectLaidOut(const std::array<int, 3>& filas) {
+        for (int row = 1; row <= 18; ++row) {
+            const int t = (row - 1) / 6 + 1;
+            const int c = (row - 1) % 6 + 1;
+            const bool in_use = c <= filas.at(static_cast<std::size_t>(t - 1));
+            for (int column = 0; column < 18; ++column) {
+                const bool measurement = column >= kC1 && column <= kC6;
+                const TextCell expected{.Text = in_use ? PlanText(t, c, column) : "",
+                                        .Visible = in_use,
+                                        .Locked = !in_use || !measurement};
+                EXPECT_EQ(Cell(row, column), expected) << Name(row, column);
+            }
+            for (int column = 0; column < 4; ++column) {
+                const TextCell expected{.Text = "", .Visible = in_use, .Locked = true};
+                EXPECT_EQ(Cell3(row, column), expected) << Name3(row, column);
+            }
+        }
+    }
+
+    void ExpectHeadings(const std::array<bool, 3>& shown) {
+        for (int t = 1; t <= 3; ++t) {
+            const bool expected = shown.at(static_cast<std::size_t>(t - 1));
+            for (int i = (t - 1) * 18; i < t * 18; ++i) {
+                EXPECT_EQ(form.Label7(i).Visible, expected) << i;
+            }
+            for (int i = (t - 1) * 4; i < t * 4; ++i) {
+                EXPECT_EQ(form.Label3(i).Visible, expected) << i;
+            }
+            EXPECT_EQ(form.Label7(53 + t).Visible, expected) << t;
+        }
+    }
+
+    static std::string PlanText(int t, int c, int column) {
+        switch (column) {
+            case kNumero:
+                return Cifras(c);
+            case kNombre:
+                return " agente " + Cifras(10 * t + c) + " ";
+            case kEd:
+                return Cifras(10 * t + c) + ".5";
+            case kEc:
+                return c == 1 ? "0" : Cifras(100 * t + c);
+            case kUnidad:
+                return c % 2 == 0 ? "ppm" : "mg/m3";
+            case kTm:
+                return c % 2 == 0 ? "30" : "15";
+            case kAditivo:
+                return Cifras(c - 1);
+            default:
+                return "";
+        }
+    }
+};
+
+TEST_F(IntroTest, LaysOutTheRowsOfTheThreeTasksWithTheTextsOfThePlan) {
+    SetDay(1, {6, 3, 1});
+    Choose("introprimero");
+    ExpectLaidOut({6, 3, 1});
+    ExpectHeadings({true, true, true});
+}
+
+TEST_F(IntroTest, ShowsTwoRowsOnOneDayAndFourOnAnotherWithTheSameFirstContaminants) {
+    SetDay(1, {6, 2, 6});
+    SetDay(2, {1, 4, 5});
+    Choose("introprimero");
+    ExpectLaidOut({6, 2, 6});
+    Choose("introsegundo");
+    ExpectLaidOut({1, 4, 5});
+}
+
+TEST_F(IntroTest, TheThirdDayHasItsOwnRows) {
+    SetDay(3, {2, 0, 6});
+    Choose("introtercero");
+    ExpectLaidOut({2, 0, 6});
+}
+
+TEST_F(IntroTest, ATaskWithoutSamplesShowsItsHeadingsAndTitleWithNoRows) {
+    SetDay(1, {0, 2, 0});
+    Choose("introprimero");
+    ExpectLaidOut({0, 2, 0});
+    ExpectHeadings({true, true, true});
+    EXPECT_EQ(Openness(form.Command1), 2);
+}
+
+TEST_F(IntroTest, WithOneTaskLeavesTheOtherTwoBlank) {
+    SetDay(1, {2, 3, 4});
+    record.NumTareas = 1;
+    Choose("introprimero");
+    ExpectLaidOut({2, 0, 0});
+    ExpectHeadings({true, false, false});
+}
+
+TEST_F(IntroTest, WithTwoTasksLeavesTheThirdBlank) {
+    SetDay(1, {2, 3, 4});
+    record.NumTareas = 2;
+    Choose("introprimero");
+    ExpectLaidOut({2, 3, 0});
+    ExpectHeadings({true, true, false});
+}
+
+TEST_F(IntroTest, WithFourTasksLaysOutTwo) {
+    SetDay(1, {2, 3, 4});
+    record.NumTareas = 4;
+    Choose("introprimero");
+    ExpectLaidOut({2, 3, 0});
+    ExpectHeadings({true, true, false});
+}
+
+TEST_F(IntroTest, WithANegativeNumberOfTasksStaysBlank) {
+    SetDay(1, {2, 3, 4});
+    record.NumTareas = -1;
+    Choose("introprimero");
+    ExpectLaidOut({0, 0, 0});
+    ExpectHeadings({false, false, false});
+    EXPECT_EQ(Openness(form.Command1), 0);
+}
+
+TEST_F(IntroTest, OpensCommand1AndNoOtherButton) {
+    SetDay(1, {2, 3, 4});
+    Scribble();
+    Choose("introprimero");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 0));
+    for (const std::string_view name : kRestoDeConclusiones) {
+        EXPECT_FALSE(IsShown(form, name)) << name;
+    }
+}
+
+TEST_F(IntroTest, StartsTheDayEmptyThoughItsSlotIsFull) {
+    SetDay(1, {1, 1, 1});
+    for (std::string& entry : record.HojaPrimerDia) entry = "9";
+    Choose("introprimero");
+    ExpectLaidOut({1, 1, 1});
+    EXPECT_EQ(form.Text2.Text, "");
+}
+
+TEST_F(IntroTest, TheOldConclusionsAreStillInTheirHiddenCells) {
+    SetDay(1, {1, 1, 1});
+    form.Text5.Text = "PLAN DE MEDICIONES FINALIZADO";
+    form.Text7.Text = "SI";
+    Choose("introprimero");
+    EXPECT_EQ(form.Text5.Text, "PLAN DE MEDICIONES FINALIZADO");
+    EXPECT_EQ(form.Text7.Text, "SI");
+    EXPECT_FALSE(form.Text5.Visible);
+}
+
+TEST_F(IntroTest, WritesTheLimitsWithTheSeparatorOfTheLocale) {
+    SetDay(1, {1, 0, 0});
+    record.VlaEd(1, 1) = 0.5;
+    record.VlaEc(1, 1) = 1.25;
+    const WithSeparator comma(",");
+    Choose("introprimero");
+    EXPECT_EQ(Cell(1, kEd).Text, "0,5");
+    EXPECT_EQ(Cell(1, kEc).Text, "1,25");
+}
+
+TEST_F(IntroTest, WritesLimitsWithoutRoundingThemToTwoDecimals) {
+    SetDay(1, {1, 0, 0});
+    record.VlaEd(1, 1) = 0.00125;
+    record.VlaEc(1, 1) = 1234.5678;
+    Choose("introprimero");
+    EXPECT_EQ(Cell(1, kEd).Text, "0.00125");
+    EXPECT_EQ(Cell(1, kEc).Text, "1234.5678");
+}
+
+TEST_F(IntroTest, WithoutLimpiaBeforeItRowsThatFellAwayAreEmptiedAndHiddenButNotLocked) {
+    SetDay(1, {4, 0, 0});
+    record.NumTareas = 1;
+    form.intro(1);
+    SetSamples(3, {"1", "2"});
+    Cell3(3, kEcMas).Text = "5";
+    SetDay(1, {2, 0, 0});
+    form.intro(1);
+    EXPECT_EQ(Cell(3, kC1), (TextCell{.Text = "", .Visible = false, .Locked = false}));
+    EXPECT_EQ(Cell(3, kNumero), (TextCell{.Text = "", .Visible = false, .Locked = true}));
+    EXPECT_EQ(Cell3(3, kEcMas), (TextCell{.Text = "", .Visible = false, .Locked = true}));
+    EXPECT_EQ(Cell(2, kC1), (TextCell{.Text = "", .Visible = true, .Locked = false}));
+}
+
+TEST_F(IntroTest, WithoutLimpiaBeforeItATaskThatFellAwayStaysAsItIs) {
+    SetDay(1, {1, 2, 0});
+    record.NumTareas = 2;
+    form.intro(1);
+    record.NumTareas = 1;
+    const auto before = StateOf(form);
+    form.intro(1);
+    EXPECT_THAT(Changed(before, form), IsEmpty());
+    EXPECT_TRUE(Cell(8, kNumero).Visible);
+}
+
+TEST_F(IntroTest, ARefusedDayIsBlankedByIntroItself) {
+    record.NumJornadas = 2;
+    Scribble();
+    host.ExpectBox(std::string(kDiaIncoherente));
+    form.intro(3);
+    EXPECT_EQ(Cell(1, kC1).Text, "");
+    EXPECT_FALSE(Cell(1, kC1).Visible);
+    EXPECT_EQ(form.DiaActual, 3);
+}
+
+TEST_F(IntroTest, SevenSamplesEndInASubscriptErrorAtTheSeventhContaminant) {
+    SetDay(1, {7, 0, 0});
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("introprimero"); });
+    // Shown by then: the first seven rows, of which the seventh is the second task's first.
+    EXPECT_TRUE(Cell(7, kGsd).Visible);
+    EXPECT_FALSE(Cell(8, kNumero).Visible);
+    EXPECT_TRUE(Cell3(7, kProb).Visible);
+    EXPECT_EQ(Openness(form.Command1), 2);
+    EXPECT_FALSE(form.Label7(55).Visible) << "the second task isn't begun";
+}
+
+TEST_F(IntroTest, SevenSamplesInTheThirdTaskRunOffTheSheet) {
+    SetDay(1, {1, 1, 7});
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("introprimero"); });
+    EXPECT_EQ(Cell(7, kNombre).Text, " agente 21 ") << "the second task was filled";
+    EXPECT_TRUE(Cell(18, kGsd).Visible);
+    EXPECT_FALSE(Cell3(13, kEcMas).Visible) << "the right-hand grid wasn't reached";
+}
+
+TEST_F(IntroTest, ANegativeNumberOfSamplesShowsNoRows) {
+    SetDay(1, {2, 2, 2});
+    record.Muestras15(1, 1) = -3;
+    record.Muestras30(1, 1) = 1;
+    Choose("introprimero");
+    ExpectLaidOut({0, 2, 2});
+    ExpectHeadings({true, true, true});
+}
+
+TEST_F(IntroTest, SamplesThatAddUpBeyondAnIntegerOverflow) {
+    record.Muestras15(1, 1) = 32767;
+    record.Muestras30(1, 1) = 1;
+    ExpectError(TipoError::Desbordamiento, [&] { Choose("introprimero"); });
+}
+
+TEST_F(IntroTest, AFourthDayOfAPlanOfFourEndsInASubscriptErrorWithCommand1Open) {
+    record.NumJornadas = 4;
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.intro(4); });
+    EXPECT_EQ(form.DiaActual, 4);
+    EXPECT_EQ(Openness(form.Command1), 2);
+}
+
+TEST_F(IntroTest, DayZeroIsNotRefusedAndEndsInASubscriptError) {
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.intro(0); });
+    EXPECT_EQ(form.DiaActual, 0);
+}
+
+TEST_F(IntroTest, APlanOfFourDaysServesTheThreeOfTheMenu) {
+    record.NumJornadas = 4;
+    SetDay(3, {2, 1, 1});
+    Choose("introtercero");
+    ExpectLaidOut({2, 1, 1});
+}
+
+// --------------------------------------------------------------------------------------- recupera
+
+class RecuperaTest : public SheetTest {
+protected:
+    static std::string EntryText(int dia, int entry) {
+        return "día " + Cifras(dia) + " " + Cifras(entry);
+    }
+
+    /// Fills the slots of the three days with texts that tell day and entry.
+    void SetUp() override {
+        SetPlan(3, 3, 2);
+        for (int entry = 1; entry <= 401; ++entry) {
+            record.HojaPrimerDia(entry) = EntryText(1, entry);
+            record.HojaSegundoDia(entry) = EntryText(2, entry);
+            record.HojaTercerDia(entry) = EntryText(3, entry);
+        }
+    }
+
+    void ExpectSlot(int dia) {
+        for (int i = 0; i < 324; ++i) EXPECT_EQ(form.Text1(i).Text, EntryText(dia, i + 1)) << i;
+        for (int i = 0; i < 72; ++i) EXPECT_EQ(form.Text3(i).Text, EntryText(dia, i + 325)) << i;
+        EXPECT_EQ(form.Text2.Text, EntryText(dia, 397));
+        EXPECT_EQ(form.Text4.Text, EntryText(dia, 398));
+        EXPECT_EQ(form.Text5.Text, EntryText(dia, 399));
+        EXPECT_EQ(form.Text6.Text, EntryText(dia, 400));
+        EXPECT_EQ(form.Text7.Text, EntryText(dia, 401));
+    }
+
+    /// Each task shows its first n rows; C1 to C6 of them are open, and of no other row.
+    void ExpectRows(const std::array<int, 3>& filas) {
+        for (int row = 1; row <= 18; ++row) {
+            const bool in_use = (row - 1) % 6 < filas.at(static_cast<std::size_t>((row - 1) / 6));
+            for (int column = 0; column < 18; ++column) {
+                const bool measurement = column >= kC1 && column <= kC6;
+                EXPECT_EQ(Cell(row, column).Visible, in_use) << Name(row, column);
+                EXPECT_EQ(Cell(row, column).Locked, !in_use || !measurement) << Name(row, column);
+            }
+            for (int column = 0; column < 4; ++column) {
+                EXPECT_EQ(Cell3(row, column).Visible, in_use) << Name3(row, column);
+                EXPECT_TRUE(Cell3(row, column).Locked) << Name3(row, column);
+            }
+        }
+    }
+};
+
+TEST_F(RecuperaTest, BringsBackTheSlotOfTheFirstDayHiddenCellsIncluded) {
+    Choose("recupprimerdia");
+    ExpectSlot(1);
+    ExpectRows({2, 2, 2});
+}
+
+TEST_F(RecuperaTest, BringsBackTheSlotOfTheSecondDay) {
+    Choose("recupsegundodia");
+    ExpectSlot(2);
+    ExpectRows({2, 2, 2});
+}
+
+TEST_F(RecuperaTest, BringsBackTheSlotOfTheThirdDay) {
+    Choose("recuptercerdia");
+    ExpectSlot(3);
+    ExpectRows({2, 2, 2});
+}
+
+TEST_F(RecuperaTest, LaysOutTheRowsOfTheDayInQuestion) {
+    SetRows(2, 1, 6);
+    SetRows(2, 2, 0);
+    SetRows(2, 3, 4);
+    Choose("recupsegundodia");
+    ExpectRows({6, 0, 4});
+}
+
+TEST_F(RecuperaTest, ShowsTheHeadingsOfItsTasks) {
+    record.NumTareas = 2;
+    Choose("recupprimerdia");
+    for (int i = 0; i < 54; ++i) EXPECT_EQ(form.Label7(i).Visible, i < 36) << i;
+    for (int i = 0; i < 12; ++i) EXPECT_EQ(form.Label3(i).Visible, i < 8) << i;
+    EXPECT_TRUE(form.Label7(54).Visible);
+    EXPECT_TRUE(form.Label7(55).Visible);
+    EXPECT_FALSE(form.Label7(56).Visible);
+}
+
+TEST_F(RecuperaTest, OfThreeTasksOpensCommand1AndCommand2ButNotCommand3) {
+    Choose("recupprimerdia");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 2, 0, 0, 0, 0, 0, 2));
+}
+
+TEST_F(RecuperaTest, OfTwoTasksOpensTheSameButtons) {
+    record.NumTareas = 2;
+    Choose("recupprimerdia");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 2, 0, 0, 0, 0, 0, 2));
+    ExpectRows({2, 2, 0});
+}
+
+TEST_F(RecuperaTest, OfOneTaskOpensCommand1AndCommand8) {
+    record.NumTareas = 1;
+    Choose("recupprimerdia");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 2));
+    ExpectRows({2, 0, 0});
+    ExpectSlot(1);
+}
+
+TEST_F(RecuperaTest, OfFourTasksLaysOutTwo) {
+    record.NumTareas = 4;
+    Choose("recupprimerdia");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 2, 0, 0, 0, 0, 0, 2));
+    ExpectRows({2, 2, 0});
+}
+
+TEST_F(RecuperaTest, OfANegativeNumberOfTasksLaysOutTheFirst) {
+    record.NumTareas = -1;  // only 0 stops it
+    Choose("recupprimerdia");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 2));
+    ExpectRows({2, 0, 0});
+    ExpectSlot(1);
+}
+
+TEST_F(RecuperaTest, ShowsTheConclusionAreaStillLocked) {
+    Choose("recupprimerdia");
+    for (const std::string_view name : kRestoDeConclusiones) {
+        EXPECT_TRUE(IsShown(form, name)) << name;
+    }
+    EXPECT_TRUE(form.Text2.Locked && form.Text4.Locked && form.Text5.Locked && form.Text6.Locked &&
+                form.Text7.Locked);
+}
+
+TEST_F(RecuperaTest, OfADayNeverValidatedShowsRowsAndConclusionsWithEveryCellEmpty) {
+    for (int t = 1; t <= 3; ++t) record.NombreContaminante(t, 1) = "tolueno";
+    record.HojaSegundoDia = {};
+    Scribble();
+    Choose("recupsegundodia");
+    ExpectRows({2, 2, 2});
+    for (const Control& control : form.Controls()) {
+        if (const auto* cell = std::get_if<TextCell*>(&control.state)) {
+            EXPECT_EQ((*cell)->Text, "") << control.name;
+        }
+    }
+    EXPECT_EQ(Openness(form.Command8), 2);
+    EXPECT_TRUE(form.Label1.Visible && form.Text5.Visible && form.Text6.Visible);
+}
+
+TEST_F(RecuperaTest, KeepsTheColoursOfTheCells) {
+    Cell(1, kC1).BackColor = 250;
+    Cell(1, kC1).ForeColor = kFondoDeVentana;
+    Choose("recupprimerdia");
+    EXPECT_EQ(Cell(1, kC1).BackColor, 250U);
+    EXPECT_EQ(Cell(1, kC1).ForeColor, kFondoDeVentana);
+}
+
+TEST_F(RecuperaTest, BlanksTheSheetFirst) {
+    Scribble();
+    record.NumTareas = 1;
+    SetRows(1, 1, 1);
+    Choose("recupprimerdia");
+    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 2));
+    ExpectRows({1, 0, 0});
+}
+
+TEST_F(RecuperaTest, WithoutTasksKeepsTheTextsOfTheConclusions) {
+    record.NumTareas = 0;
+    form.Text5.Text = "antes";
+    Choose("recupprimerdia");
+    EXPECT_EQ(form.Text5.Text, "antes");
+    EXPECT_EQ(Cell(1, kNumero).Text, "");
+}
+
+TEST_F(RecuperaTest, OnTheThirdDayUnlocksTheThirdTaskOnceMoreWithTheLastNumberOfRows) {
+    // With one task the last number is that of the first: hidden cells of the third get unlocked.
+    record.NumTareas = 1;
+    SetRows(3, 1, 4);
+    Choose("recuptercerdia");
+    for (int row = 13; row <= 18; ++row) {
+        for (int column = 0; column < 18; ++column) {
+            const bool unlocked = row <= 16 && column >= kC1 && column <= kC6;
+            EXPECT_EQ(Cell(row, column).Locked, !unlocked) << Name(row, column);
+            EXPECT_FALSE(Cell(row, column).Visible) << Name(row, column);
+        }
+    }
+    for (int row = 7; row <= 12; ++row) EXPECT_TRUE(Cell(row, kC1).Locked) << row;
+}
+
+TEST_F(RecuperaTest, OnTheThirdDayOfTwoTasksTheLastNumberIsThatOfTheSecond) {
+    record.NumTareas = 2;
+    SetRows(3, 1, 5);
+    SetRows(3, 2, 1);
+    Choose("recuptercerdia");
+    EXPECT_FALSE(Cell(13, kC6).Locked);
+    EXPECT_TRUE(Cell(14, kC1).Locked);
+}
+
+TEST_F(RecuperaTest, OnTheOtherDaysTheThirdTaskStaysLocked) {
+    record.NumTareas = 1;
+    Choose("recupprimerdia");
+    EXPECT_TRUE(Cell(13, kC1).Locked);
+    Choose("recupsegundodia");
+    EXPECT_TRUE(Cell(13, kC1).Locked);
+}
+
+TEST_F(RecuperaTest, SevenSamplesOpenTheFirstRowOfTheNextTask) {
+    record.NumTareas = 1;
+    SetRows(1, 1, 7);
+    Choose("recupprimerdia");
+    ExpectRows({6, 1, 0});
+    ExpectSlot(1);
+}
+
+TEST_F(RecuperaTest, SevenSamplesAreUndoneByTheNextTasksOwnArea) {
+    SetRows(1, 1, 7);
+    SetRows(1, 2, 0);
+    record.NumTareas = 2;
+    Choose("recupprimerdia");
+    // Hidden again, with its measurements left unlocked: laying out an area locks rows in use only.
+    EXPECT_FALSE(Cell(7, kC1).Visible);
+    EXPECT_FALSE(Cell(7, kC1).Locked);
+    EXPECT_TRUE(Cell(7, kMmp).Locked);
+}
+
+TEST_F(RecuperaTest, SevenSamplesInTheThirdTaskEndInASubscriptErrorBeforeTheSlotIsRead) {
+    SetRows(1, 3, 7);
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("recupprimerdia"); });
+    EXPECT_EQ(Cell(1, kNumero).Text, "");
+    EXPECT_EQ(Openness(form.Command2), 2);
+    EXPECT_EQ(Openness(form.Command8), 0);
+}
+
+TEST_F(RecuperaTest, SevenSamplesAsTheLastNumberOfTheThirdDayFailAfterTheSlotIsRead) {
+    record.NumTareas = 1;
+    SetRows(3, 1, 7);
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("recuptercerdia"); });
+    ExpectSlot(3);
+    EXPECT_FALSE(Cell(18, kC6).Locked) << "six rows were unlocked";
+}
+
+TEST_F(RecuperaTest, ANegativeNumberOfSamplesShowsNoRows) {
+    record.Muestras15(1, 1) = -2;
+    Choose("recupprimerdia");
+    ExpectRows({0, 2, 2});
+    ExpectSlot(1);
+}
+
+TEST_F(RecuperaTest, AFourthDayOfAPlanOfFourEndsInASubscriptError) {
+    record.NumJornadas = 4;
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.recupera(4); });
+    EXPECT_EQ(form.DiaActual, 4);
+}
+
+TEST_F(RecuperaTest, DayZeroEndsInASubscriptError) {
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.recupera(0); });
+    EXPECT_EQ(form.DiaActual, 0);
+}
+
+TEST_F(RecuperaTest, DayZeroOfAPlanWithoutTasksStopsSilently) {
+    record.NumTareas = 0;
+    form.recupera(0);
+    EXPECT_EQ(form.DiaActual, 0);
+    EXPECT_EQ(Openness(form.Command8), 0);
+}
+
+}  // namespace
+}  // namespace velmora::test

@@ -1,0 +1,730 @@
+#include <algorithm>
+#include <array>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/sheet_test.h"
+
+namespace velmora::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
+constexpr std::string_view kSinLimites = "No se dispone de datos relativos a los contaminantes ";
+constexpr std::string_view kPocasMuestras = "No hay datos suficientes para operar ";
+constexpr std::string_view kHuecos = "No deje espacios vacios";
+
+/// One of the three twins: its task, its own first message, and the first row of its block.
+struct Twin {
+    int tarea;
+    std::string_view button;
+    std::string_view sin_datos;
+    int Row(int r) const { return (tarea - 1) * 6 + r; }
+};
+
+/// How the test programs name a button's tests.
+void PrintTo(const Twin& twin, std::ostream* out) { *out << twin.button; }
+
+constexpr std::array<Twin, 3> kTwins = {{{1, "Command1", "No hay datos para operar"},
+                                         {2, "Command2", " No hay datos para operar"},
+                                         {3, "Command3", " No hay datos para operar"}}};
+
+class TaskValidationTest : public SheetTest {
+protected:
+    /// A plan of a day and three tasks without rows, the sheet blank, day 1 on it.
+    void SetUp() override {
+        SetPlan(3, 3, 0);
+        form.DiaActual = 1;
+    }
+
+    void Click(const Twin& twin) { form.FindControl(twin.button)->events.Click(); }
+
+    /// The rows of a task that the plan has, those that the day computes, and their limits, which
+    /// stand in the cells as well as in the record.
+    void SetTask(int tarea, int contaminantes, int muestras, double ed = 8, double ec = 0) {
+        record.NumContaminantes(tarea) = contaminantes;
+        SetRows(1, tarea, muestras);
+        for (int r = 1; r <= 6; ++r) {
+            record.VlaEd(tarea, r) = ed;
+            record.VlaEc(tarea, r) = ec;
+        }
+        for (int r = 1; r <= std::min(contaminantes, 6); ++r) {
+            Cell((tarea - 1) * 6 + r, kEd).Text = TextoDoble(ed);
+            Cell((tarea - 1) * 6 + r, kEc).Text = TextoDoble(ec);
+        }
+    }
+
+    /// One measurement in the first task, so that the second check passes for all three buttons.
+    void FillFirstTask() { SetSamples(1, {"1", "1"}); }
+
+    std::string Mmp(int row) { return Cell(row, kMmp).Text; }
+    std::string Indice(int row) { return Cell(row, kIndice).Text; }
+};
+
+class TaskButtonTest : public TaskValidationTest, public ::testing::WithParamInterface<Twin> {
+protected:
+    const Twin& T() const { return GetParam(); }
+    int Row(int r) const { return T().Row(r); }
+    void Click() { TaskValidationTest::Click(T()); }
+
+    /// A refusal with this message, which changes no control.
+    void ExpectRefusal(std::string_view message) {
+        host.ExpectBox(std::string(message));
+        const auto before = StateOf(form);
+        const EvaluacionRecord record_before = record;
+        Click();
+        EXPECT_THAT(Changed(before, form), IsEmpty());
+        EXPECT_TRUE(record == record_before);
+    }
+
+    /// Six rows in use, each with these samples.
+    void SixRows(std::initializer_list<std::string_view> samples) {
+        SetTask(T().tarea, 6, 6);
+        FillFirstTask();
+        for (int r = 1; r <= 6; ++r) SetSamples(Row(r), samples);
+    }
+
+    /// Other colours than those that the handlers give, on every cell of the main grid.
+    void Paint() {
+        for (TextCell& cell : form.Text1) {
+            cell.ForeColor = 1;
+            cell.BackColor = 250;
+        }
+    }
+
+    /// Whether the cell at `i` is one of C1 to C6 of the task's own block.
+    bool IsOwnSample(int i) const {
+        const int column = i % 18;
+        return i / 108 == T().tarea - 1 && column >= kC1 && column <= kC6;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Buttons, TaskButtonTest, ::testing::ValuesIn(kTwins),
+                         [](const auto& tested) { return std::string(tested.param.button); });
+
+// ---------------------------------------------------------------------------------- limit values
+
+TEST_P(TaskButtonTest, ARowInUseWithoutEitherLimitIsRefusedFirstOfAll) {
+    SetTask(T().tarea, 2, 2);
+    Cell(Row(2), kEd).Text = "0";
+    Cell(Row(2), kEc).Text = "0";
+    ExpectRefusal(kSinLimites);  // nothing is measured either: this check comes before
+}
+
+TEST_P(TaskButtonTest, LimitsThatReadZeroAreNone) {
+    SetTask(T().tarea, 1, 1);
+    Cell(Row(1), kEd).Text = "";
+    Cell(Row(1), kEc).Text = ".";
+    ExpectRefusal(kSinLimites);
+}
+
+TEST_P(TaskButtonTest, OneLimitOfTheTwoIsEnough) {
+    SetTask(T().tarea, 2, 0);
+    Cell(Row(1), kEd).Text = "0";
+    Cell(Row(1), kEc).Text = "0.01";
+    Cell(Row(2), kEd).Text = "5";
+    Cell(Row(2), kEc).Text = "";
+    ExpectRefusal(T().sin_datos);
+}
+
+TEST_P(TaskButtonTest, TheLimitsOfRowsBeyondTheContaminantsAreNotLookedAt) {
+    SetTask(T().tarea, 1, 6);
+    ExpectRefusal(T().sin_datos);
+}
+
+TEST_P(TaskButtonTest, TheLimitsOfTheRecordAreNotWhatIsChecked) {
+    SetTask(T().tarea, 1, 1);
+    for (int r = 1; r <= 6; ++r) record.VlaEd(T().tarea, r) = 0;
+    ExpectRefusal(T().sin_datos);
+}
+
+TEST_F(TaskValidationTest, ASeventhContaminantLooksAtTheNextTasksFirstRow) {
+    SetTask(1, 7, 0);
+    host.ExpectBox(std::string(kSinLimites));
+    form.Command1_Click();
+    Cell(7, kEc).Text = "3";
+    host.ExpectBox("No hay datos para operar");
+    form.Command1_Click();
+}
+
+TEST_F(TaskValidationTest, ASeventhContaminantOfTheThirdTaskIsASubscriptError) {
+    SetTask(3, 7, 0);
+    const auto before = StateOf(form);
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command3_Click(); });
+    EXPECT_THAT(Changed(before, form), IsEmpty());
+}
+
+// ----------------------------------------------------------------------------------- any data
+
+TEST_P(TaskButtonTest, WithTheFirstTaskEmptyThereAreNoDataEvenIfTheOthersAreFull) {
+    SetTask(T().tarea, 1, 1);
+    for (int row = 7; row <= 18; ++row) SetSamples(row, {"1", "2", "3", "4", "5", "6"});
+    ExpectRefusal(T().sin_datos);
+}
+
+TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
+    SetTask(T().tarea, 0, 0);
+    for (int row = 1; row <= 6; ++row) {
+        for (int column = 0; column < 18; ++column) {
+            if (column < kC1 || column > kC6) Cell(row, column).Text = "1";
+        }
+    }
+    ExpectRefusal(T().sin_datos);
+}
+
+TEST_P(TaskButtonTest, TheColoursStayWhenTheFirstTwoChecksRefuse) {
+    SetTask(T().tarea, 1, 1);
+    Paint();
+    ExpectRefusal(T().sin_datos);
+    Cell(Row(1), kEd).Text = "";
+    ExpectRefusal(kSinLimites);
+}
+
+TEST_F(TaskValidationTest, AnyOfThe36CellsOfTheFirstTaskIsEnoughForTheOtherButtons) {
+    for (const Twin& twin : {kTwins[1], kTwins[2]}) {
+        for (int row = 1; row <= 6; ++row) {
+            for (int column = kC1; column <= kC6; ++column) {
+                for (const std::string_view text : {"3", "0", " ", "."}) {
+                    form.limpia(1);
+                    form.Text7.Text = "SI";
+                    Cell(row, column).Text = text;
+                    Click(twin);
+                    EXPECT_EQ(form.Text7.Text, "") << "validated: " << Name(row, column);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(TaskValidationTest, Command1_OnASingleCellOfItsBlockPassesTheCheckOfData) {
+    for (int row = 1; row <= 6; ++row) {
+        for (int column = kC1; column <= kC6; ++column) {
+            form.limpia(1);
+            Cell(row, column).Text = " ";
+            if (column > kC1) host.ExpectBox(std::string(kHuecos));
+            form.Command1_Click();
+        }
+    }
+}
+
+TEST_F(TaskValidationTest, Command2_OnAnEmptyBlockOfItsOwnPassesTheCheckOfData) {
+    SetTask(2, 1, 1);
+    FillFirstTask();
+    host.ExpectBox(std::string(kPocasMuestras));
+    form.Command2_Click();
+}
+
+// ------------------------------------------------------------------------------------- colours
+
+TEST_P(TaskButtonTest, TheMeasurementsOfTheBlockAreBlackEvenIfALaterCheckRefuses) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"1", ""});
+    Paint();
+    host.ExpectBox(std::string(kPocasMuestras));
+    Click();
+    for (int i = 0; i < 324; ++i) {
+        EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kTextoDeVentana : 1U) << i;
+        EXPECT_EQ(form.Text1(i).BackColor, 250U) << i;
+    }
+}
+
+TEST_P(TaskButtonTest, TheMarksAreTakenAwayFromTheMeasurementsOfTheBlockAlone) {
+    SixRows({"2", "8"});
+    Paint();
+    Click();
+    for (int i = 0; i < 324; ++i) {
+        EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kTextoDeVentana : 1U) << i;
+        EXPECT_EQ(form.Text1(i).BackColor, IsOwnSample(i) ? kFondoDeVentana : 250U) << i;
+    }
+}
+
+// ------------------------------------------------------------------------------- enough samples
+
+TEST_P(TaskButtonTest, ARowInUseWithC1AloneHasTooFewSamples) {
+    SixRows({"2", "8"});
+    SetSamples(Row(4), {"2", ""});
+    ExpectRefusal(kPocasMuestras);
+}
+
+TEST_P(TaskButtonTest, AnEmptyRowInUseHasTooFewSamples) {
+    SixRows({"2", "8"});
+    SetSamples(Row(6), {"", ""});
+    ExpectRefusal(kPocasMuestras);
+}
+
+TEST_P(TaskButtonTest, TheCountStartsAgainAtEachRow) {
+    SixRows({"2", "8", "4", "5", "6", "7"});
+    SetSamples(Row(2), {"2", "", "", "", "", ""});
+    ExpectRefusal(kPocasMuestras);
+}
+
+TEST_P(TaskButtonTest, ABlankCountsAsASampleHere) {
+    SixRows({"2", "8"});
+    SetSamples(Row(1), {" ", " "});
+    ExpectRefusal(kHuecos);  // the blank reads 0, so the next check refuses
+}
+
+TEST_P(TaskButtonTest, ARowWithC2AloneHasTooFewSamplesBeforeItHasAGap) {
+    SixRows({"2", "8"});
+    SetSamples(Row(1), {"", "8"});
+    ExpectRefusal(kPocasMuestras);
+}
+
+TEST_P(TaskButtonTest, C5AndC6AreCountedTooAndLeaveAGap) {
+    SixRows({"2", "8"});
+    SetSamples(Row(2), {"", "", "", "", "5", "6"});
+    ExpectRefusal(kHuecos);
+}
+
+TEST_P(TaskButtonTest, OnlyTheRowsOfTheContaminantsNeedSamples) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"2"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+}
+
+TEST_P(TaskButtonTest, MoreContaminantsThanRowsOfTheDayAreAllLookedAt) {
+    SetTask(T().tarea, 3, 2);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"2", "8"});
+    SetSamples(Row(3), {"", ""});
+    ExpectRefusal(kPocasMuestras);
+}
+
+// ----------------------------------------------------------------------------------------- gaps
+
+TEST_P(TaskButtonTest, AGapAtAnyPlaceOfARowInUseIsRefused) {
+    for (int gap = kC1; gap < kC6; ++gap) {
+        for (const std::string_view text : {"", "0", "0.0", ".", " ", "x"}) {
+            SixRows({"1", "2", "3", "4", "5", "6"});
+            Cell(Row(3), gap).Text = text;
+            ExpectRefusal(kHuecos);
+        }
+    }
+}
+
+TEST_P(TaskButtonTest, AGapInARowBeyondTheContaminantsIsRefusedAlike) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(6), {"", "5", "6"});
+    ExpectRefusal(kHuecos);
+}
+
+TEST_P(TaskButtonTest, ARowWithC1EmptyAndC2AndC3FilledHasAGap) {
+    SixRows({"2", "8"});
+    SetSamples(Row(1), {"", "8", "9"});
+    ExpectRefusal(kHuecos);
+}
+
+TEST_P(TaskButtonTest, AZeroBeforeASampleIsAGap) {
+    SixRows({"2", "8"});
+    SetSamples(Row(1), {"0", "5"});
+    ExpectRefusal(kHuecos);
+}
+
+TEST_P(TaskButtonTest, TheBlocksOfTheOtherTasksMayHaveGaps) {
+    SixRows({"2", "8"});
+    for (const Twin& other : kTwins) {
+        if (other.tarea != T().tarea) SetSamples(other.Row(5), {"", "5", "6"});
+    }
+    Click();
+    EXPECT_EQ(Mmp(Row(6)), "4.");
+}
+
+TEST_P(TaskButtonTest, OneMessageIsEnoughForManyGaps) {
+    SixRows({"0", "5", "0", "5"});
+    ExpectRefusal(kHuecos);
+}
+
+TEST_P(TaskButtonTest, ARefusedValidationKeepsWhatTheRowsShowed) {
+    SixRows({"2", "8"});
+    Cell(Row(1), kMmp).Text = "7.";
+    Cell(Row(1), kIndice).Text = ".7";
+    form.Text7.Text = "SI";
+    SetSamples(Row(6), {"0", "8"});
+    ExpectRefusal(kHuecos);
+}
+
+// ---------------------------------------------------------------------------------- computation
+
+TEST_P(TaskButtonTest, SamplesOneTwoFourGiveTheirMeanAndIndexWithTwoDecimals) {
+    SetTask(T().tarea, 1, 1, 10);
+    FillFirstTask();
+    record.TiempoExposicion(1, T().tarea) = 4;
+    SetSamples(Row(1), {"1", "2", "4"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "2.36");    // 2.36061
+    EXPECT_EQ(Indice(Row(1)), ".12");  // 4 x 2.36061 / 80 = 0.11803
+}
+
+TEST_P(TaskButtonTest, SamplesTwoAndEightGiveAMeanOfFourAndHalfAnIndex) {
+    SetTask(T().tarea, 1, 1, 8);
+    FillFirstTask();
+    record.TiempoExposicion(1, T().tarea) = 8;
+    SetSamples(Row(1), {"2", "8"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+    EXPECT_EQ(Indice(Row(1)), ".5");
+}
+
+TEST_P(TaskButtonTest, TheMeanAndDeviationOfEachRowGoToTheRecordAtItsPlace) {
+    SixRows({"2", "8"});
+    SetRows(3, T().tarea, 6);
+    form.DiaActual = 3;
+    Click();
+    for (int dia = 1; dia <= 3; ++dia) {
+        for (int tarea = 1; tarea <= 3; ++tarea) {
+            for (int r = 1; r <= 6; ++r) {
+                const bool own = dia == 3 && tarea == T().tarea;
+                // Worked by hand: the mean of ln 2 and ln 8 is ln 4, the spread ln 2 x sqrt 2.
+                EXPECT_NEAR(record.MG(dia, tarea, r).Valor(), own ? 4 : 0, 1e-12);
+                EXPECT_NEAR(record.GSD(dia, tarea, r).Valor(), own ? 2.66514414269023 : 0, 1e-12);
+            }
+        }
+    }
+}
+
+TEST_P(TaskButtonTest, OnlyTheMeanAndDeviationOfTheRecordAreWritten) {
+    SixRows({"2", "8"});
+    EvaluacionRecord before = record;
+    Click();
+    before.MG = record.MG;
+    before.GSD = record.GSD;
+    EXPECT_TRUE(record == before);
+}
+
+TEST_P(TaskButtonTest, AValidationWritesTheTwoColumnsOfItsRowsAndNothingElse) {
+    SetTask(T().tarea, 2, 2);
+    record.NumTareas = 0;  // no button to open
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"2", "8"});
+    const auto before = StateOf(form);
+    Click();
+    EXPECT_THAT(Changed(before, form),
+                UnorderedElementsAre(Name(Row(1), kMmp), Name(Row(1), kIndice), Name(Row(2), kMmp),
+                                     Name(Row(2), kIndice)));
+}
+
+TEST_P(TaskButtonTest, ASampleThatReadsZeroEndsTheRow) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8", "0"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+}
+
+TEST_P(TaskButtonTest, AllSixSamplesAreUsed) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"1", "2", "3", "4", "5", "6"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "3.64");  // Python: 2.99380 x 1.21673 = 3.64263
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "3.64") << "the figure beside C6 is no sample";
+}
+
+TEST_P(TaskButtonTest, TheLimitOfTheIndexIsThatOfTheRecord) {
+    SetTask(T().tarea, 1, 1, 8);
+    FillFirstTask();
+    record.TiempoExposicion(1, T().tarea) = 8;
+    SetSamples(Row(1), {"2", "8"});
+    Cell(Row(1), kEd).Text = "100";
+    Click();
+    EXPECT_EQ(Indice(Row(1)), ".5");
+}
+
+TEST_P(TaskButtonTest, WithoutADailyLimitTheIndexIsZero) {
+    SetTask(T().tarea, 1, 1, 0, 5);
+    FillFirstTask();
+    record.TiempoExposicion(1, T().tarea) = 8;
+    SetSamples(Row(1), {"2", "8"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+    EXPECT_EQ(Indice(Row(1)), ".");
+}
+
+TEST_P(TaskButtonTest, EachRowTakesItsOwnLimit) {
+    SixRows({"2", "8"});
+    record.TiempoExposicion(1, T().tarea) = 8;
+    for (int r = 1; r <= 6; ++r) record.VlaEd(T().tarea, r) = r == 3 ? 0.5 : 4.0 / r;
+    Click();
+    const std::array<std::string_view, 6> expected = {"1.", "2.", "8.", "4.", "5.", "6."};
+    for (int r = 1; r <= 6; ++r) {
+        EXPECT_EQ(Indice(Row(r)), expected.at(static_cast<std::size_t>(r - 1)));
+    }
+}
+
+TEST_P(TaskButtonTest, WithOneSampleInThePlanOfTwoContaminantsTheSecondRowKeepsItsOldFigures) {
+    SetTask(T().tarea, 2, 0);
+    record.Muestras30(1, T().tarea) = 1;
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"2", "8"});
+    Cell(Row(2), kMmp).Text = "9.";
+    Cell(Row(2), kIndice).Text = ".9";
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+    EXPECT_EQ(Mmp(Row(2)), "9.");
+    EXPECT_EQ(Indice(Row(2)), ".9");
+}
+
+TEST_P(TaskButtonTest, ThreeContaminantsAndTwoSamplesComputeTwoRows) {
+    SetTask(T().tarea, 3, 0);
+    record.Muestras30(1, T().tarea) = 1;
+    record.Muestras15(1, T().tarea) = 1;
+    FillFirstTask();
+    for (int r = 1; r <= 3; ++r) SetSamples(Row(r), {"2", "8"});
+    Click();
+    EXPECT_EQ(Mmp(Row(2)), "4.");
+    EXPECT_EQ(Mmp(Row(3)), "");
+}
+
+TEST_P(TaskButtonTest, TwoContaminantsAndFiveSamplesComputeTheEmptyRowsToo) {
+    SetTask(T().tarea, 2, 5);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"2", "8"});
+    record.MG(1, T().tarea, 3) = 7;
+    Click();
+    for (int r = 3; r <= 5; ++r) {
+        EXPECT_EQ(Mmp(Row(r)), ".");
+        EXPECT_EQ(Indice(Row(r)), ".");
+    }
+    EXPECT_EQ(Mmp(Row(6)), "");
+    EXPECT_EQ(record.MG(1, T().tarea, 3), 7) << "an empty row stores nothing";
+}
+
+TEST_P(TaskButtonTest, TwoContaminantsAndSixSamplesWriteZerosInTheOtherFourRows) {
+    SetTask(T().tarea, 2, 6);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"2", "8"});
+    Click();
+    for (int r = 3; r <= 6; ++r) {
+        EXPECT_EQ(Mmp(Row(r)), ".");
+        EXPECT_EQ(Indice(Row(r)), ".");
+    }
+}
+
+TEST_P(TaskButtonTest, MoreThanSixSamplesComputeSixRows) {
+    SixRows({"2", "8"});
+    SetRows(1, T().tarea, 9);
+    Click();
+    EXPECT_EQ(Mmp(Row(6)), "4.");
+    if (T().tarea < 3) {
+        EXPECT_EQ(Mmp(Row(7)), "");
+    }
+}
+
+TEST_P(TaskButtonTest, WithoutSamplesInThePlanNoRowIsComputedAndTheNextButtonOpens) {
+    SetTask(T().tarea, 1, 0);
+    record.NumTareas = T().tarea;
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    form.Text7.Text = "SI";
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "");
+    EXPECT_EQ(form.Text7.Text, "");
+    EXPECT_TRUE(form.Command4.Visible && form.Command4.Enabled);
+}
+
+TEST_P(TaskButtonTest, ANegativeNumberOfSamplesComputesNoRow) {
+    SetTask(T().tarea, 1, -4);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "");
+}
+
+TEST_P(TaskButtonTest, SamplesThatAddUpBeyondAnIntegerOverflow) {
+    SixRows({"2", "8"});
+    record.Muestras15(1, T().tarea) = 32767;
+    record.Muestras30(1, T().tarea) = 1;
+    ExpectError(TipoError::Desbordamiento, [&] { Click(); });
+}
+
+// -------------------------------------------------------------------------------- exposure time
+
+TEST_P(TaskButtonTest, EachRowTakesTheTimeOfItsDayButTheSixthOfCommand2ThatOfTheFirstDay) {
+    SixRows({"2", "8"});
+    for (int t = 1; t <= 3; ++t) {
+        for (int dia = 1; dia <= 3; ++dia) {
+            record.TiempoExposicion(dia, t) = 10 * t + 2 * dia;
+            SetRows(dia, t, 6);
+        }
+        for (int r = 1; r <= 6; ++r) record.VlaEd(t, r) = 1;
+    }
+    for (int dia = 1; dia <= 3; ++dia) {
+        form.DiaActual = dia;
+        Click();
+        for (int r = 1; r <= 6; ++r) {
+            const bool first_days = T().tarea == 2 && r == 6;
+            // Worked by hand: time x 4 / (1 x 8), with a time of 10t + 2d, is 5t + d.
+            EXPECT_EQ(Indice(Row(r)), Cifras(5 * T().tarea + (first_days ? 1 : dia)) + ".")
+                << "day " << dia << ", row " << r;
+        }
+    }
+}
+
+// ----------------------------------------------------------------------------------- closing step
+
+struct Opening {
+    int command;
+    int num_tareas;
+    std::string_view opened;
+};
+
+// clang-format off
+constexpr std::array<Opening, 18> kOpenings = {{
+    {1, -1, ""}, {1, 0, ""}, {1, 1, "Command4"}, {1, 2, "Command2"}, {1, 3, "Command2"}, {1, 4, "Command2"},
+    {2, -1, ""}, {2, 0, ""}, {2, 1, ""},         {2, 2, "Command4"}, {2, 3, "Command3"}, {2, 4, "Command3"},
+    {3, -1, ""}, {3, 0, ""}, {3, 1, ""},         {3, 2, ""},         {3, 3, "Command4"}, {3, 4, ""},
+}};
+// clang-format on
+
+TEST_F(TaskValidationTest, EachButtonOpensTheNextOneOfThePlanAndClosesNone) {
+    for (const Opening& opening : kOpenings) {
+        SCOPED_TRACE(Indexed("Command", opening.command) + " of " + Cifras(opening.num_tareas));
+        form.limpia(1);
+        FillFirstTask();
+        record.NumTareas = opening.num_tareas;
+        const auto before = StateOf(form);
+        Click(kTwins.at(static_cast<std::size_t>(opening.command - 1)));
+        if (opening.opened.empty()) {
+            EXPECT_THAT(Changed(before, form), IsEmpty());
+        } else {
+            EXPECT_THAT(Changed(before, form), ElementsAre(opening.opened));
+            const auto& state = form.FindControl(opening.opened)->state;
+            EXPECT_TRUE(std::get<Button*>(state)->Visible);
+            EXPECT_TRUE(std::get<Button*>(state)->Enabled);
+        }
+    }
+}
+
+TEST_P(TaskButtonTest, WithEveryButtonOpenNoneIsClosed) {
+    SixRows({"2", "8"});
+    for (int tareas = 0; tareas <= 4; ++tareas) {
+        record.NumTareas = tareas;
+        Scribble();
+        for (TextCell& cell : form.Text1) cell.Text = "";
+        SixRows({"2", "8"});
+        Click();
+        for (const Button* button :
+             {&form.Command1, &form.Command2, &form.Command3, &form.Command4, &form.Command5,
+              &form.Command6, &form.Command7, &form.Command8}) {
+            EXPECT_TRUE(button->Visible && button->Enabled);
+        }
+    }
+}
+
+TEST_P(TaskButtonTest, ATaskCanBeValidatedAgainAndIsRecomputedFromItsCells) {
+    SixRows({"2", "8"});
+    Click();
+    ASSERT_EQ(Mmp(Row(1)), "4.");
+    for (int r = 1; r <= 6; ++r) SetSamples(Row(r), {"5", "5", "5"});
+    form.Text7.Text = "SI";
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "5.");
+    EXPECT_EQ(form.Text7.Text, "");
+}
+
+// -------------------------------------------------------------------------------- run-time errors
+
+TEST_P(TaskButtonTest, ARowOfOneUsableSampleEndsTheProgramWithTheRowsBeforeItWritten) {
+    SixRows({"2", "8"});
+    Paint();
+    SetSamples(Row(3), {"5", "0"});
+    form.Text7.Text = "SI";
+    ExpectError(TipoError::OperacionNoValida, [&] { Click(); });
+    EXPECT_EQ(Mmp(Row(2)), "4.");
+    EXPECT_EQ(Mmp(Row(3)), "");
+    EXPECT_EQ(Indice(Row(3)), "");
+    EXPECT_EQ(Mmp(Row(4)), "");
+    EXPECT_EQ(Cell(Row(1), kC1).ForeColor, kTextoDeVentana);
+    EXPECT_EQ(Cell(Row(1), kC1).BackColor, 250U) << "the closing step wasn't reached";
+    EXPECT_EQ(form.Text7.Text, "SI");
+    EXPECT_FALSE(form.Command2.Visible || form.Command3.Visible || form.Command4.Visible);
+    EXPECT_EQ(record.MG(1, T().tarea, 3), 0);
+}
+
+TEST_P(TaskButtonTest, ASingleValueInARowBeyondTheContaminantsEndsTheProgramToo) {
+    SetTask(T().tarea, 1, 2);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    SetSamples(Row(2), {"5", ""});
+    ExpectError(TipoError::OperacionNoValida, [&] { Click(); });
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+    EXPECT_EQ(Mmp(Row(2)), "");
+}
+
+TEST_P(TaskButtonTest, AnIndexTooLargeEndsTheProgramWithTheMeanWritten) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"2", "8"});
+    record.TiempoExposicion(1, T().tarea) = 1e308;
+    ExpectError(TipoError::Desbordamiento, [&] { Click(); });
+    EXPECT_EQ(Mmp(Row(1)), "4.");
+    EXPECT_EQ(Indice(Row(1)), "");
+}
+
+TEST_P(TaskButtonTest, AMeasurementTooLongForADoubleEndsTheProgramAtTheCheckOfGaps) {
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    Cell(Row(1), kC1).Text = std::string(400, '9');
+    Cell(Row(1), kC1 + 1).Text = "1";
+    ExpectError(TipoError::Desbordamiento, [&] { Click(); });
+    EXPECT_EQ(Mmp(Row(1)), "");
+}
+
+TEST_P(TaskButtonTest, ADayOutsideThePlansArraysEndsTheProgramAtTheComputation) {
+    for (const int dia : {0, 4}) {
+        SixRows({"2", "8"});
+        Paint();
+        form.DiaActual = dia;
+        ExpectError(TipoError::SubindiceFueraDeRango, [&] { Click(); });
+        EXPECT_EQ(Cell(Row(6), kC6).ForeColor, kTextoDeVentana);
+        EXPECT_EQ(Mmp(Row(1)), "");
+    }
+}
+
+// ------------------------------------------------------------------------------------- the comma
+
+TEST_P(TaskButtonTest, UnderACommaALimitOfAHalfReadsAsNone) {
+    const WithSeparator comma(",");
+    SetTask(T().tarea, 1, 1, 0.5);
+    ASSERT_EQ(Cell(Row(1), kEd).Text, "0,5");
+    ExpectRefusal(kSinLimites);
+}
+
+TEST_P(TaskButtonTest, UnderACommaTheFiguresAreWrittenWithItAndTheMeasurementsReadWithAPoint) {
+    const WithSeparator comma(",");
+    SetTask(T().tarea, 1, 1, 10);
+    FillFirstTask();
+    record.TiempoExposicion(1, T().tarea) = 4;
+    SetSamples(Row(1), {"1.0", "2.0", "4.0"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "2,36");
+    EXPECT_EQ(Indice(Row(1)), ",12");
+}
+
+TEST_P(TaskButtonTest, UnderACommaAMeasurementWithOneIsCutThere) {
+    const WithSeparator comma(",");
+    SetTask(T().tarea, 1, 1);
+    FillFirstTask();
+    SetSamples(Row(1), {"2,9", "8,9"});
+    Click();
+    EXPECT_EQ(Mmp(Row(1)), "4,");
+}
+
+}  // namespace
+}  // namespace velmora::test
