@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Takes the pictures that the guide and the README show from those of the guided example.
+#
+#   docs/take-pictures.sh [folder of the guided example]     build/recorrido unless told
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+from=${1:-$root/build/recorrido}
+
+# take <name in the guided example> [<name here>]: there, a number stands ahead of the name.
+take() {
+    local found
+    found=$(find "$from" -maxdepth 1 -name "[0-9]*-$1.png" | sort | head -n 1)
+    if [ -z "$found" ]; then
+        echo "take-pictures.sh: no picture $1 in $from; run ./run.sh without a display first" >&2
+        exit 1
+    fi
+    cp "$found" "$root/docs/images/${2:-$1}.png"
+}
+
+# Those of the guide, as it names them.
+while read -r name; do take "$name"; done < <(
+    sed -n 's/.*(images\/\([a-z0-9-]*\)\.png).*/\1/p' "$root/docs/guia.md" | sort -u)
+take hoja-conclusiones-dia-1 hoja
