@@ -5,9 +5,9 @@ say() { printf '\n== %s\n' "$*"; }
 # Packages that building and running the program takes, on Debian 12.
 build_packages=(
     g++ cmake ninja-build
-    qt6-base-dev qt6-translations-l10n
+    qt6-base-dev qt6-svg-dev qt6-translations-l10n
     libgtest-dev libgmock-dev
-    fonts-liberation
+    fonts-liberation python3-markdown
 )
 
 # install_packages <package>...: installs those that are missing, with apt, through sudo where the

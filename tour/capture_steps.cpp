@@ -1,6 +1,8 @@
+#include <optional>
 #include <string>
 
 #include "forms/screen.h"
+#include "hurry.h"
 #include "steps.h"
 
 namespace velmora::tour {
@@ -94,6 +96,8 @@ void EnterCompany(const Road& road, const Company& company) {
     robot.Choose("continuar", "datosiniciales");
     road.guide.Say("Se escriben los diecinueve campos");
     for (int i = 1; i <= 19; ++i) {
+        std::optional<Hurry> hurry;
+        if (i > 1) hurry.emplace(robot);
         robot.Retype(Text1(i), company.at(static_cast<std::size_t>(i - 1)));
     }
     road.guide.Picture(robot, "empresa");
@@ -111,8 +115,11 @@ void EnterPlan(const Road& road, int days, int tasks, int agents) {
     robot.Press("Command1");
     for (int day = 0; day < days; ++day) {
         for (int task = 0; task < tasks; ++task) {
+            const bool first = day == 0 && task == 0;
+            std::optional<Hurry> hurry;
+            if (!first) hurry.emplace(robot);
             EnterLine(road, day, task, tasks, agents);
-            if (day == 0 && task == 0 && tasks > 1) TryToLeaveIncompletePlan(road);
+            if (first && tasks > 1) TryToLeaveIncompletePlan(road);
         }
     }
     road.guide.Picture(robot, "plan-completo");
@@ -128,6 +135,8 @@ void EnterContaminants(const Road& road, int tasks, int agents) {
         const std::string number = std::to_string(task + 1);
         robot.Pick("Combo1", number);
         for (int row = 0; row < agents; ++row) {
+            std::optional<Hurry> hurry;
+            if (row > 0) hurry.emplace(robot);
             EnterAgent(robot, plan.at(static_cast<std::size_t>(row)), row);
         }
         robot.Press("Command1");

@@ -18,7 +18,7 @@ const std::array<Conclusions, kDays> kConclusions = {{
      " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS"},
 }};
 
-const std::array<FinalRow, kTasks * kAgents> kFinalTable = {{
+const std::array<FinalRow, kFinalRows> kFinalTable = {{
     {"0.61", "0.44", "0.41", "0.479205862788185", "0.001", "0.001", "0.001"},
     {"0.19", "0.15", "0.13", "0.154737676304838", "0.001", "0.001", "0.001"},
     {"", "", "", "", "", "", ""},
@@ -39,7 +39,7 @@ const std::array<FinalRow, kTasks * kAgents> kFinalTable = {{
     {"", "", "", "", "", "", ""},
 }};
 
-// The worked day: its figures are the ones that the system was handed over with; esperado.py agrees.
+// The figures of the worked day, as they were given; esperado.py comes to the same.
 const std::array<WorkedRow, kAgentsOfWorkedDay> kWorkedDay = {{
     {"117.76", ".61", ".61",  "117.11", "1.21", "384",              "117.11",           "1.21",             "0.001"},
     {"32.77",  ".15", "0.19", "31.18",  "1.4",  "536.069661301946", "47.7472786976975", "1.43136286612149", "0.001"},

@@ -21,7 +21,8 @@ extern const std::array<Conclusions, kDays> kConclusions;
 
 /// A row of the final table: I1, I2, I3, IG, P1, P2, P3; empty where the table has nothing.
 using FinalRow = std::array<std::string_view, 7>;
-extern const std::array<FinalRow, kTasks * kAgents> kFinalTable;
+inline constexpr int kFinalRows = kTasks * kAgents;
+extern const std::array<FinalRow, kFinalRows> kFinalTable;
 
 /// The results of one row of the worked day: MMP, Indice, Indic.+, MG, GSD, then EC+, MG+, GSD+,
 /// Prob.

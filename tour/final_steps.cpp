@@ -31,7 +31,7 @@ std::filesystem::path WithExtension(std::filesystem::path file) {
 void CompareFinalTable(const Road& road) {
     const auto cell = [](int row, int column) { return Indexed("Text1", row * kColumns + column); };
     road.guide.Say("Contaminante      I1     I2     I3     IG                 P1    P2    P3");
-    for (int row = 0; row < static_cast<int>(kFinalTable.size()); ++row) {
+    for (int row = 0; row < kFinalRows; ++row) {
         const FinalRow& expected = kFinalTable.at(static_cast<std::size_t>(row));
         const std::string name = road.robot.Text(cell(row, 1));
         std::string line = name;

@@ -132,7 +132,7 @@ int main(int argc, char* argv[]) {
     }
     if (separator != ".") {
         std::cerr << "El separador decimal es \"" << separator
-                  << "\": el recorrido necesita el punto. Arránquelo con LC_NUMERIC=C.\n";
+                  << "\": el recorrido necesita el punto. Arránquelo con LC_ALL=C.UTF-8.\n";
         return tour::kBadStart;
     }
     // Without a display the platform says of every box that it can't raise it.

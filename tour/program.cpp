@@ -36,6 +36,7 @@ Program::Program(const std::filesystem::path& printed_page, int pace)
         window.resize(kPictureSize);
     }
     window.show();
+    robot.Act("showing the window", [] {});
     robot.pace = pace;
 }
 

@@ -2,6 +2,7 @@
 
 #include "expected.h"
 #include "forms/screen.h"
+#include "hurry.h"
 #include "steps.h"
 
 namespace velmora::tour {
@@ -26,20 +27,6 @@ constexpr std::array<Day, kDays> kDayNames = {{
 }};
 
 std::string CellOf(int row, int column) { return Indexed("Text1", row * kColumns + column); }
-
-/// Types at an audience's pace cell by cell would take minutes: shortens it for as long as it
-/// lives.
-class Hurry {
-public:
-    explicit Hurry(Robot& robot) : robot_(robot), pace_(robot.pace) { robot_.pace = pace_ / 10; }
-    ~Hurry() { robot_.pace = pace_; }
-    Hurry(const Hurry&) = delete;
-    Hurry& operator=(const Hurry&) = delete;
-
-private:
-    Robot& robot_;
-    int pace_;
-};
 
 /// Clicks into C1, then goes on from cell to cell with the Tab key.
 void TypeRow(Robot& robot, int row, const Samples& samples) {

@@ -1,6 +1,7 @@
 #include "qt/appearance.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
@@ -80,6 +81,7 @@ void DressApplication(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("velmora"));
     QApplication::setApplicationDisplayName({});
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/velmora/velmora.svg")));
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setStyle(new Style);  // NOLINT(cppcoreguidelines-owning-memory): taken over
     QApplication::setPalette(LightPalette());

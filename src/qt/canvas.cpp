@@ -23,22 +23,20 @@ Box AreaOf(const Screen& screen) {
     return area;
 }
 
-/// Top of the band behind a white clock; 0 where the clock is dark.
-int FootOf(const Screen& screen) {
-    constexpr int kMargin = 45;
-    constexpr Color kWhite = 0xFFFFFF;
-    for (const Control& control : screen.Controls()) {
-        const auto* const label = std::get_if<Label*>(&control.state);
-        if (label == nullptr || *label != &screen.Clock()) continue;
-        return control.row.look.fore == kWhite ? control.row.box.top - kMargin : 0;
-    }
-    return 0;
+/// The background of "Form2" is the drawing "fondo2"; the first screen has none.
+QString BackgroundOf(const Screen& screen) {
+    if (screen.Id() == ScreenId::Form1) return {};
+    return QStringLiteral("fondo%1").arg(static_cast<int>(screen.Id()));
 }
+
+constexpr QRgb kTop = 0xfff7fafd;   ///< of the backgrounds
+constexpr QRgb kFoot = 0xff162c47;  ///< of the backgrounds, behind the white clock
+constexpr QRgb kBottomOfFirst = 0xffcfdde9;
 
 }  // namespace
 
 Canvas::Canvas(const Screen& screen, QWidget* parent)
-    : QWidget(parent), area_(AreaOf(screen)), foot_(FootOf(screen)) {
+    : QWidget(parent), area_(AreaOf(screen)), background_(BackgroundOf(screen)) {
     setMinimumSize(320, 240);
 }
 
@@ -70,13 +68,18 @@ void Canvas::resizeEvent(QResizeEvent* /*event*/) {
 
 void Canvas::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    QLinearGradient sky(0, 0, 0, height());
-    sky.setColorAt(0, QColor(0xf4, 0xf8, 0xfb));
-    sky.setColorAt(1, QColor(0xcf, 0xdd, 0xe9));
-    painter.fillRect(rect(), sky);
-    if (foot_ == 0) return;
-    const int top = qRound(origin_.y() + foot_ * scale_);
-    painter.fillRect(QRect(0, top, width(), height() - top), QColor(0x16, 0x2c, 0x47));
+    if (!background_.IsValid()) {
+        QLinearGradient sky(0, 0, 0, height());
+        sky.setColorAt(0, QColor(kTop));
+        sky.setColorAt(1, QColor(kBottomOfFirst));
+        painter.fillRect(rect(), sky);
+        return;
+    }
+    // The drawing goes from edge to edge; where the window is too tall for it, its ends go on.
+    const QRect screen = ScreenRect();
+    painter.fillRect(0, 0, width(), screen.top(), QColor(kTop));
+    painter.fillRect(0, screen.bottom(), width(), height() - screen.bottom(), QColor(kFoot));
+    background_.Draw(painter, QRect(0, screen.top(), width(), screen.height()));
 }
 
 }  // namespace velmora

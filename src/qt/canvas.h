@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/screen.h"
+#include "qt/drawing.h"
 
 namespace velmora {
 
@@ -40,7 +41,7 @@ private:
     QRect ToPixels(const Box& box) const;
 
     Box area_;
-    int foot_ = 0;  ///< top of the dark band that carries the clock, in twips; 0 for none
+    Drawing background_;
     std::vector<Placed> placed_;
     double scale_ = 0;
     QPointF origin_;

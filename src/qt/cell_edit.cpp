@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -123,6 +124,15 @@ void CellEdit::focusOutEvent(QFocusEvent* event) {
     }
 }
 
+/// A dark corner on the right says that the text goes on.
+void CellEdit::MarkAsCut(QPainter& painter) const {
+    const int side = std::max(4, height() / 4);
+    const QPoint corner = rect().bottomRight();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x0c, 0x2d, 0x5a));
+    painter.drawPolygon(QPolygon({corner, corner - QPoint(side, 0), corner - QPoint(0, side)}));
+}
+
 void CellEdit::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     QPainter painter(this);
@@ -134,6 +144,7 @@ void CellEdit::paintEvent(QPaintEvent* event) {
         painter.setPen(QColor(0x9a, 0xa7, 0xb5));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+    if (IsTooNarrow() && !hasFocus()) MarkAsCut(painter);
 }
 
 }  // namespace velmora

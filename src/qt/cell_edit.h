@@ -46,6 +46,7 @@ protected:
 
 private:
     bool IsTooNarrow() const;
+    void MarkAsCut(QPainter& painter) const;
     void TextHasChanged(const QString& text);
 
     Entry entry_;

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "qt/drawing.h"
+
 namespace velmora {
 
 /// The picture of the first screen: a log-normal distribution of concentrations and its limit.
@@ -13,6 +15,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    Drawing drawing_{QStringLiteral("splash")};
 };
 
 }  // namespace velmora

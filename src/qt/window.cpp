@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPicture>
 #include <QPushButton>
 #include <QScreen>
 
@@ -218,9 +219,13 @@ QWidget* Window::MakeWidget(Shown& shown) {
     }
     if (std::holds_alternative<Label*>(control.state)) {
         constexpr int kTwoLines = 375;  // twips
+        constexpr int kIndent = 2;      // pixels
         auto* const label = new QLabel(canvas_);
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(AlignmentOf(row.look.align));
+        if (row.look.align == Align::Left && row.look.back != Look::kTransparente) {
+            label->setIndent(kIndent);
+        }
         label->setWordWrap(row.box.height >= kTwoLines);
         label->setAutoFillBackground(row.look.back != Look::kTransparente);
         Paint(*label, row.look.fore, row.look.back);
@@ -236,6 +241,7 @@ QWidget* Window::MakeCell(Shown& shown) {
     auto* const cell = new CellEdit(
         free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered,
         [this, &control](KeyCode key) { return Filter(control, key); }, canvas_);
+    cell->setAlignment(AlignmentOf(control.row.look.align));
     if (control.row.tab == kSinTab) cell->setFocusPolicy(Qt::NoFocus);
     cell->on_typed = [this, &shown](const QString& text) {
         auto& state = *std::get<TextCell*>(shown.control->state);
@@ -333,12 +339,19 @@ void Window::PaintScreen(QPainter& painter, const QRectF& target) {
     const QRect source = canvas_->ScreenRect();
     const double factor =
         std::min(target.width() / source.width(), target.height() / source.height());
+    // Recorded first: painted straight on a printer, widgets would come out as a bitmap.
+    QPicture record;
+    QPainter recorder(&record);
+    canvas_->render(&recorder, QPoint(), QRegion(source),
+                    QWidget::DrawWindowBackground | QWidget::DrawChildren);
+    recorder.end();
     painter.save();
     painter.translate(target.left() + (target.width() - source.width() * factor) / 2,
                       target.top() + (target.height() - source.height() * factor) / 2);
-    painter.scale(factor, factor);
-    canvas_->render(&painter, QPoint(), QRegion(source),
-                    QWidget::DrawWindowBackground | QWidget::DrawChildren);
+    // A record is played back by inches, not by pixels: its own scaling is taken off.
+    painter.scale(factor * record.logicalDpiX() / painter.device()->logicalDpiX(),
+                  factor * record.logicalDpiY() / painter.device()->logicalDpiY());
+    painter.drawPicture(0, 0, record);
     painter.restore();
 }
 

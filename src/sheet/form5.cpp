@@ -25,7 +25,7 @@ constexpr Look kCabeceraDeMuestra{
     .bold = true, .align = Align::Center, .fore = kBlanco, .back = kRojoDeCabecera};
 constexpr Look kTitulo{.bold = true, .fore = kAzulMarino, .back = kAzulPalido};
 constexpr Look kRespuesta{.bold = true, .fore = kAzulMarino, .back = kVerdePalido};
-constexpr Look kRotulo{.fore = kAzulMarino, .back = kAzulPalido};
+constexpr Look kRotulo{.points = 7.5, .fore = kAzulMarino, .back = kAzulPalido};
 
 /// A column of the sheet, the same in each task.
 struct Columna {
@@ -34,6 +34,7 @@ struct Columna {
     int width;
     Color fondo;
     std::string_view nombre;  ///< as a screen reader says it
+    double puntos = 8.25;     ///< of the cells' letters
 };
 
 // clang-format off
@@ -42,7 +43,7 @@ constexpr std::array<Columna, hoja::kColumnas> kColumnasText1 = {{
     {"Contaminante",  360, 1335, kGrisPalido,     "nombre del contaminante"},
     {"ED",           1680,  495, kGrisPalido,     "VLA-ED"},
     {"EC",           2160,  495, kGrisPalido,     "VLA-EC"},
-    {"Unid.",        2640,  495, kGrisPalido,     "unidades"},
+    {"Unid.",        2640,  495, kGrisPalido,     "unidades", 6.75}, // "mg/m3" fits
     {"T.M.",         3120,  375, kGrisPalido,     "tiempo de muestreo"},
     {"A+",           3480,  255, kGrisPalido,     "grupo aditivo"},
     {"C1",           3840,  495, kFondoDeVentana, "muestra C1"},
@@ -147,7 +148,7 @@ constexpr Row FilaDeCelda(std::string_view name, int index, const Columna& colum
     return {.name = name,
             .index = index,
             .box = {columna.left, TopDe(fila), columna.width, kAltoDeCelda},
-            .look = {.back = columna.fondo},
+            .look = {.points = columna.puntos, .back = columna.fondo},
             .tab = tab};
 }
 

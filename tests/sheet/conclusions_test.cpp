@@ -204,6 +204,16 @@ TEST_F(ConclusionsTest, EachCellOfEachRowCanBeTheOneFound) {
     }
 }
 
+TEST_F(ConclusionsTest, TheFiguresBesideTheMeasurementsAreNoSamples) {
+    SetLimits(1, "30", "10", "");
+    SetSamples(1, {"1", "1", "1", "1", "1", "1"});
+    Cell(1, kAditivo).Text = "90";
+    Cell(1, kMmp).Text = "90.";
+    form.Command8_Click();
+    EXPECT_EQ(form.Text7.Text, "NO");
+    EXPECT_THAT(Marked(), IsEmpty());
+}
+
 TEST_F(ConclusionsTest, WithoutItsLimitTheFirstCellOfARowIsOverEvenIfEmpty) {
     SetLimits(2, "15", "10", "");
     form.Command8_Click();
@@ -536,6 +546,14 @@ TEST_F(ConclusionsTest, IndiceFinal_TheSecondSubscriptReachesNineOnly) {
     SetIndexes(1, ".5", "");
     ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.IndiceFinal(2); });
     EXPECT_EQ(record.HojaFinal(3, 1), "0.5") << "the rows before it are written";
+}
+
+TEST_F(ConclusionsTest, IndiceFinal_EachRowBehindTheNinthIsLookedAtAndFails) {
+    for (int row = 10; row <= 18; ++row) {
+        form.limpia(1);
+        Cell(row, kAditivo).Text = Cifras(row - 1);
+        ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.IndiceFinal(2); });
+    }
 }
 
 TEST_F(ConclusionsTest, IndiceFinal_TheFirstSubscriptReaches18Only) {

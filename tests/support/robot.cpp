@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -38,10 +39,16 @@ Robot::Robot(Window& window) : window_(window) {
     watch_.setSingleShot(true);
     watch_.setInterval(kWatchMilliseconds);
     QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { Watch(); });
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &watch_,
+                     [this](Qt::ApplicationState state) {
+                         if (state != Qt::ApplicationActive) deactivated_ = true;
+                     });
 }
 
 void Robot::Act(std::string_view what, const std::function<void()>& action) {
     faults_.clear();
+    // A click would activate the window; not every platform does it by itself.
+    if (!window_.isActiveWindow()) window_.activateWindow();
     watch_.start();
     std::string failure;
     try {
@@ -73,13 +80,11 @@ void Robot::Choose(std::string_view title, std::string_view entry) {
         QAction& action = FindTitle(title);
         QMenu* const list = action.menu();
         if (list == nullptr) throw std::runtime_error("the title has no list");
-        const QMenuBar& bar = *window_.menuBar();
-        ClickAt(bar, bar.actionGeometry(&action).center());
-        if (!list->isVisible()) throw std::runtime_error("the list didn't open");
-        Wait(pace);
         auto* const line = list->findChild<QAction*>(ToQt(entry), Qt::FindDirectChildrenOnly);
         if (line == nullptr) throw std::runtime_error("the list has no such entry");
-        ClickAt(*list, list->actionGeometry(line).center());
+        const QMenuBar& bar = *window_.menuBar();
+        ClickInList([&] { ClickAt(bar, bar.actionGeometry(&action).center()); }, *list,
+                    [&] { return list->actionGeometry(line).center(); });
     });
 }
 
@@ -149,14 +154,29 @@ void Robot::Pick(std::string_view list, std::string_view item) {
         auto& box = Find<QComboBox>(list);
         const int index = box.findText(ToQt(item), Qt::MatchExactly | Qt::MatchCaseSensitive);
         if (index < 0) throw std::runtime_error("no such item");
-        ClickAt(box, QPoint(box.width() - box.height() / 2, box.height() / 2));  // on its arrow
         QAbstractItemView& view = *box.view();
-        if (!view.isVisible()) throw std::runtime_error("the list didn't open");
-        Wait(pace);
         const QModelIndex line = box.model()->index(index, box.modelColumn());
-        view.scrollTo(line);
-        ClickAt(*view.viewport(), view.visualRect(line).center());
+        const auto place = [&] {
+            view.scrollTo(line);
+            return view.visualRect(line).center();
+        };
+        const QPoint arrow(box.width() - box.height() / 2, box.height() / 2);
+        ClickInList([&] { ClickAt(box, arrow); }, *view.viewport(), place);
     });
+}
+
+void Robot::ClickInList(const std::function<void()>& press, const QWidget& list,
+                        const std::function<QPoint()>& line) {
+    constexpr int kPresses = 4;
+    for (int i = 0; i < kPresses; ++i) {
+        deactivated_ = false;
+        press();
+        Wait(pace);
+        if (list.isVisible()) MoveTo(list, line());
+        if (list.isVisible()) return ClickHere(list, line());
+        if (!deactivated_) break;
+    }
+    throw std::runtime_error("the list didn't open");
 }
 
 void Robot::CloseWindow() {
@@ -204,27 +224,28 @@ std::string Robot::Focused() const {
 }
 
 QPixmap Robot::Picture() const {
-    struct Layer {
-        QPixmap image;
-        QRect place;
-    };
-    std::vector<Layer> layers;
-    QRect whole;
-    for (QWidget* widget : {static_cast<QWidget*>(&window_), QApplication::activeModalWidget(),
-                            QApplication::activePopupWidget()}) {
-        if (widget == nullptr) continue;
-        const QRect place(widget->mapToGlobal(QPoint()), widget->size());
-        layers.push_back({widget->grab(), place});
-        whole |= place;
+    // What is open over the window, the topmost first: a popup, a question over a dialog.
+    std::vector<QWidget*> open;
+    for (QWidget* top : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+        while (top != nullptr && top != &window_ && std::ranges::count(open, top) == 0) {
+            open.push_back(top);
+            top = top->parentWidget() == nullptr ? nullptr : top->parentWidget()->window();
+        }
     }
+    open.push_back(&window_);
+    QRect whole;
+    const auto place = [](const QWidget& widget) {
+        return QRect(widget.mapToGlobal(QPoint()), widget.size());
+    };
+    for (const QWidget* widget : open) whole |= place(*widget);
     QPixmap picture(whole.size() * window_.devicePixelRatio());
     picture.setDevicePixelRatio(window_.devicePixelRatio());
     picture.fill(Qt::darkGray);
     QPainter painter(&picture);
-    for (const Layer& layer : layers) {
-        const QRect place = layer.place.translated(-whole.topLeft());
-        painter.drawPixmap(place.topLeft(), layer.image);
-        painter.drawRect(place.adjusted(0, 0, -1, -1));
+    for (auto widget = open.rbegin(); widget != open.rend(); ++widget) {
+        const QRect frame = place(**widget).translated(-whole.topLeft());
+        painter.drawPixmap(frame.topLeft(), (*widget)->grab());
+        painter.drawRect(frame.adjusted(0, 0, -1, -1));
     }
     return picture;
 }

@@ -123,6 +123,10 @@ private:
     void FocusByClick(QWidget& widget);
     void SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
     int KeyPause() const { return pace / 20; }
+    /// Opens a list and clicks one of its lines. A desktop that takes the focus away for a
+    /// moment, as one without a window manager does, closes the list: it is opened again.
+    void ClickInList(const std::function<void()>& press, const QWidget& list,
+                     const std::function<QPoint()>& line);
     void Watch();
     void AnswerModal(QDialog& modal);
     void Fault(const std::string& fault) { faults_.push_back(fault); }
@@ -133,6 +137,7 @@ private:
     Window& window_;
     QTimer watch_;
     std::vector<QPointer<QDialog>> answering_;  ///< being answered, the topmost last
+    bool deactivated_ = false;                  ///< the desktop has taken the focus away
     std::deque<Expected> expected_;
     std::vector<std::string> faults_;
 };

@@ -30,10 +30,17 @@ QWindow& NativeWindowOf(const QWidget& widget) {
 
 QPoint CenterOf(const QWidget& widget) { return InWindow(widget, widget.rect().center()); }
 
+void MoveTo(const QWidget& widget, QPoint place) {
+    QTest::mouseMove(&NativeWindowOf(widget), InWindow(widget, place));
+}
+
+void ClickHere(const QWidget& widget, QPoint place) {
+    QTest::mouseClick(&NativeWindowOf(widget), Qt::LeftButton, {}, InWindow(widget, place));
+}
+
 void ClickAt(const QWidget& widget, QPoint place) {
-    QWindow& native = NativeWindowOf(widget);
-    QTest::mouseMove(&native, InWindow(widget, place));
-    QTest::mouseClick(&native, Qt::LeftButton, {}, InWindow(widget, place));
+    MoveTo(widget, place);
+    ClickHere(widget, place);
 }
 
 void TypeKeys(const QWidget& widget, std::string_view text, int pause) {

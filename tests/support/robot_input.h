@@ -19,7 +19,13 @@ QWindow& NativeWindowOf(const QWidget& widget);
 /// The middle of the widget, in its window.
 QPoint CenterOf(const QWidget& widget);
 
-/// Moves the mouse there and clicks, at a place of the widget.
+/// Moves the mouse to a place of the widget.
+void MoveTo(const QWidget& widget, QPoint place);
+
+/// Clicks at a place of the widget where the mouse is already.
+void ClickHere(const QWidget& widget, QPoint place);
+
+/// Moves the mouse to a place of the widget and clicks there.
 void ClickAt(const QWidget& widget, QPoint place);
 
 /// Types the text key by key into whatever has the focus of the widget's window, with a pause of
