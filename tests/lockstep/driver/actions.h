@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QString>
+
+class QMainWindow;
+
+namespace lockstep {
+
+/// The program's one window, or null before it is shown.
+QMainWindow* mainWindow();
+
+/// Does to the program what a user would: `action` is [verb, arguments...] as modelo.py lists
+/// them, an empty array being no action at all. Returns what was in the way, or an empty text.
+/// An action that opens a box returns only when the box is closed.
+QString perform(const QJsonArray& action);
+
+}  // namespace lockstep
