@@ -70,12 +70,12 @@ struct Lista {
 constexpr std::array<Lista, 8> kListas = {{
     {{3480, 120,  735, 315}, 0, kUnaOTresJornadas, "Número de jornadas muestreadas",    "", {}},
     {{8040, 120,  855, 315}, 1, De(1, 3),          "Número de tareas en cada jornada",  "", {}},
-    {{ 360, 840,  615, 315}, 4, De(1, 3),          "Día",                               "     Día",              Cabecera(8.25, true)},
-    {{1080, 840,  615, 315}, 5, De(1, 3),          "Tarea",                             "Tarea",                 Cabecera(8.25, true)},
-    {{1800, 840, 1815, 315}, 6, De(1, 14),         "Tiempo de exposición en horas",     "Tiempo exposi. horas.", Cabecera(7.5,  false)},
+    {{ 360, 840,  615, 315}, 4, De(1, 3),          "Día",                               "     Día",              Cabecera(6.75, false)},
+    {{1080, 840,  615, 315}, 5, De(1, 3),          "Tarea",                             "Tarea",                 Cabecera(6.75, false)},
+    {{1800, 840, 1815, 315}, 6, De(1, 14),         "Tiempo de exposición en horas",     "Tiempo exposi. horas.", Cabecera(6.75, false)},
     {{3720, 840, 1455, 315}, 7, De(0, 6),          "Número de muestras de 30 minutos",  "  Nº de muestras 30'",  Cabecera(6.75, false)},
-    {{5280, 840, 1695, 315}, 8, De(0, 6),          "Número de muestras de 15 minutos",  "Nº de muestras 15'",    Cabecera(7.5,  false)},
-    {{7080, 840, 1815, 315}, 9, De(1, 6),          "Número de contaminantes",           "Nº de contaminantes",   Cabecera(7.5,  false)},
+    {{5280, 840, 1695, 315}, 8, De(0, 6),          "Número de muestras de 15 minutos",  "Nº de muestras 15'",    Cabecera(6.75, false)},
+    {{7080, 840, 1815, 315}, 9, De(1, 6),          "Número de contaminantes",           "Nº de contaminantes",   Cabecera(6.75, false)},
 }};
 
 /// A column of the grid, with its heading.

@@ -51,7 +51,7 @@ struct Columna {
 
 /// The five columns of `Text1`, in the order of its index.
 constexpr std::array<Columna, 5> kColumnas = {{
-    { 120,  375, 36, "número",        "Nº",                      Cabecera(8.25, true)},
+    { 120,  375, 36, "número",        "Nº",                      Cabecera(7.5,  false)},
     { 600, 2055, 12, "nombre",        "Nombre del contaminante", Cabecera(7.5,  false)},
     {2760,  615, 18, "VLA-ED",        "VLA-ED",                  Cabecera(7.5,  false)},
     {3480,  615, 24, "VLA-EC",        "VLA-EC",                  Cabecera(7.5,  false)},
@@ -60,7 +60,7 @@ constexpr std::array<Columna, 5> kColumnas = {{
 constexpr Columna kUnidad =
     {5160,  735,  0, "unidad",                       "Unidades", Cabecera(7.5,  false)};
 constexpr Columna kTiempoDeMuestreo =
-    {4200,  375,  6, "tiempo de muestreo en minutos", "TM",      Cabecera(8.25, true)};
+    {4200,  375,  6, "tiempo de muestreo en minutos", "TM",      Cabecera(7.5,  false)};
 // clang-format on
 
 constexpr int kColumnaNombre = 1;

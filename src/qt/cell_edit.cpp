@@ -33,6 +33,12 @@ void CellEdit::Show(const QString& text) {
     setCursorPosition(0);
 }
 
+void CellEdit::SetMarked(bool marked) {
+    marked_ = marked;
+    setAccessibleDescription(marked ? tr("Sobre el límite") : QString());
+    update();
+}
+
 void CellEdit::TextHasChanged(const QString& text) {
     if (text == shown_) return;
     const bool by_right = !isReadOnly() && (entry_ == Entry::Free || key_passed_);
@@ -143,6 +149,10 @@ void CellEdit::paintEvent(QPaintEvent* event) {
     } else {
         painter.setPen(QColor(0x9a, 0xa7, 0xb5));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    if (marked_) {
+        painter.setPen(QPen(QColor(0x14, 0x1e, 0x2d), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
     if (IsTooNarrow() && !hasFocus()) MarkAsCut(painter);
 }

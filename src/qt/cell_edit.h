@@ -32,6 +32,9 @@ public:
     /// Sets what the cell shows; the beginning of a text too long for the cell is what is seen.
     void Show(const QString& text);
 
+    /// Whether the cell is marked beyond its colour: by a frame, and to a screen reader.
+    void SetMarked(bool marked);
+
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 protected:
@@ -51,7 +54,8 @@ private:
 
     Entry entry_;
     Filter filter_;
-    QString shown_;            ///< what stands in the cell by right
+    QString shown_;  ///< what stands in the cell by right
+    bool marked_ = false;
     bool key_passed_ = false;  ///< a key that the filter let pass is being typed
 };
 

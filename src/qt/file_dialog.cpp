@@ -2,8 +2,10 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <QTreeView>
 
 #include "qt/text.h"
 
@@ -26,6 +28,11 @@ FileDialog::FileDialog(const CommonDialog& dialog, QWidget* parent)
     setFileMode(AnyFile);
     setDefaultSuffix(ToQt(dialog.DefaultExt));
     if (!asks_before_replacing) setLabelText(Accept, tr("Abrir"));
+    for (QTreeView* list : findChildren<QTreeView*>()) {
+        constexpr int kKind = 2;  // of the columns name, size, kind, date
+        list->hideColumn(kKind);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    }
     if (dialog.FileName.empty()) {
         setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     } else {

@@ -1,5 +1,6 @@
 #include "qt/list_box.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -7,12 +8,14 @@
 
 #include <utility>
 
+#include "qt/accessible_list.h"
 #include "qt/keys.h"
 
 namespace velmora {
 
 ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
     : QComboBox(parent), filter_(std::move(filter)) {
+    InstallAccessibleLists();
     setEditable(true);  // only an editable list shows a text that isn't among its items
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
@@ -30,10 +33,22 @@ ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
 void ListBox::Show(const QString& text) {
     setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
     setEditText(text);
+    lineEdit()->setCursorPosition(0);  // the beginning is what is seen
 }
 
 void ListBox::showPopup() {
     if (!locked_) QComboBox::showPopup();
+}
+
+void ListBox::PickFromOutside(int item) {
+    hidePopup();
+    const auto pick = [this, item] {
+        const bool behind_a_box = QApplication::activeModalWidget() != nullptr;
+        if (locked_ || behind_a_box || !isVisible()) return;
+        setCurrentIndex(item);
+        Q_EMIT activated(item);
+    };
+    QMetaObject::invokeMethod(this, pick, Qt::QueuedConnection);
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
@@ -59,16 +74,21 @@ void ListBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 void ListBox::inputMethodEvent(QInputMethodEvent* /*event*/) {}
 
 bool ListBox::eventFilter(QObject* watched, QEvent* event) {
-    // A press anywhere on the list opens it, not on its arrow alone.
-    if (watched == lineEdit() && event->type() == QEvent::MouseButtonPress) {
-        if (static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton) {
+    if (watched != lineEdit()) return QComboBox::eventFilter(watched, event);
+    // A click anywhere on the list opens it, not on its arrow alone: at the release, since one that
+    // came after the opening would close it again.
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
             setFocus(Qt::MouseFocusReason);
-            showPopup();
-        }
-        return true;
+            return true;
+        case QEvent::MouseButtonRelease:
+            if (static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton) showPopup();
+            return true;
+        case QEvent::MouseButtonDblClick:
+            return true;
+        default:
+            return QComboBox::eventFilter(watched, event);
     }
-    if (watched == lineEdit() && event->type() == QEvent::MouseButtonDblClick) return true;
-    return QComboBox::eventFilter(watched, event);
 }
 
 }  // namespace velmora

@@ -22,6 +22,10 @@ public:
     /// Sets what the list shows.
     void Show(const QString& text);
     void SetLocked(bool locked) { locked_ = locked; }
+    bool IsLocked() const { return locked_; }
+
+    /// Picks an item, from 0, as the mouse does in the open list; after what is being done now.
+    void PickFromOutside(int item);
 
     void showPopup() override;
 

@@ -1,18 +1,22 @@
 #include "qt/menu_bar.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 
 #include <algorithm>
 
+#include "qt/accessible_menu.h"
 #include "qt/text.h"
 
 namespace velmora {
 
 MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget* parent)
     : QMenuBar(parent) {
+    InstallAccessibleMenus();
+    setAccessibleName(QStringLiteral("Menú"));
     setNativeMenuBar(false);
     for (const MenuEntry& entry : entries) {
         QAction* action = nullptr;
@@ -20,6 +24,7 @@ MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget*
             action = addAction(ToQt(entry.caption));
         } else {
             QMenu* const menu = addMenu(ToQt(entry.caption));
+            menu->setAccessibleName(menu->title());
             action = menu->menuAction();
             for (const MenuEntry& item : entry.list) {
                 QAction* const line = menu->addAction(ToQt(item.caption));
@@ -62,11 +67,21 @@ void MenuBar::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+bool MenuBar::MovesAtOnce(const QAction& entry) const {
+    return std::ranges::count(moves_at_once_, &entry) > 0;
+}
+
+void MenuBar::Press(QAction& entry) {
+    if (QApplication::activeModalWidget() != nullptr) return;
+    while (QWidget* const list = QApplication::activePopupWidget()) list->close();
+    // Queued: the handler rebuilds this menu bar, which must not happen inside its own press.
+    QMetaObject::invokeMethod(&entry, &QAction::trigger, Qt::QueuedConnection);
+}
+
 void MenuBar::mousePressEvent(QMouseEvent* event) {
     QAction* const pressed = actionAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && std::ranges::count(moves_at_once_, pressed) > 0) {
-        // Queued: the handler rebuilds this menu bar, which must not happen inside its own press.
-        QMetaObject::invokeMethod(pressed, &QAction::trigger, Qt::QueuedConnection);
+    if (event->button() == Qt::LeftButton && pressed != nullptr && MovesAtOnce(*pressed)) {
+        Press(*pressed);
         return;
     }
     QMenuBar::mousePressEvent(event);

@@ -27,6 +27,12 @@ public:
     /// Gives the bar the keyboard, on its first entry.
     void TakeKeyboard();
 
+    /// Whether the entry is a title that runs a handler of its own at a press.
+    bool MovesAtOnce(const QAction& entry) const;
+
+    /// Closes the open list and runs the entry's handler, after what is being done now.
+    void Press(QAction& entry);
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

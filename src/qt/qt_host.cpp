@@ -1,5 +1,6 @@
 #include "qt/qt_host.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPainter>
@@ -14,6 +15,23 @@
 namespace velmora {
 
 namespace {
+
+/// What a screen reader says of a box's icon.
+QString NameOf(QMessageBox::Icon icon) {
+    switch (icon) {
+        case QMessageBox::Information:
+            return QStringLiteral("Información");
+        case QMessageBox::Question:
+            return QStringLiteral("Pregunta");
+        case QMessageBox::Warning:
+            return QStringLiteral("Aviso");
+        case QMessageBox::Critical:
+            return QStringLiteral("Error");
+        case QMessageBox::NoIcon:
+            break;
+    }
+    return {};
+}
 
 struct BoxStyle {
     QMessageBox::StandardButtons buttons;
@@ -42,6 +60,9 @@ QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& title, const
                                     const BoxStyle& style) {
     QMessageBox box(style.icon, title, text, style.buttons, parent);
     box.setTextFormat(Qt::PlainText);
+    if (auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
+        icon->setAccessibleName(NameOf(style.icon));
+    }
     box.setDefaultButton(style.preset);
     box.setEscapeButton(style.buttons.testFlag(QMessageBox::No) ? QMessageBox::No
                                                                 : QMessageBox::Ok);

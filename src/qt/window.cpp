@@ -66,6 +66,8 @@ void Update(CellEdit& widget, const TextCell& cell, const Look& look) {
     const bool as_laid_out = cell.BackColor == kFondoDeVentana && look.back != Look::kTransparente;
     Paint(widget, cell.ForeColor == kTextoDeVentana ? look.fore : cell.ForeColor,
           as_laid_out ? look.back : cell.BackColor);
+    const bool plain = cell.BackColor == kFondoDeVentana || cell.BackColor == look.back;
+    widget.SetMarked(!plain);
     widget.setVisible(cell.Visible);
 }
 

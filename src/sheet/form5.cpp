@@ -60,10 +60,10 @@ constexpr std::array<Columna, hoja::kColumnas> kColumnasText1 = {{
 }};
 
 constexpr std::array<Columna, hoja::kColumnas3> kColumnasText3 = {{
-    {"EC+",          9960,  495, kAmarilloPalido, "límite de corta exposición EC+"},
-    {"MG+",         10440,  495, kAmarilloPalido, "media geométrica MG+"},
-    {"GSD+",        10920,  495, kAmarilloPalido, "desviación geométrica GSD+"},
-    {"Prob.",       11400,  495, kAmarilloPalido, "probabilidad"},
+    {"EC+",          9960,  495, kAmarilloPalido, "límite de corta exposición EC+", 6.75},
+    {"MG+",         10440,  495, kAmarilloPalido, "media geométrica MG+", 6.75},
+    {"GSD+",        10920,  495, kAmarilloPalido, "desviación geométrica GSD+", 6.75},
+    {"Prob.",       11400,  495, kAmarilloPalido, "probabilidad", 6.75},
 }};
 
 /// Where a task's block of the sheet stands.
