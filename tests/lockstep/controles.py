@@ -10,7 +10,9 @@ NO_DICHO = None  # a property that the rules leave open: it is not compared
 class Control:
     """One control: `clase` is "cell", "list", "button" or "label"."""
 
-    __slots__ = ("clase", "Text", "Visible", "Enabled", "Locked", "fondo", "letra", "items", "indice")
+    __slots__ = (
+        "clase", "Text", "Visible", "Enabled", "Locked", "fondo", "letra", "items", "indice"
+    )  # fmt: skip
 
     def __init__(self, clase, texto="", visible=True, bloqueado=False, items=()):
         self.clase = clase

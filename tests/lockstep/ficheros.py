@@ -62,6 +62,9 @@ def plan(azar, separador):
             total = n if azar.random() < 0.96 else azar.randint(0, 6)
             r.Muestras30[d, t], r.Muestras15[d, t] = _elegir_distribucion(azar, total)
         marcas = marcas_aditivas(azar, t)
+        if azar.random() < 0.15:  # numbers that only a file can bring
+            alto = azar.choice((10, 12, 13, 18, 19, 20, 21))
+            marcas = [azar.choice((0, alto, alto)) for _ in range(6)]
         for c in range(1, 7 if azar.random() < 0.1 else n + 1):
             r.NombreContaminante[t, c] = azar.choice(NOMBRES)
             r.VlaEd[t, c] = limite(azar, separador)
@@ -90,9 +93,9 @@ def _raros_en_el_plan(azar, r):
         if caso == 0:
             r.NumJornadas = azar.choice((0, 2, 4, -1, 7, 200))
         elif caso == 1:
-            r.NumTareas = azar.choice((0, 4, -1, 5, 200))
+            r.NumTareas = azar.choice((0, 0, 4, 4, -1, 5, 200))
         elif caso == 2:
-            r.Muestras30[d, t] = azar.choice((7, 6, -2, 12, 2000, 30000))
+            r.Muestras30[d, t] = azar.choice((7, 7, 6, -2, 12, 2000, 30000))
         elif caso == 3:
             r.Muestras15[d, t] = azar.choice((7, 6, -2, 5, 20000))
         elif caso == 4:

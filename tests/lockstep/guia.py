@@ -25,7 +25,7 @@ INTRODUCIR = {1: "introprimero", 2: "introsegundo", 3: "introtercero"}
 RECUPERAR = {1: "recupprimerdia", 2: "recupsegundodia", 3: "recuptercerdia"}
 
 TECLAS_FILTRADAS = (
-    *"0123456789..,-a ñ+eE", "<BS>", "<DEL>", "<HOME>", "<END>", "<LEFT>", "<RIGHT>",
+    *"0123456789..,-a ñ+eE/:", "<BS>", "<DEL>", "<HOME>", "<END>", "<LEFT>", "<RIGHT>",
     "<S-HOME>", "<S-END>", "<ENTER>", "<ESC>", "<C-V>", "<C-X>", "<C-Z>", "<S-INS>", "<S-DEL>",
     "<C-H>", "<C-M>",
 )  # fmt: skip
@@ -337,6 +337,13 @@ class Guia:
             for fila in azar.sample(sorted(filas), min(len(filas), 2)):
                 celda = azar.choice(filas[fila])
                 yield ["type", f"Text1({celda})", ["<BS>", *self._medida(fila)]]
+        if azar.random() < 0.1 and self._en() == "Form5":
+            yield from self._cadena((1,))
+            for celda in itertools.chain(*self._celdas_abiertas().values()):
+                vacia = self._en() != "Form5" or not self.programa.pantalla.Text1[celda].Text
+                if celda < 108 and not vacia:
+                    yield ["type", f"Text1({celda})", ["<BS>"]]
+            yield from self._cadena((2, 3))
         desde = azar.choice((1, 1, 1, 8))
         yield from self._cadena(range(desde, 9))
 

@@ -119,7 +119,8 @@ class Form5(Pantalla):
     def construir(self):
         titulos = CABECERAS * 3 + TITULOS_TAREA
         self.Label7 = self.arreglo("Label7", range(57), "label", titulos)
-        self.Label3 = self.arreglo("Label3", range(12), "label", ("EC+", "MG+", "GSD+", "Prob.") * 3)
+        titulos = ("EC+", "MG+", "GSD+", "Prob.") * 3
+        self.Label3 = self.arreglo("Label3", range(12), "label", titulos)
         self.nuevo("Label1", "label", "¿Se ha superado   3 x VLA-ED  o    VLA-EC ?")
         self.nuevo("Label2", "label", "Mayor indice calculado: simple y aditivo")
         self.nuevo("Label4", "label", "Probabilidad de superar corta exposición:")

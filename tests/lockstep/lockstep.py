@@ -13,6 +13,8 @@ import sys
 import time
 from collections import Counter
 
+sys.dont_write_bytecode = True
+
 from guia import Guia
 from sesion import Sesion
 
@@ -168,6 +170,9 @@ def main():
                 informar(opciones, locale, semilla, acciones, diferencias, salida)
         if malas >= opciones.stop_after:
             break
+        if opciones.verbose and (semilla - opciones.seed) % 20 == 19:
+            hasta = f"seed {semilla}: {sesiones} sessions, {total} actions, {malas} differ"
+            print(hasta, file=sys.stderr, flush=True)
     segundos = time.monotonic() - principio
     print(f"{sesiones} sessions, {total} actions, {malas} with a difference, {segundos:.0f} s")
     if opciones.verbose:

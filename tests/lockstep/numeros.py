@@ -1,4 +1,4 @@
-"""Checked arithmetic, 16-bit Integers and the number <-> text helpers of the model.
+"""Checked arithmetic, 16-bit Integers and the conversions between numbers and texts.
 
 Every floating-point operation goes through one of the functions below, so that an overflow, an
 invalid operation or a division by zero stops the handler exactly where it happens.

@@ -58,7 +58,7 @@ class Proceso:
             self.enlace, _ = escucha.accept()
         except TimeoutError:
             self.matar()
-            raise RuntimeError("the driver does not call: is the plug-in built for this Qt?") from None
+            raise RuntimeError("the driver does not call: was it built for this Qt?") from None
         finally:
             escucha.close()
         self.enlace.settimeout(ESPERA_S)

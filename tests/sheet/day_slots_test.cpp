@@ -755,6 +755,33 @@ TEST_F(IntroTest, WithoutLimpiaBeforeItRowsThatFellAwayAreEmptiedAndHiddenButNot
     EXPECT_EQ(Cell(2, kC1), (TextCell{.Text = "", .Visible = true, .Locked = false}));
 }
 
+TEST_F(IntroTest, WithoutLimpiaBeforeItATaskWithoutRowsIsEmptiedAndHiddenWhole) {
+    SetDay(1, {6, 0, 0});
+    record.NumTareas = 1;
+    form.intro(1);
+    for (int i = 0; i < 24; ++i) form.Text3(i).Text = "5";
+    SetDay(1, {0, 0, 0});
+    form.intro(1);
+    for (int i = 0; i < 108; ++i) {
+        EXPECT_EQ(form.Text1(i).Text, "") << i;
+        EXPECT_FALSE(form.Text1(i).Visible) << i;
+    }
+    for (int i = 0; i < 24; ++i) {
+        EXPECT_EQ(form.Text3(i), (TextCell{.Text = "", .Visible = false, .Locked = true})) << i;
+    }
+}
+
+TEST_F(IntroTest, WithoutLimpiaBeforeItTheRowsInUseAreLockedButForTheirMeasurements) {
+    SetDay(1, {6, 6, 6});
+    Scribble();
+    form.intro(1);
+    for (int i = 0; i < 324; ++i) {
+        const bool measurement = i % 18 >= kC1 && i % 18 <= kC6;
+        EXPECT_EQ(form.Text1(i).Locked, !measurement) << i;
+    }
+    for (int i = 0; i < 72; ++i) EXPECT_TRUE(form.Text3(i).Locked) << i;
+}
+
 TEST_F(IntroTest, WithoutLimpiaBeforeItATaskThatFellAwayStaysAsItIs) {
     SetDay(1, {1, 2, 0});
     record.NumTareas = 2;

@@ -681,7 +681,7 @@ TEST_F(EvaluationFileTest, ALongLineComesBackWhole) {
 TEST_F(EvaluationFileTest, AnOverlongLineIsCutAndTheNextOneReadAsUsual) {
     constexpr std::size_t kKeptBytes = std::size_t{8} << 20U;
     const EvaluacionRecord restored =
-        Restored(R"(")" + std::string(3 * kKeptBytes, 'x') + "\"\r\n\"siguiente\"\r\n");
+        Restored('"' + std::string(3 * kKeptBytes, 'x') + "\"\r\n\"siguiente\"\r\n");
     EXPECT_EQ(restored.DatosEmpresa(1).size(), kKeptBytes - 1);  // the quote is one of them
     EXPECT_EQ(restored.DatosEmpresa(2), "siguiente");
 }

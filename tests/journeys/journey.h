@@ -1,0 +1,94 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/chain.h"
+#include "core/record.h"
+#include "journeys/expected.h"
+#include "qt/qt_host.h"
+#include "qt/window.h"
+#include "support/robot.h"
+
+namespace velmora::journeys {
+
+/// One run of the program from its start, put together as `velmora` is, and the robot that uses it.
+/// Its end is noted instead of ending this process.
+struct Program {
+    Program();
+
+    EvaluacionRecord record;
+    QtHost host;
+    ScreenChain chain;
+    Window window;
+    Robot robot;
+    std::optional<int> exit_status;  ///< once the program has ended
+};
+
+/// The steps of an evaluation, by mouse and keys. Each starts on the screen where the one before it
+/// ended and fails the test where the window shows something else than was computed.
+class Journey {
+public:
+    Journey(Program& run, const Expected& evaluation) : robot(run.robot), expected(evaluation) {}
+
+    /// From the first screen: types the fields that aren't left alone, and goes to the plan.
+    void EnterCompany();
+    /// Picks the two numbers and fixes the plan.
+    void FixPlan(int days, int tasks);
+    /// Picks the six values of the entry row and validates them.
+    void EnterLine(const PlanLine& line);
+    /// Every line of the plan, then its grid, then to the contaminants.
+    void EnterPlan();
+    void TypeAgent(int row, const Agent& agent);
+    /// Picks the task, which opens so many rows, and types their agents.
+    void TypeAgents(int task, int rows);
+    /// Types and stores the agents of each task, then goes to the sheet.
+    void EnterAgents();
+    /// Lays the day out, with the first button alone, and types its measurements, from cell to cell
+    /// with the Tab key.
+    void TypeDay(int day);
+    /// The buttons of the day one after another; each must stand open when its turn comes.
+    void PressChain();
+    /// Every cell of the sheet and of the conclusions, and which rows are shown.
+    void ExpectDay(int day);
+    void RecoverDay(int day);
+    /// From the sheet to the final table, filled and compared.
+    void ShowFinalTable();
+    void Save(const std::string& path);
+    /// From the company's screen.
+    void Restore(const std::string& path);
+
+    /// The texts of the cells or lists named `name`(first) to `name`(last).
+    std::vector<std::string> Texts(std::string_view name, int first, int last) const;
+    /// Cells C1 to C6 that are marked, "red 250" or "red 255", by their name.
+    std::vector<std::string> Marked() const;
+
+    Robot& robot;
+    const Expected& expected;
+};
+
+/// An evaluation's window and its steps; the end of the process fails the test.
+class JourneyTest : public ::testing::Test {
+protected:
+    JourneyTest();
+    ~JourneyTest() override;
+
+    void TearDown() override { EXPECT_FALSE(run.exit_status) << "the process ended"; }
+
+    Program run;
+    Robot& robot = run.robot;
+
+private:
+    std::string separator_before_;
+};
+
+/// Boxes as the logic opens them.
+Robot::Box Refusal(std::string text);
+Robot::Box RestartQuestion(QMessageBox::StandardButton answer);
+Robot::Box IncompletePlan(QMessageBox::StandardButton answer);
+
+}  // namespace velmora::journeys

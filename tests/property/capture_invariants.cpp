@@ -1,0 +1,378 @@
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+#include "core/numbers.h"
+#include "property/invariant.h"
+#include "property/judging.h"
+
+namespace velmora::property {
+
+namespace {
+
+using enum ScreenId;
+using Kind = Action::Kind;
+
+// --- Form2
+
+Verdict ARestoreShowsDatosEmpresaWhateverWasRead(const Step& s) {
+    if (!s.Chose(Form2, "recuperardatos")) return Verdict::PassedOver();
+    const auto Text1 = s.after.Cells("Text1");
+    for (int i = 1; i <= 19; ++i) {
+        if (Text1(i).Text != s.record_after.DatosEmpresa(i)) {
+            return Verdict::Broken("Text1(", i, ") shows \"", Text1(i).Text, "\"");
+        }
+    }
+    return Verdict::Holds();
+}
+
+// --- Form3
+
+bool PlanIsFixed(const Screenshot& plan) {
+    return plan.ButtonOf("Command1").Caption == " NO OPERATIVO";
+}
+
+Verdict ThePlanScreenHasOneOfItsTwoFaces(const Step& s) {
+    if (s.after.Id() != Form3 || s.action.kind == Kind::Key) return Verdict::PassedOver();
+    const Screenshot& plan = s.after;
+    const bool fixed = PlanIsFixed(plan);
+    if (plan.ButtonOf("Command1").Enabled == fixed) return Verdict::Broken("Command1");
+    const Button& validar = plan.ButtonOf("Command2");
+    if (validar.Visible != fixed || validar.Enabled != fixed) return Verdict::Broken("Command2");
+    for (int i = 0; i <= 11; ++i) {
+        if (plan.LabelOf("Label3", i).Visible != fixed) return Verdict::Broken("Label3(", i, ")");
+    }
+    for (int i = 0; i <= 7; ++i) {
+        const bool open = i < 2 || fixed;
+        const ComboBox& list = plan.List("Combo1", i);
+        if (list.Visible != open || list.Locked == open) return Verdict::Broken("Combo1(", i, ")");
+    }
+    if (!HasSoundSize(s.record_after)) return Verdict::Holds();
+    const int cells =
+        fixed ? s.record_after.NumJornadas.Valor() * s.record_after.NumTareas.Valor() * 6 : 0;
+    const auto Text1 = plan.Cells("Text1");
+    for (int i = 0; i <= 53; ++i) {
+        const bool open = i < cells;
+        const TextCell& cell = Text1(i);
+        if (cell.Visible != open || cell.Locked == open) return Verdict::Broken("Text1(", i, ")");
+        if (!open && !cell.Text.empty()) return Verdict::Broken("hidden Text1(", i, ")");
+    }
+    return Verdict::Holds();
+}
+
+/// Row k of the grid, from 1: hours, both counts and contaminants.
+std::array<std::string, 4> GridRow(const Screenshot& plan, int k) {
+    const auto Text1 = plan.Cells("Text1");
+    return {Text1(6 * k - 4).Text, Text1(6 * k - 3).Text, Text1(6 * k - 2).Text,
+            Text1(6 * k - 1).Text};
+}
+
+std::array<std::string, 4> PlanRow(const EvaluacionRecord& record, int day, int task) {
+    return {TextoDoble(record.TiempoExposicion(day, task)),
+            TextoEntero(record.Muestras30(day, task)), TextoEntero(record.Muestras15(day, task)),
+            TextoEntero(record.NumContaminantes(task))};
+}
+
+Verdict TheGridShowsThePlanOfTheRecord(const Step& s) {
+    const EvaluacionRecord& record = s.record_after;
+    if (s.after.Id() != Form3 || !PlanIsFixed(s.after) || !HasSoundSize(record) || !s.Lives() ||
+        s.action.kind == Kind::Key) {
+        return Verdict::PassedOver();
+    }
+    const auto Text1 = s.after.Cells("Text1");
+    const bool all_due = s.Moved() || (s.Pressed(Form3, "Command2") && !s.Refused());
+    int k = 1;
+    for (int day = 1; day <= record.NumJornadas.Valor(); ++day) {
+        for (int task = 1; task <= record.NumTareas.Valor(); ++task, ++k) {
+            if (Text1(6 * k - 6).Text != Say(day) || Text1(6 * k - 5).Text != Say(task)) {
+                return Verdict::Broken("row ", k, " is not numbered ", day, ", ", task);
+            }
+            const auto row = GridRow(s.after, k);
+            const bool entered = record.TiempoExposicion(day, task) != 0;
+            const bool empty = row == std::array<std::string, 4>{};
+            const bool shown = row == PlanRow(record, day, task);
+            if (entered && !shown && (all_due || !empty)) {
+                return Verdict::Broken("row ", k, " doesn't show its line");
+            }
+            if (s.Moved() && !shown) return Verdict::Broken("row ", k, " isn't filled on load");
+            if (!entered && !empty && row[0] != "0") {
+                return Verdict::Broken("row ", k, " shows a line that was never entered");
+            }
+        }
+    }
+    return Verdict::Holds();
+}
+
+Verdict FixingThePlanStoresTheTwoNumbersPicked(const Step& s) {
+    if (!s.Pressed(Form3, "Command1")) return Verdict::PassedOver();
+    const std::string& days = s.before.List("Combo1", 0).Text;
+    const std::string& tasks = s.before.List("Combo1", 1).Text;
+    if (s.Refused() != (days.empty() || tasks.empty())) return Verdict::Broken("wrongly judged");
+    if (s.Refused()) {
+        return s.after == s.before ? Verdict::Holds() : Verdict::Broken("the screen changed");
+    }
+    if (Say(s.record_after.NumJornadas.Valor()) != days) return Verdict::Broken("NumJornadas");
+    if (Say(s.record_after.NumTareas.Valor()) != tasks) return Verdict::Broken("NumTareas");
+    if (!PlanIsFixed(s.after)) return Verdict::Broken("the plan isn't fixed");
+    for (int k = 1; k <= s.record_after.NumJornadas.Valor() * s.record_after.NumTareas.Valor();
+         ++k) {
+        if (GridRow(s.after, k) != std::array<std::string, 4>{}) {
+            return Verdict::Broken("row ", k, " isn't empty");
+        }
+    }
+    return Verdict::Holds();
+}
+
+/// The message with which the entry row is refused; empty when it is to be stored.
+std::string_view RefusalOfTheEntry(const Step& s) {
+    std::array<double, 8> picked{};
+    for (int i = 2; i <= 7; ++i) {
+        const std::string& text = s.before.List("Combo1", i).Text;
+        if (text.empty()) return "Antes de validar introduzca  todos los datos";
+        picked.at(static_cast<std::size_t>(i)) = Value(text);
+    }
+    if (picked[2] > s.record_before.NumJornadas.Valor() ||
+        picked[3] > s.record_before.NumTareas.Valor()) {
+        return "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores "
+               "asignados";
+    }
+    if (picked[5] + picked[6] != picked[7]) {
+        return "El número total de contaminantes es  la suma de los expresados para 30' y 15' ";
+    }
+    return {};
+}
+
+Verdict AnEntryIsJudgedAndStoredAsTheListsTell(const Step& s) {
+    if (!s.Pressed(Form3, "Command2")) return Verdict::PassedOver();
+    const std::string_view due = RefusalOfTheEntry(s);
+    const std::string_view shown =
+        s.Refused() ? std::string_view(s.outcome.boxes.front().prompt) : std::string_view();
+    if (shown != due) return Verdict::Broken("it said \"", shown, "\" and not \"", due, "\"");
+    if (!due.empty()) {
+        return s.after == s.before ? Verdict::Holds() : Verdict::Broken("the screen changed");
+    }
+    const auto picked = [&](int i) { return s.before.List("Combo1", i).Text; };
+    const int day = static_cast<int>(Value(picked(2)));
+    const int task = static_cast<int>(Value(picked(3)));
+    const std::array<std::string, 4> line = {picked(4), picked(5), picked(6), picked(7)};
+    if (PlanRow(s.record_after, day, task) == line) return Verdict::Holds();
+    return Verdict::Broken("the line of day ", day, " and task ", task, " holds something else");
+}
+
+Verdict TheLimitOfSixIsToldWhenTheLaterCountIsPicked(const Step& s) {
+    const bool pick = s.action.kind == Kind::Pick && s.before.Id() == Form3;
+    if (!pick || s.action.target == "Combo1(0)" || s.action.target == "Combo1(1)") {
+        return Verdict::PassedOver();
+    }
+    const double sum =
+        Value(s.after.List("Combo1", 5).Text) + Value(s.after.List("Combo1", 6).Text);
+    const bool due = s.action.target == "Combo1(6)" && sum > 6;
+    return s.Refused() == due ? Verdict::Holds() : Verdict::Broken("the sum is ", sum);
+}
+
+Verdict APlanIsReopenedOnlyByAYes(const Step& s) {
+    const bool pick = s.action.kind == Kind::Pick && s.before.Id() == Form3;
+    if (!pick || (s.action.target != "Combo1(0)" && s.action.target != "Combo1(1)")) {
+        return Verdict::PassedOver();
+    }
+    const bool was_fixed = PlanIsFixed(s.before);
+    if (was_fixed == s.outcome.boxes.empty()) return Verdict::Broken("wrongly asked");
+    const bool fixed_due = was_fixed && s.action.answer != Respuesta::Si;
+    if (PlanIsFixed(s.after) != fixed_due) return Verdict::Broken("wrong face");
+    const bool only_the_list = s.after.DifferencesFrom(s.before).size() <= 1;
+    if (fixed_due && !only_the_list) return Verdict::Broken("a No changed the screen");
+    return Verdict::Holds();
+}
+
+// --- Form4
+
+/// Rows that are to be open: those of the task picked, if the plan has it.
+int OpenRows(const Step& s) {
+    const std::string& task = s.after.List("Combo1").Text;
+    if (task.empty() || Value(task) > s.record_after.NumTareas.Valor()) return 0;
+    return s.record_after.NumContaminantes(static_cast<int>(Value(task))).Valor();
+}
+
+Verdict TheRowsOfTheTaskPickedAreOpenAndNoOther(const Step& s) {
+    if (s.after.Id() != Form4 || !s.Lives()) return Verdict::PassedOver();
+    const int open = OpenRows(s);
+    const auto Text1 = s.after.Cells("Text1");
+    const auto Text3 = s.after.Cells("Text3");
+    for (int i = 0; i <= 29; ++i) {
+        const bool row_open = i / 5 < open;
+        if (Text1(i).Visible != row_open) return Verdict::Broken("Text1(", i, ")");
+        if (!row_open && !Text1(i).Text.empty()) return Verdict::Broken("hidden Text1(", i, ")");
+        if (row_open && Text1(i).Locked != (i % 5 == 0)) return Verdict::Broken("lock of ", i);
+        if (row_open && i % 5 == 0 && Text1(i).Text != Say(i / 5 + 1)) {
+            return Verdict::Broken("Text1(", i, ") shows ", Text1(i).Text);
+        }
+    }
+    for (int i = 0; i <= 5; ++i) {
+        const ComboBox& unit = s.after.List("Combo13", i);
+        if (unit.Visible != (i < open) || unit.Locked == (i < open)) {
+            return Verdict::Broken("Combo13(", i, ")");
+        }
+        if (Text3(i).Visible != (i < open)) return Verdict::Broken("Text3(", i, ")");
+        if (i < open && Text3(i).Locked) return Verdict::Broken("lock of Text3(", i, ")");
+        if (i >= open && !(unit.Text.empty() && Text3(i).Text.empty())) {
+            return Verdict::Broken("hidden TM or unit ", i);
+        }
+    }
+    return Verdict::Holds();
+}
+
+Verdict APickOfATaskEmptiesTheRows(const Step& s) {
+    if (s.action.kind != Kind::Pick || s.before.Id() != Form4 || s.action.target != "Combo1" ||
+        !s.Lives()) {
+        return Verdict::PassedOver();
+    }
+    for (int i = 0; i <= 5; ++i) {
+        if (!s.after.LabelOf("Label4", i).Visible) return Verdict::Broken("Label4(", i, ")");
+    }
+    if (!s.after.LabelOf("Label5").Visible) return Verdict::Broken("Label5");
+    const auto Text1 = s.after.Cells("Text1");
+    for (int i = 0; i <= 29; ++i) {
+        if (i % 5 != 0 && !Text1(i).Text.empty()) return Verdict::Broken("Text1(", i, ")");
+    }
+    for (int i = 0; i <= 5; ++i) {
+        if (!s.after.Cells("Text3")(i).Text.empty()) return Verdict::Broken("Text3(", i, ")");
+        if (!s.after.List("Combo13", i).Text.empty()) return Verdict::Broken("Combo13(", i, ")");
+    }
+    const bool refused = Value(s.action.text) > s.record_after.NumTareas.Valor();
+    return s.Refused() == refused ? Verdict::Holds() : Verdict::Broken("wrongly judged");
+}
+
+/// The message with which a button of Form4 is refused; empty when it does its work.
+std::string_view RefusalOfTheTask(const Step& s) {
+    const std::string& task = s.before.List("Combo1").Text;
+    if (task.empty()) return " Seleccione una tarea";
+    if (Value(task) > s.record_before.NumTareas.Valor()) {
+        return " El número de tareas seleccionado no es coherente";
+    }
+    if (s.action.target == "Command3") return {};
+    const int rows = s.record_before.NumContaminantes(static_cast<int>(Value(task))).Valor();
+    for (int i = 0; i < 5 * rows; ++i) {
+        if (s.before.Cells("Text1")(i).Text.empty()) return " Cumplimente todos los datos";
+    }
+    for (int i = 0; i < rows; ++i) {
+        if (s.before.List("Combo13", i).Text.empty() || s.before.Cells("Text3")(i).Text.empty()) {
+            return " Cumplimente todos los datos";
+        }
+    }
+    return {};
+}
+
+/// The name of the first thing in which row r of the screen and contaminant r of the record differ,
+/// empty when they agree.
+std::string_view DifferenceOfRow(const Screenshot& screen, const EvaluacionRecord& record, int t,
+                                 int r, bool stored) {
+    const auto Text1 = screen.Cells("Text1");
+    const auto Text3 = screen.Cells("Text3");
+    // Stored, a cell is read by the rule of the leading number; shown, it has the number's text.
+    const auto agrees = [&](const std::string& cell, double number) {
+        return stored ? Value(cell) == number : cell == TextoDoble(number);
+    };
+    if (Text1(5 * r - 4).Text != record.NombreContaminante(t, r)) return "name";
+    if (!agrees(Text1(5 * r - 3).Text, record.VlaEd(t, r).Valor())) return "VLA-ED";
+    if (!agrees(Text1(5 * r - 2).Text, record.VlaEc(t, r).Valor())) return "VLA-EC";
+    if (!agrees(Text1(5 * r - 1).Text, record.Aditivo(t, r).Valor())) return "additive mark";
+    if (!agrees(Text3(r - 1).Text, record.TiempoMuestreo(t, r).Valor())) return "TM";
+    if (screen.List("Combo13", r - 1).Text != record.Unidades(t, r)) return "unit";
+    return {};
+}
+
+Verdict TheListOfATaskIsStoredAndShownAsTheRowsTell(const Step& s) {
+    const bool stores = s.Pressed(Form4, "Command1");
+    if ((!stores && !s.Pressed(Form4, "Command3")) || !s.Lives()) return Verdict::PassedOver();
+    const std::string_view due = RefusalOfTheTask(s);
+    const std::string_view shown =
+        s.Refused() ? std::string_view(s.outcome.boxes.front().prompt) : std::string_view();
+    if (shown != due) return Verdict::Broken("it said \"", shown, "\" and not \"", due, "\"");
+    if ((stores || !due.empty()) && !(s.after == s.before)) {
+        return Verdict::Broken("the screen changed");
+    }
+    if (!due.empty()) return Verdict::Holds();
+    const int task = static_cast<int>(Value(s.before.List("Combo1").Text));
+    const int rows = s.record_after.NumContaminantes(task).Valor();
+    for (int r = 1; r <= rows; ++r) {
+        const auto difference = DifferenceOfRow(s.after, s.record_after, task, r, stores);
+        if (!difference.empty()) return Verdict::Broken(difference, " of row ", r);
+        const std::string& in_the_table = s.record_after.HojaFinal(6 * (task - 1) + r, 2);
+        if (stores && in_the_table != s.record_after.NombreContaminante(task, r)) {
+            return Verdict::Broken("HojaFinal names row ", r, " \"", in_the_table, "\"");
+        }
+    }
+    return Verdict::Holds();
+}
+
+Verdict ADoubleClickSwitchesTheSamplingTime(const Step& s) {
+    if (s.action.kind != Kind::DoubleClick) return Verdict::PassedOver();
+    for (int i = 0; i <= 5; ++i) {
+        if (s.action.target != Say("Text3(", i, ")")) continue;
+        const std::string& before = s.before.Cells("Text3")(i).Text;
+        const std::string& after = s.after.Cells("Text3")(i).Text;
+        const double number = Value(before);
+        const std::string due = before.empty() || number == 15 ? "30"
+                                : number == 30                 ? "15"
+                                                               : before;
+        return after == due ? Verdict::Holds() : Verdict::Broken(before, " became ", after);
+    }
+    return Verdict::Broken("something else takes double-clicks");
+}
+
+/// Text that the keys of a limit value can make, or the program's own text of a number.
+bool IsNumberText(const std::string& text) {
+    return std::ranges::all_of(text, [](char c) {
+        return std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '.' || c == ',' ||
+               c == 'E' || c == '+' || c == '-';
+    });
+}
+
+Verdict TheRowsHoldOnlyWhatTheKeysLetThrough(const Step& s) {
+    if (s.after.Id() != Form4 || !s.own_after) return Verdict::PassedOver();
+    const auto Text1 = s.after.Cells("Text1");
+    const auto Text3 = s.after.Cells("Text3");
+    for (int r = 1; r <= 6; ++r) {
+        if (!IsNumberText(Text1(5 * r - 3).Text)) return Verdict::Broken("VLA-ED of row ", r);
+        if (!IsNumberText(Text1(5 * r - 2).Text)) return Verdict::Broken("VLA-EC of row ", r);
+        const std::string& group = Text1(5 * r - 1).Text;
+        if (group.size() > 1 || !IsNumberText(group)) return Verdict::Broken("mark of row ", r);
+        const std::string& time = Text3(r - 1).Text;
+        if (!time.empty() && time != "0" && time != "15" && time != "30") {
+            return Verdict::Broken("TM of row ", r);
+        }
+    }
+    return Verdict::Holds();
+}
+
+constexpr std::array<Invariant, 12> kInvariants = {{
+    {"Form2 shows DatosEmpresa after a restore, whatever was read.",
+     ARestoreShowsDatosEmpresaWhateverWasRead},
+    {"Form3 has one of two faces, told by the caption of Command1.",
+     ThePlanScreenHasOneOfItsTwoFaces},
+    {"The grid of Form3 is numbered day by day and shows the plan of the record.",
+     TheGridShowsThePlanOfTheRecord},
+    {"Fixing the plan stores the two numbers picked and opens empty rows.",
+     FixingThePlanStoresTheTwoNumbersPicked},
+    {"A line of the plan is judged and stored as its lists tell.",
+     AnEntryIsJudgedAndStoredAsTheListsTell},
+    {"The limit of six samples is told when the 15-minute count is picked, and only then.",
+     TheLimitOfSixIsToldWhenTheLaterCountIsPicked},
+    {"A fixed plan asks before it is reopened, and only a Yes reopens it.",
+     APlanIsReopenedOnlyByAYes},
+    {"Form4 has open as many rows as the task picked has contaminants, and hidden cells are empty.",
+     TheRowsOfTheTaskPickedAreOpenAndNoOther},
+    {"A pick of a task empties the rows and shows the headings.", APickOfATaskEmptiesTheRows},
+    {"A task's list is refused, stored and shown as its rows tell.",
+     TheListOfATaskIsStoredAndShownAsTheRowsTell},
+    {"A double-click makes 30 of an empty sampling time, then 15, then 30.",
+     ADoubleClickSwitchesTheSamplingTime},
+    {"The rows of Form4 hold only what their keys let through.",
+     TheRowsHoldOnlyWhatTheKeysLetThrough},
+}};
+
+}  // namespace
+
+std::span<const Invariant> CaptureInvariants() { return kInvariants; }
+
+}  // namespace velmora::property

@@ -1,0 +1,248 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/numbers.h"
+#include "property/invariant.h"
+#include "property/judging.h"
+
+namespace velmora::property {
+
+namespace {
+
+bool IsArithmetic(TipoError error) {
+    return error == TipoError::OperacionNoValida || error == TipoError::DivisionPorCero ||
+           error == TipoError::ArgumentoNoValido;
+}
+
+bool IsOutOfBounds(TipoError error) {
+    return error == TipoError::SubindiceFueraDeRango || error == TipoError::Desbordamiento;
+}
+
+bool HasNegativeSamples(const Screenshot& sheet) {
+    const auto Text1 = sheet.Cells("Text1");
+    for (int row = 0; row < 18; ++row) {
+        for (int c = Col::kC1; c <= Col::kC6; ++c) {
+            if (Text1(row * 18 + c).Text.starts_with('-')) return true;
+        }
+    }
+    return false;
+}
+
+/// Whether a row's samples lie so far apart that the correction factor overflows.
+bool HasWideSamples(const Screenshot& sheet, int task) {
+    for (int c = 1; c <= 6; ++c) {
+        const std::vector<double> samples = UsableSamples(sheet, task, c);
+        if (samples.size() < 3) continue;
+        const auto [least, most] = std::ranges::minmax(samples);
+        if (!(std::log(most / least) < 8)) return true;
+    }
+    return false;
+}
+
+/// Whether arithmetic on the screen and the plan goes beyond what these sentences follow.
+bool IsBeyondCalculation(const Step& s) {
+    return HasExtremeCells(s.before) || HasExtremeNumbers(s.record_before);
+}
+
+/// A row that a press of a task's "Validar" computes with a single sample.
+int RowWithOneSample(const Step& s, int task) {
+    const int rows = std::min(6, SampledRows(s.record_before, s.before.Day(), task));
+    for (int row = 1; row <= rows; ++row) {
+        if (UsableSamples(s.before, task, row).size() == 1) return row;
+    }
+    return 0;
+}
+
+/// Whether the record is such that the move or the press may look for an element that isn't there.
+bool MayMissAnElement(const Step& s) {
+    const EvaluacionRecord& record = s.record_before;
+    const bool sound_counts = HasSoundCounts(record);
+    if (s.before.Id() == ScreenId::Form4 && s.action.target == "Combo1") return !sound_counts;
+    if (s.Pressed(ScreenId::Form6, "Command1")) return !sound_counts;
+    if (ValidatedTask(s) != 0 || EvaluatedTask(s) != 0) return !sound_counts;
+    if (s.before.Id() == ScreenId::Form5 &&
+        (s.action.target.starts_with("intro") || s.action.target.starts_with("recup"))) {
+        return !HasSoundSamples(record);
+    }
+    const bool opens_plan = s.action.target == "datosiniciales";
+    return opens_plan && !HasSoundSize(record);
+}
+
+double GeometricMean(const std::vector<double>& numbers) {
+    double logarithms = 0;
+    for (const double number : numbers) logarithms += std::log(number);
+    return std::exp(logarithms / static_cast<double>(numbers.size()));
+}
+
+/// What must become of a press of a short-exposure button, by the rules of its six passes.
+std::optional<TipoError> ShortExposureError(const Step& s, int task) {
+    const auto Text1 = s.before.Cells("Text1");
+    const auto Text3 = s.before.Cells("Text3");
+    const int contaminants = s.record_before.NumContaminantes(task).Valor();
+    std::array<bool, 7> has_limit{};
+    std::array<bool, 7> has_mean{};
+    for (int c = 1; c <= contaminants; ++c) {
+        const auto at = static_cast<std::size_t>(c);
+        has_limit.at(at) = !Text3(At3(task, c, Col::kEcPlus)).Text.empty();
+        has_mean.at(at) = Value(Text3(At3(task, c, Col::kMgPlus)).Text) != 0;
+    }
+    for (const int c : SinglesOf(s.before, task, contaminants)) {
+        const auto at = static_cast<std::size_t>(c);
+        has_limit.at(at) = true;
+        has_mean.at(at) = Value(Text1(At(task, c, Col::kMg)).Text) != 0;
+    }
+    const std::vector<Group> groups = GroupsOf(s.before, task, contaminants);
+    for (const Group& group : groups) {
+        double means = 0;
+        for (const int c : group.members) {
+            const bool limit = Value(Text1(At(task, c, Col::kEc)).Text) != 0 ||
+                               Value(Text1(At(task, c, Col::kEd)).Text) != 0;
+            if (!limit) return TipoError::DivisionPorCero;
+            means += Value(Text1(At(task, c, Col::kMmp)).Text);
+        }
+        const int first = group.members.front();
+        // The second task's limits miss their cell from the third row on.
+        if (means != 0 && (task != 2 || first < 3)) {
+            has_limit.at(static_cast<std::size_t>(first)) = true;
+        }
+    }
+    for (const Group& group : groups) {
+        if (group.sums.empty()) return TipoError::OperacionNoValida;
+        const double number = Value(Text1(At(task, group.members.front(), Col::kNumber)).Text);
+        if (number < 0.5 || number >= 6.5) return TipoError::SubindiceFueraDeRango;
+        if (group.sums.size() == 1) return TipoError::OperacionNoValida;
+        // Under a comma the text of a mean below 1 reads 0.
+        has_mean.at(static_cast<std::size_t>(number)) =
+            Value(TextoDoble(GeometricMean(group.sums))) != 0;
+    }
+    for (std::size_t c = 1; c <= static_cast<std::size_t>(contaminants); ++c) {
+        if (has_limit.at(c) && !has_mean.at(c)) return TipoError::DivisionPorCero;
+    }
+    return std::nullopt;
+}
+
+/// The sheet with its plan is one that these sentences follow to the end.
+bool IsPlainSheet(const Step& s) {
+    return HasSoundCounts(s.record_before) && HasSoundSamples(s.record_before) &&
+           !IsBeyondCalculation(s) && !HasNegativeSamples(s.before);
+}
+
+bool HasOddNumbers(const Step& s) {
+    const auto Text1 = s.before.Cells("Text1");
+    for (int row = 0; row < 18; ++row) {
+        const std::string& number = Text1(row * 18 + Col::kNumber).Text;
+        if (!number.empty() && (number.size() != 1 || number < "1" || number > "6")) return true;
+        if (Text1(row * 18 + Col::kEd).Text.starts_with('-')) return true;
+        if (Text1(row * 18 + Col::kEc).Text.starts_with('-')) return true;
+        if (Text1(row * 18 + Col::kMmp).Text.starts_with('-')) return true;
+    }
+    return false;
+}
+
+Verdict NothingElseIsThrown(const Step& s) {
+    if (s.outcome.foreign_exception.empty()) return Verdict::Holds();
+    return Verdict::Broken("thrown: ", s.outcome.foreign_exception);
+}
+
+Verdict ASubscriptErrorNeedsAnOddPlan(const Step& s) {
+    if (!s.outcome.error || *s.outcome.error != TipoError::SubindiceFueraDeRango) {
+        return Verdict::Holds();
+    }
+    if (MayMissAnElement(s)) return Verdict::Holds();
+    const int task = EvaluatedTask(s);
+    if (task != 0) {  // a group whose first row has lost its number
+        const auto Text1 = s.before.Cells("Text1");
+        for (const Group& group :
+             GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Valor())) {
+            const double number = Value(Text1(At(task, group.members.front(), Col::kNumber)).Text);
+            if (number < 0.5 || number >= 6.5) return Verdict::Holds();
+        }
+    }
+    return Verdict::Broken("an array was asked for an element that it doesn't have");
+}
+
+Verdict AnErrorComesOnlyWhereItIsNamed(const Step& s) {
+    if (!s.outcome.error || *s.outcome.error == TipoError::SubindiceFueraDeRango) {
+        return Verdict::Holds();
+    }
+    const TipoError error = *s.outcome.error;
+    if (IsOutOfBounds(error) && (MayMissAnElement(s) || IsBeyondCalculation(s))) {
+        return Verdict::Holds();
+    }
+    const int task = ValidatedTask(s);
+    if (task != 0) {
+        const bool wide = error == TipoError::Desbordamiento && HasWideSamples(s.before, task);
+        const bool negative = error == TipoError::ArgumentoNoValido && HasNegativeSamples(s.before);
+        const bool single = error == TipoError::OperacionNoValida && RowWithOneSample(s, task) != 0;
+        if (wide || negative || single) return Verdict::Holds();
+    }
+    if (EvaluatedTask(s) != 0 && (IsArithmetic(error) || IsBeyondCalculation(s))) {
+        return Verdict::Holds();  // the sentence on short exposures looks closer
+    }
+    if (s.Pressed(ScreenId::Form6, "Command1") && error == TipoError::OperacionNoValida) {
+        for (int row = 1; row <= 18; ++row) {
+            for (int column = 3; column <= 5; ++column) {
+                if (s.record_before.HojaFinal(row, column).starts_with('-')) {
+                    return Verdict::Holds();
+                }
+            }
+        }
+    }
+    return Verdict::Broken(MensajeDe(error));
+}
+
+Verdict ASingleSampleIsNeverGivenAValue(const Step& s) {
+    const int task = ValidatedTask(s);
+    if (task == 0 || s.Refused() || !IsPlainSheet(s) || HasWideSamples(s.before, task)) {
+        return Verdict::PassedOver();
+    }
+    const int row = RowWithOneSample(s, task);
+    const bool failed = s.outcome.error == TipoError::OperacionNoValida;
+    if (failed == (row != 0)) return Verdict::Holds();
+    return row == 0 ? Verdict::Broken("no row has a single sample, and yet it failed")
+                    : Verdict::Broken("row ", row, " has a single sample, and it didn't fail");
+}
+
+Verdict AShortExposureFailsOnlyAsToldAndAlwaysThen(const Step& s) {
+    const int task = EvaluatedTask(s);
+    if (task == 0 || !IsPlainSheet(s) || HasOddNumbers(s)) return Verdict::PassedOver();
+    const std::optional<TipoError> due = ShortExposureError(s, task);
+    const std::optional<TipoError>& error = s.outcome.error;
+    if (due.has_value() != error.has_value()) {
+        return due ? Verdict::Broken("it didn't fail: ", MensajeDe(*due))
+                   : Verdict::Broken("it failed: ", MensajeDe(*error));
+    }
+    if (!due) return Verdict::Holds();
+    const bool same_kind = IsArithmetic(*due) == IsArithmetic(*error);
+    return same_kind ? Verdict::Holds() : Verdict::Broken("it failed with: ", MensajeDe(*error));
+}
+
+Verdict OnlyAConfirmedSalirEndsTheProcess(const Step& s) {
+    const bool salir = s.action.kind == Action::Kind::Choose && s.action.target == "salir";
+    const bool due = salir && s.action.answer != Respuesta::No;
+    if (due != s.outcome.ended.has_value()) {
+        return Verdict::Broken(due ? "it didn't end" : "it ended");
+    }
+    if (due && *s.outcome.ended != 0) return Verdict::Broken("status ", *s.outcome.ended);
+    return salir ? Verdict::Holds() : Verdict::PassedOver();
+}
+
+constexpr std::array<Invariant, 6> kInvariants = {{
+    {"Nothing but a run-time error is ever thrown.", NothingElseIsThrown},
+    {"An array lacks an element only for a plan beyond its bounds or a row without its number.",
+     ASubscriptErrorNeedsAnOddPlan},
+    {"A run-time error comes only where the rules name it.", AnErrorComesOnlyWhereItIsNamed},
+    {"A row in use with a single usable sample ends the program, and no other does.",
+     ASingleSampleIsNeverGivenAValue},
+    {"A short-exposure button fails exactly for what its rules name.",
+     AShortExposureFailsOnlyAsToldAndAlwaysThen},
+    {"The process ends by a Salir that isn't answered No, with status 0, and by nothing else.",
+     OnlyAConfirmedSalirEndsTheProcess},
+}};
+
+}  // namespace
+
+std::span<const Invariant> ErrorInvariants() { return kInvariants; }
+
+}  // namespace velmora::property

@@ -1,0 +1,18 @@
+#include "property/invariant.h"
+
+namespace velmora::property {
+
+const std::vector<Invariant>& Invariants() {
+    static const std::vector<Invariant> all = [] {
+        std::vector<Invariant> gathered;
+        for (const auto& group :
+             {ErrorInvariants(), ScreenInvariants(), RecordInvariants(), CaptureInvariants(),
+              SheetInvariants(), CalculationInvariants(), ResultInvariants(), FileInvariants()}) {
+            gathered.insert(gathered.end(), group.begin(), group.end());
+        }
+        return gathered;
+    }();
+    return all;
+}
+
+}  // namespace velmora::property

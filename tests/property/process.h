@@ -1,0 +1,105 @@
+#pragma once
+
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/chain.h"
+#include "core/record.h"
+#include "forms/host.h"
+#include "property/action.h"
+#include "runtime/error.h"
+
+namespace velmora::property {
+
+struct ShownBox {
+    std::string prompt;
+    Estilo estilo;
+    std::string title;
+    Respuesta answer;
+
+    friend bool operator==(const ShownBox&, const ShownBox&) = default;
+};
+
+/// What came of one action, besides what the screen shows and the record holds.
+struct Outcome {
+    std::vector<ShownBox> boxes;
+    std::vector<CommonDialog> file_dialogs;   ///< as they were set when shown
+    std::vector<CommonDialog> print_dialogs;  ///< as they were set when shown
+    int prints = 0;
+    int screens_made = 0;
+    std::optional<TipoError> error;
+    std::string foreign_exception;  ///< what() of an exception that is no run-time error
+    std::optional<int> ended;       ///< status with which the process was ended
+
+    bool Lives() const { return !error && foreign_exception.empty() && !ended; }
+};
+
+/// A toolkit that answers every box and dialog as the action at hand says.
+class AnsweringHost : public Host {
+public:
+    AnsweringHost(std::filesystem::path folder, Outcome& outcome)
+        : folder_(std::move(folder)), outcome_(&outcome) {}
+
+    void Answer(const Action& action) { action_ = &action; }
+    void Wait(int seconds) { now_ += std::chrono::seconds(seconds); }
+
+    Respuesta MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) override;
+    void ShowSave(CommonDialog& dialog) override;
+    void ShowPrinter(CommonDialog& dialog) override;
+    void PrintForm() override;
+    std::tm Now() const override;
+    [[noreturn]] void End(int estado) override;
+
+private:
+    std::filesystem::path folder_;
+    Outcome* outcome_;
+    const Action* action_ = nullptr;
+    std::chrono::sys_seconds now_{std::chrono::sys_days{std::chrono::year{2024} / 2 / 28} +
+                                  std::chrono::hours{23}};
+};
+
+/// One run of the program, from `Form1` on, used as a window would use it.
+class Process {
+public:
+    /// Files are named within `folder`.
+    explicit Process(const std::filesystem::path& folder);
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    /// Whether the screen offers this action at the moment. Never so for the actions on files.
+    bool Offers(const Action& action) const;
+
+    /// Does an action that the screen offers. Once the outcome doesn't live, the process is over.
+    const Outcome& Perform(const Action& action);
+
+    Screen& Current() const { return chain_.Current(); }
+    std::tm Now() const { return host_.Now(); }
+    /// Goes to a screen by no entry of a menu, as a start from the middle.
+    void Open(ScreenId id);
+
+    EvaluacionRecord record;
+
+private:
+    void Do(const Action& action);
+    void Type(const Control& control, int key);
+
+    Outcome outcome_;
+    AnsweringHost host_;
+    ScreenChain chain_;
+};
+
+/// The letter of a key, 32 to 255, in UTF-8.
+std::string LetterOf(int key);
+
+/// The text without its last letter.
+std::string WithoutLastLetter(std::string text);
+
+/// Whether a key, or the letter of one, gets into an ordinary text field.
+constexpr bool IsLetter(int key) { return (key >= 32 && key < 127) || key >= 160; }
+
+}  // namespace velmora::property

@@ -1,0 +1,230 @@
+// The window touches the widgets of the controls that changed, and no others.
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <set>
+
+#include "qt/text.h"
+#include "qt/window_test.h"
+#include "sheet/form5.h"
+
+namespace velmora::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+const QString kMark = QStringLiteral("marca");
+
+class ChangeTest : public WindowTest {
+protected:
+    /// Changes every widget behind the window's back: one that the window touches loses the mark.
+    void MarkAll() {
+        for (const Control& control : chain.Current().Controls()) {
+            QWidget& widget = robot.Find(control.name);
+            if (auto* const label = qobject_cast<QLabel*>(&widget)) label->setText(kMark);
+            if (auto* const button = qobject_cast<QPushButton*>(&widget)) button->setText(kMark);
+            if (auto* const list = qobject_cast<QComboBox*>(&widget)) list->setEditText(kMark);
+            if (qobject_cast<QLineEdit*>(&widget) != nullptr) {
+                QPalette palette = widget.palette();
+                palette.setColor(QPalette::Text, kInk);
+                widget.setPalette(palette);
+            }
+        }
+    }
+
+    std::set<std::string> Touched() {
+        std::set<std::string> names;
+        for (const Control& control : chain.Current().Controls()) {
+            QWidget& widget = robot.Find(control.name);
+            bool marked = true;
+            if (std::holds_alternative<Picture>(control.state)) continue;
+            if (qobject_cast<QLineEdit*>(&widget) != nullptr) {
+                marked = widget.palette().color(QPalette::Text) == kInk;
+            } else {
+                marked = robot.Text(control.name) == kMark.toStdString();
+            }
+            if (!marked) names.insert(control.name);
+        }
+        return names;
+    }
+
+    /// The controls whose data differs from `before`, the clock aside.
+    std::set<std::string> Differing(const std::vector<Held>& before) {
+        std::set<std::string> names;
+        const std::vector<Held> after = StateOf(chain.Current());
+        for (std::size_t i = 0; i < after.size(); ++i) {
+            if (after[i] != before[i]) names.insert(chain.Current().Controls()[i].name);
+        }
+        names.erase(ClockName());
+        return names;
+    }
+
+    std::set<std::string> TouchedButTheClock() {
+        std::set<std::string> names = Touched();
+        names.erase(ClockName());
+        return names;
+    }
+
+    std::string ClockName() {
+        for (const Control& control : chain.Current().Controls()) {
+            const auto* const label = std::get_if<Label*>(&control.state);
+            if (label != nullptr && *label == &chain.Current().Clock()) return control.name;
+        }
+        return {};
+    }
+
+    bool ClockLostItsMark() { return robot.Text(ClockName()) != kMark.toStdString(); }
+
+private:
+    const QColor kInk{1, 2, 3};
+};
+
+class SheetChangeTest : public ChangeTest {
+protected:
+    SheetChangeTest() {
+        SetPlan(1, 1, 2);
+        Open(ScreenId::Form5);
+        robot.Choose("introducirdatos", "introprimero");
+        for (const char* const cell : {"Text1(7)", "Text1(8)", "Text1(25)", "Text1(26)"}) {
+            robot.Type(cell, "5");
+        }
+    }
+};
+
+TEST_F(SheetChangeTest, AButtonTouchesWhatItChangedAndNothingMore) {
+    for (const char* const button : {"Command1", "Command4", "Command5", "Command8"}) {
+        const std::vector<Held> before = StateOf(chain.Current());
+        MarkAll();
+        robot.Press(button);
+        EXPECT_EQ(TouchedButTheClock(), Differing(before)) << button;
+    }
+}
+
+TEST_F(SheetChangeTest, TheFirstButtonTouchesTheMeansTheIndicesAndTheNextButton) {
+    MarkAll();
+    robot.Press("Command1");
+    EXPECT_THAT(TouchedButTheClock(),
+                ElementsAre("Command4", "Text1(13)", "Text1(14)", "Text1(31)", "Text1(32)"));
+}
+
+TEST_F(SheetChangeTest, ATypedDigitTouchesNoWidgetButItsOwn) {
+    robot.Click("Text1(9)");
+    MarkAll();
+    robot.Key(Qt::Key_5);
+    EXPECT_THAT(TouchedButTheClock(), ::testing::IsEmpty()) << "the widget has it already";
+    EXPECT_EQ(robot.Text("Text1(9)"), "5");
+    robot.Key(Qt::Key_Backspace);
+    EXPECT_THAT(TouchedButTheClock(), ElementsAre("Text1(9)")) << "wiped by its filter";
+}
+
+TEST_F(SheetChangeTest, TheClockTouchesItsLabelAlone) {
+    MarkAll();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return ClockLostItsMark(); }));
+    EXPECT_THAT(Touched(), ElementsAre("Label5"));
+}
+
+TEST_F(SheetChangeTest, AMarkedSampleShowsLightOnRedUntilItsTaskIsValidated) {
+    robot.Retype("Text1(7)", "999");  // far above its EC of 200
+    for (const char* const button : {"Command1", "Command4", "Command5", "Command8"}) {
+        robot.Press(button);
+    }
+    const auto colors = [this] {
+        const QPalette palette = robot.Find("Text1(7)").palette();
+        return std::pair{palette.color(QPalette::Base), palette.color(QPalette::Text)};
+    };
+    EXPECT_EQ(robot.Text("Text7"), "SI");
+    EXPECT_EQ(colors(), std::pair(QColor(255, 0, 0), QColor(255, 255, 255)));
+    EXPECT_EQ(robot.Find("Text1(8)").palette().color(QPalette::Base), QColor(255, 255, 255));
+    robot.Press("Command1");
+    EXPECT_EQ(colors(), std::pair(QColor(255, 255, 255), QColor(0x14, 0x1e, 0x2d)));
+}
+
+TEST_F(SheetChangeTest, A30MinuteSampleOverItsLimitIsMarkedInItsOwnRed) {
+    record.TiempoMuestreo(1, 1) = 30;
+    robot.Choose("introducirdatos", "introprimero");
+    for (const char* const cell : {"Text1(7)", "Text1(8)", "Text1(25)", "Text1(26)"}) {
+        robot.Type(cell, "300");  // three times the ED of 100: equality counts
+    }
+    for (const char* const button : {"Command1", "Command4", "Command5", "Command8"}) {
+        robot.Press(button);
+    }
+    EXPECT_EQ(robot.Find("Text1(7)").palette().color(QPalette::Base), QColor(250, 0, 0));
+}
+
+using ClockTest = EachScreenTest;
+
+TEST_P(ClockTest, ShowsTheTimeByItsPatternAndGoesOn) {
+    const std::map<ScreenId, std::string> clocks = {
+        {ScreenId::Form1, "Label5"}, {ScreenId::Form2, "Label3"}, {ScreenId::Form3, "Label2"},
+        {ScreenId::Form4, "Label1"}, {ScreenId::Form5, "Label5"}, {ScreenId::Form6, "Label2"}};
+    const std::string& clock = clocks.at(GetParam());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !robot.Text(clock).empty(); }));
+    const std::string first = robot.Text(clock);
+    EXPECT_THAT(first, ::testing::MatchesRegex(
+                           "[0-3][0-9]:[01][0-9]:[0-9][0-9]     [0-2][0-9]:[0-5][0-9]:[0-5][0-9]"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return robot.Text(clock) != first; })) << "it stands still";
+}
+
+INSTANTIATE_TEST_SUITE_P(OnTheWindow, ClockTest, ::testing::ValuesIn(kScreens),
+                         [](const auto& test) { return NameOf(test.param); });
+
+TEST_F(ChangeTest, TheClockGoesOnBehindABoxAndTouchesItsLabelAlone) {
+    Open(ScreenId::Form2);
+    bool went_on = false;
+    std::set<std::string> touched;
+    robot.on_modal = [&](QDialog&) {
+        MarkAll();
+        went_on = QTest::qWaitFor([this] { return ClockLostItsMark(); });
+        touched = Touched();
+    };
+    robot.ExpectBox(
+        BoxOf("¿Está seguro de que quiere salir?", Estilo::SiNoInformacionNo, QMessageBox::No));
+    robot.Choose("salir");
+    EXPECT_TRUE(went_on);
+    EXPECT_THAT(touched, ElementsAre("Label3"));
+}
+
+TEST_F(ChangeTest, WhatAHandlerChangedIsShownBeforeItsBox) {
+    SetPlan(1, 1, 1);
+    Open(ScreenId::Form5);
+    robot.Choose("introducirdatos", "introprimero");
+    ASSERT_TRUE(robot.Visible("Text1(7)"));
+    std::string caption;
+    bool sheet_visible = true;
+    robot.on_modal = [&](QDialog&) {
+        caption = robot.WindowCaption();
+        sheet_visible = robot.Visible("Text1(7)");
+    };
+    robot.ExpectBox(
+        {.text = " El número de día seleccionado no es coherente con los datos introducidos"});
+    robot.Choose("introducirdatos", "introsegundo");
+    EXPECT_EQ(caption,
+              "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : SEGUNDO DIA");
+    EXPECT_FALSE(sheet_visible);
+}
+
+TEST_F(ChangeTest, TheHeadingsStandBehindTheRefusalOfATask) {
+    Open(ScreenId::Form4);
+    bool heading = false;
+    std::string picked;
+    robot.on_modal = [&](QDialog&) {
+        heading = robot.Visible("Label4(1)");
+        picked = robot.Text("Combo1");
+    };
+    robot.ExpectBox({.text = " El número de tareas seleccionado no es coherente con el valor "
+                             "asignado inicialmente"});
+    robot.Pick("Combo1", "2");
+    EXPECT_TRUE(heading);
+    EXPECT_EQ(picked, "2");
+}
+
+}  // namespace
+}  // namespace velmora::test

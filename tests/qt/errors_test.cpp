@@ -1,0 +1,169 @@
+// A run-time error: one box, then the end with status 1.
+
+#include <QAction>
+#include <QPushButton>
+
+#include <stdexcept>
+
+#include "qt/window_test.h"
+#include "sheet/form5.h"
+
+namespace velmora::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+class RunTimeErrorTest : public WindowTest {
+protected:
+    void ExpectErrorBox(const std::string& sentence) {
+        Robot::Box box = BoxOf("Error en tiempo de ejecución: " + sentence, Estilo::Aceptar);
+        box.icon = QMessageBox::Critical;
+        robot.ExpectBox(box);
+    }
+
+    /// The sheet of one task, laid out.
+    void OpenSheet(int filas) {
+        SetPlan(1, 1, filas);
+        Open(ScreenId::Form5);
+        robot.Choose("introducirdatos", "introprimero");
+    }
+
+    /// The same with samples typed and everything computed up to `Command5`.
+    void OpenSheetAtShortExposure() {
+        OpenSheet(1);
+        robot.Type("Text1(7)", "5");
+        robot.Type("Text1(8)", "6");
+        robot.Press("Command1");
+        robot.Press("Command4");
+    }
+};
+
+// One usable sample: its deviation is a sum of 0 over 1 - 1.
+TEST_F(RunTimeErrorTest, ASingleSampleIsAnInvalidOperation) {
+    OpenSheet(1);
+    robot.Type("Text1(7)", "5");
+    robot.Type("Text1(8)", "0");
+    ExpectErrorBox("operación aritmética no válida.");
+    robot.Press("Command1");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, FourHundredDigitsOverflow) {
+    OpenSheet(1);
+    robot.Type("Text1(7)", std::string(400, '9'));
+    robot.Type("Text1(8)", "5");
+    ExpectErrorBox("desbordamiento.");
+    robot.Press("Command1");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+// The MG cell, wiped by a backspace, reads 0: EC+ over MG+ is 200 / 0.
+TEST_F(RunTimeErrorTest, AWipedGeometricMeanIsADivisionByZero) {
+    OpenSheetAtShortExposure();
+    robot.Key("Text1(16)", Qt::Key_Backspace);
+    ExpectErrorBox("división por cero.");
+    robot.Press("Command5");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, ANegativeSampleOfARestoredDayHasNoLogarithm) {
+    SetPlan(1, 1, 1);
+    record.HojaPrimerDia(3) = "100";  // ED
+    record.HojaPrimerDia(8) = "-5";   // C1
+    record.HojaPrimerDia(9) = "5";    // C2
+    Open(ScreenId::Form5);
+    robot.Choose("recuperar", "recupprimerdia");
+    ExpectErrorBox("argumento no válido en una función.");
+    robot.Press("Command1");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, ARestoredPlanOfFourDaysEndsOnThePlansScreenWithASubscript) {
+    SetPlan(3, 3, 1);
+    record.NumJornadas = 4;
+    record.DatosEmpresa(1) = "Acme";
+    Open(ScreenId::Form2);
+    ExpectErrorBox("subíndice fuera de rango.");
+    robot.Choose("continuar", "datosiniciales");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, ARestoredTaskOfSevenContaminantsEndsOnItsPick) {
+    SetPlan(1, 1, 1);
+    record.NumContaminantes(1) = 7;
+    Open(ScreenId::Form4);
+    ExpectErrorBox("subíndice fuera de rango.");
+    robot.Pick("Combo1", "1");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, ATextThatIsNoNumberWhereAnIntegerIsWantedIsAMismatch) {
+    SetPlan(1, 1, 1);
+    Open(ScreenId::Form3);
+    ExpectErrorBox("los tipos no coinciden.");
+    robot.Act("a step with a bad text", [this] { window->Run([] { ConvertirEntero("dos"); }); });
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, AnyOtherFaultEndsTheProgramTheSameWay) {
+    Robot::Box box = BoxOf("Error en tiempo de ejecución: error interno.", Estilo::Aceptar);
+    box.icon = QMessageBox::Critical;
+    robot.ExpectBox(box);
+    robot.Act("a fault", [this] { window->Run([] { throw std::length_error("x"); }); });
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, AKeyFiltersErrorEndsTheProgramToo) {
+    OpenSheet(1);
+    // Digits are counted in 16 bits: the one past 32767 overflows.
+    window->Run([this] {
+        KeyCode digit = '1';
+        for (int i = 0; i < 32767; ++i) Current<Form5>().Text1_KeyPress(7, digit);
+    });
+    ExpectErrorBox("desbordamiento.");
+    robot.Type("Text1(7)", "1");
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+TEST_F(RunTimeErrorTest, NothingRunsBehindItsBoxNorAfterIt) {
+    OpenSheet(1);
+    robot.Type("Text1(7)", "5");
+    robot.Type("Text1(8)", "0");
+    std::vector<int> ends_while_open = {-1};
+    robot.on_modal = [&](QDialog&) {
+        ends_while_open = TakeEnds();
+        Action("contaminantes").trigger();
+        window->close();
+    };
+    ExpectErrorBox("operación aritmética no válida.");
+    robot.Press("Command1");
+    robot.on_modal = nullptr;
+    EXPECT_THAT(ends_while_open, ::testing::IsEmpty()) << "the end comes after the box";
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+
+    robot.Act("going on", [this] {
+        Action("contaminantes").trigger();
+        window->close();
+        robot.Find<QPushButton>("Command1").click();
+    });
+    robot.Type("Text1(9)", "7");
+    EXPECT_EQ(robot.ScreenName(), "Form5");
+    EXPECT_EQ(robot.Text("Text1(9)"), "");
+}
+
+TEST_F(RunTimeErrorTest, WhatWasDoneBeforeItIsOnTheWindowBehindItsBox) {
+    SetPlan(1, 1, 2);
+    Open(ScreenId::Form5);
+    robot.Choose("introducirdatos", "introprimero");
+    for (const char* const cell : {"Text1(7)", "Text1(8)", "Text1(25)"}) robot.Type(cell, "5");
+    robot.Type("Text1(26)", "0");  // the second row alone has one usable sample
+    std::string first_mean;
+    robot.on_modal = [&](QDialog&) { first_mean = robot.Text("Text1(13)"); };
+    ExpectErrorBox("operación aritmética no válida.");
+    robot.Press("Command1");
+    EXPECT_EQ(first_mean, "5.") << "the first row's, of 5 and 5";
+    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+}
+
+}  // namespace
+}  // namespace velmora::test

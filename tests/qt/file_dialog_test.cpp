@@ -1,0 +1,255 @@
+// Saving and restoring by the real file dialog.
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+#include "capture/form2.h"
+#include "final/form6.h"
+#include "qt/text.h"
+#include "qt/window_test.h"
+
+namespace velmora::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class FileDialogTest : public WindowTest {
+protected:
+    std::string Path(std::string_view name) { return folder.filePath(ToQt(name)).toStdString(); }
+    bool Exists(std::string_view name) { return QFile::exists(folder.filePath(ToQt(name))); }
+    QByteArray Bytes(std::string_view name) {
+        QFile file(folder.filePath(ToQt(name)));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
+    void Write(std::string_view name, const QByteArray& bytes) {
+        QFile file(folder.filePath(ToQt(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name;
+        file.write(bytes);
+    }
+
+    /// Saves under a name that doesn't exist yet.
+    void SaveNew(std::string_view name) {
+        robot.ExpectFileDialog(Path(name));
+        robot.ExpectPrompt("no existe", QMessageBox::Yes);
+        robot.Choose("guardararchivo");
+    }
+
+    QTemporaryDir folder;
+};
+
+class SavingTest : public FileDialogTest {
+protected:
+    SavingTest() {
+        record.DatosEmpresa(1) = "Acme";
+        Open(ScreenId::Form6);
+    }
+};
+
+TEST_F(SavingTest, ANameWithoutAPointGetsTheDefaultExtension) {
+    SaveNew("plan");
+    EXPECT_TRUE(Exists("plan.doc"));
+    EXPECT_FALSE(Exists("plan"));
+    EXPECT_EQ(Bytes("plan.doc").count("\r\n"), 1524);
+    EXPECT_TRUE(Bytes("plan.doc").startsWith("\"Acme\"\r\n"));
+    EXPECT_EQ(Current<Form6>().CommonDialog1.FileName, Path("plan.doc"));
+}
+
+TEST_F(SavingTest, ANameWithAPointKeepsItsEnd) {
+    SaveNew("plan.v2");
+    EXPECT_TRUE(Exists("plan.v2"));
+    EXPECT_FALSE(Exists("plan.v2.doc"));
+}
+
+TEST_F(SavingTest, APointInTheFolderIsNoneInTheName) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("con.punto")));
+    SaveNew("con.punto/plan");
+    EXPECT_TRUE(Exists("con.punto/plan.doc"));
+}
+
+TEST_F(SavingTest, ItAsksInSpanishBeforeItReplacesAFile) {
+    Write("plan.doc", "antes");
+    std::string question;
+    robot.on_modal = [&](QDialog& modal) {
+        if (const auto* const box = qobject_cast<QMessageBox*>(&modal)) {
+            question = box->text().toStdString();
+        }
+    };
+    robot.ExpectFileDialog(Path("plan"));
+    robot.ExpectPrompt("ya existe", QMessageBox::Yes);
+    robot.Choose("guardararchivo");
+    EXPECT_THAT(question, HasSubstr("plan.doc"));
+    EXPECT_THAT(question, HasSubstr("¿"));
+    EXPECT_EQ(Bytes("plan.doc").count("\r\n"), 1524);
+}
+
+TEST_F(SavingTest, ANoToTheReplacementGoesBackToTheDialog) {
+    Write("plan.doc", "antes");
+    robot.ExpectFileDialog(Path("plan"));
+    robot.ExpectPrompt("ya existe", QMessageBox::No);
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_EQ(Bytes("plan.doc"), "antes");
+    EXPECT_EQ(Current<Form6>().CommonDialog1.FileName, "");
+}
+
+TEST_F(SavingTest, ItAsksInSpanishBeforeItCreatesAFile) {
+    std::string question;
+    std::vector<std::string> captions;
+    robot.on_modal = [&](QDialog& modal) {
+        const auto* const box = qobject_cast<QMessageBox*>(&modal);
+        if (box == nullptr) return;
+        question = box->text().toStdString();
+        for (const QAbstractButton* const button : box->buttons()) {
+            captions.push_back(button->text().remove(QLatin1Char('&')).toStdString());
+        }
+    };
+    SaveNew("plan");
+    EXPECT_EQ(question, "plan.doc no existe.\n¿Desea crearlo?");
+    EXPECT_THAT(captions, ::testing::UnorderedElementsAre("Sí", "No"));
+}
+
+TEST_F(SavingTest, ANoToTheCreationGoesBackToTheDialogAndCreatesNothing) {
+    robot.ExpectFileDialog(Path("plan"));
+    robot.ExpectPrompt("no existe", QMessageBox::No);
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_FALSE(Exists("plan.doc"));
+}
+
+TEST_F(SavingTest, ACancelAtFirstWritesNothing) {
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_THAT(QDir(folder.path()).entryList(QDir::Files), ::testing::SizeIs(0));
+    EXPECT_EQ(Current<Form6>().CommonDialog1.FileName, "");
+}
+
+TEST_F(SavingTest, ACancelAfterANameWritesThatFileAgain) {
+    SaveNew("plan");
+    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("plan.doc"))));
+    record.DatosEmpresa(1) = "Otra";
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_TRUE(Bytes("plan.doc").startsWith("\"Otra\"\r\n"));
+}
+
+TEST_F(SavingTest, TheDialogShowsTheLastNameWhileTheScreenLives) {
+    SaveNew("plan");
+    std::string shown;
+    robot.on_modal = [&](QDialog& modal) {
+        const auto* const edit = modal.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (edit != nullptr) shown = edit->text().toStdString();
+    };
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_EQ(shown, "plan.doc");
+
+    Open(ScreenId::Form5);
+    Open(ScreenId::Form6);
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_EQ(shown, "");
+    EXPECT_EQ(Current<Form6>().CommonDialog1.FileName, "");
+}
+
+TEST_F(SavingTest, AFolderThatTakesNoFileIsPassedOverInSilence) {
+    robot.ExpectFileDialog(Path("ninguna/plan"));
+    robot.ExpectPrompt("no existe", QMessageBox::Yes);
+    robot.on_modal = [&, dialogs = 0](QDialog& modal) mutable {
+        // The toolkit may say that the folder isn't there: then the dialog stays open.
+        if (qobject_cast<QFileDialog*>(&modal) != nullptr && ++dialogs == 2) {
+            robot.ExpectFileDialog(std::nullopt);
+        }
+    };
+    robot.Choose("guardararchivo");
+    EXPECT_EQ(robot.ScreenName(), "Form6");
+}
+
+class RestoringTest : public FileDialogTest {
+protected:
+    RestoringTest() { Open(ScreenId::Form2); }
+};
+
+TEST_F(RestoringTest, ItReadsWhatWasSavedAndAsksNothing) {
+    record.DatosEmpresa(1) = "Acme, S.A.";
+    record.DatosEmpresa(6) = "Móstoles";
+    record.NumJornadas = 3;
+    Open(ScreenId::Form6);
+    SaveNew("plan");
+
+    record = {};
+    Open(ScreenId::Form2);
+    robot.ExpectFileDialog(Path("plan"));  // "doc" is added here, too
+    robot.Choose("recuperardatos");
+    EXPECT_EQ(robot.Text("Text1(1)"), "Acme, S.A.");
+    EXPECT_EQ(robot.Text("Text1(6)"), "Móstoles");
+    EXPECT_EQ(record.NumJornadas, 3);
+}
+
+TEST_F(RestoringTest, ANameThatDoesNotExistIsTakenAndTheBoxesAreOverwritten) {
+    robot.Type("Text1(4)", "Calle Mayor");
+    robot.ExpectFileDialog(Path("ninguno"));
+    robot.Choose("recuperardatos");
+    EXPECT_EQ(Current<Form2>().CommonDialog1.FileName, Path("ninguno.doc"));
+    for (int i = 1; i <= 19; ++i) EXPECT_EQ(robot.Text(Indexed("Text1", i)), "") << i;
+    EXPECT_FALSE(Exists("ninguno.doc"));
+}
+
+TEST_F(RestoringTest, ACancelAtFirstWipesTheBoxesAndTheNameIsThenMissing) {
+    robot.Type("Text1(4)", "Calle Mayor");
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("recuperardatos");
+    for (int i = 1; i <= 19; ++i) EXPECT_EQ(robot.Text(Indexed("Text1", i)), "") << i;
+    robot.ExpectBox({.text = "Debe cumplimentarse por lo menos el nombre de la empresa"});
+    robot.Choose("continuar", "calculos");
+}
+
+TEST_F(RestoringTest, ACancelAfterANameReadsThatFileAgain) {
+    Write("a.doc", "\"Uno\"\r\n");
+    robot.ExpectFileDialog(Path("a.doc"));
+    robot.Choose("recuperardatos");
+    EXPECT_EQ(robot.Text("Text1(1)"), "Uno");
+    Write("a.doc", "\"Dos\"\r\n");
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("recuperardatos");
+    EXPECT_EQ(robot.Text("Text1(1)"), "Dos");
+}
+
+TEST_F(RestoringTest, TheDialogIsTheToolkitsOwnInSpanish) {
+    std::string accept;
+    std::string cancel;
+    bool native = true;
+    robot.on_modal = [&](QDialog& modal) {
+        const auto& dialog = dynamic_cast<QFileDialog&>(modal);
+        native = !dialog.testOption(QFileDialog::DontUseNativeDialog);
+        accept = dialog.labelText(QFileDialog::Accept).remove(QLatin1Char('&')).toStdString();
+        for (const QAbstractButton* const button : modal.findChildren<QAbstractButton*>()) {
+            const std::string caption = button->text().remove(QLatin1Char('&')).toStdString();
+            if (caption == "Cancelar") cancel = caption;
+        }
+    };
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("recuperardatos");
+    EXPECT_FALSE(native);
+    EXPECT_EQ(accept, "Abrir");
+    EXPECT_EQ(cancel, "Cancelar");
+}
+
+TEST_F(RestoringTest, NoFileIsLeftInTheUsersFolders) {
+    ASSERT_THAT(FilesInHome(), IsEmpty());
+    Write("a.doc", "\"Uno\"\r\n");
+    robot.ExpectFileDialog(Path("a.doc"));
+    robot.Choose("recuperardatos");
+    Open(ScreenId::Form6);
+    SaveNew("b");
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+    EXPECT_THAT(FilesInHome(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace velmora::test

@@ -1,0 +1,160 @@
+// The print dialog and the page that comes out.
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QFile>
+#include <QPrintDialog>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+#include "qt/text.h"
+#include "qt/window_test.h"
+
+namespace velmora::test {
+namespace {
+
+using Print = Robot::Print;
+
+/// What each screen says and sets.
+struct Notice {
+    ScreenId screen;
+    const char* text;
+    int first_page;
+    int last_page;
+};
+
+std::ostream& operator<<(std::ostream& out, const Notice& row) { return out << NameOf(row.screen); }
+
+// clang-format off
+constexpr std::array<Notice, 5> kNotices = {{
+    {ScreenId::Form2, "Se imprimirá la pantalla",                    0, 2},
+    {ScreenId::Form3, "Se imprimirá la pantalla",                    0, 1000},
+    {ScreenId::Form4, "Se imprimirá pantalla",                       0, 1000},
+    {ScreenId::Form5, "Se imprimirán todos los datos en pantalla",   0, 1000},
+    {ScreenId::Form6, "Se imprimirán los resultados en  pantalla",   1, 1000},
+}};
+// clang-format on
+
+class PrintTest : public WindowTest {
+protected:
+    PrintTest() {
+        host.make_printer = [this] {
+            ++printers;
+            auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+            printer->setOutputFormat(QPrinter::PdfFormat);
+            printer->setOutputFileName(ToQt(Page()));
+            return printer;
+        };
+    }
+
+    std::string Page() const { return folder.filePath(QStringLiteral("page.pdf")).toStdString(); }
+
+    void ExpectQuestion(std::string_view notice, QMessageBox::StandardButton answer) {
+        robot.ExpectBox(BoxOf(std::string(notice) +
+                                  "\n¿Desea continuar?\n \nPulsar 'Si' no admite cancelación "
+                                  "posterior",
+                              Estilo::SiNo, answer));
+    }
+
+    /// How many pages the file holds; 0 when there is none.
+    int Pages() const {
+        QFile file(ToQt(Page()));
+        if (!file.open(QIODevice::ReadOnly)) return 0;
+        const QByteArray bytes = file.readAll();
+        return static_cast<int>(bytes.count("/Type /Page\n"));
+    }
+
+    QTemporaryDir folder;
+    int printers = 0;
+};
+
+class EachPrintTest : public PrintTest, public ::testing::WithParamInterface<Notice> {};
+
+TEST_P(EachPrintTest, AsksShowsTheDialogAndPrintsOnePage) {
+    const Notice& row = GetParam();
+    SetPlan(1, 1, 1);
+    Open(row.screen);
+    ExpectQuestion(row.text, QMessageBox::Yes);
+    bool to_file = true;
+    std::pair<int, int> pages;
+    std::pair<int, int> bounds;
+    robot.ExpectPrintDialog(Print::Cancel, [&](QPrintDialog& dialog) {
+        to_file = dialog.testOption(QAbstractPrintDialog::PrintToFile);
+        pages = {dialog.fromPage(), dialog.toPage()};
+        bounds = {dialog.minPage(), dialog.maxPage()};
+    });
+    robot.Choose("imprimir");
+    EXPECT_FALSE(to_file);
+    EXPECT_EQ(bounds, std::pair(row.first_page, row.last_page));
+    // As far as the toolkit can: its ranges begin at page 1.
+    EXPECT_EQ(pages, std::pair(std::max(1, row.first_page), row.last_page));
+    EXPECT_EQ(Pages(), 1);
+    EXPECT_EQ(printers, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(OnTheWindow, EachPrintTest, ::testing::ValuesIn(kNotices),
+                         [](const auto& test) { return NameOf(test.param.screen); });
+
+TEST_F(PrintTest, ANoPrintsNothingAndShowsNoDialog) {
+    Open(ScreenId::Form2);
+    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::No);
+    robot.Choose("imprimir");
+    EXPECT_EQ(Pages(), 0);
+    EXPECT_EQ(printers, 0);
+}
+
+TEST_F(PrintTest, TheDialogIsSpanish) {
+    std::string captions;
+    robot.on_modal = [&](QDialog& modal) {
+        if (qobject_cast<QPrintDialog*>(&modal) == nullptr) return;
+        for (const QAbstractButton* const button : modal.findChildren<QAbstractButton*>()) {
+            captions += button->text().remove(QLatin1Char('&')).toStdString() + "|";
+        }
+    };
+    Open(ScreenId::Form2);
+    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+    robot.ExpectPrintDialog(Print::Cancel);
+    robot.Choose("imprimir");
+    EXPECT_THAT(captions, ::testing::HasSubstr("Cancelar|"));
+}
+
+TEST_F(PrintTest, NoPrinterAtAllIsPassedOverWhateverTheDialogsAnswer) {
+    host.make_printer = [this] {
+        ++printers;
+        return std::make_unique<QPrinter>(QPrinter::HighResolution);
+    };
+    Open(ScreenId::Form2);
+    for (const Print answer : {Print::Cancel, Print::Accept}) {
+        ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+        robot.ExpectPrintDialog(answer);
+        robot.Choose("imprimir");
+        EXPECT_EQ(robot.ScreenName(), "Form2");
+    }
+    EXPECT_EQ(printers, 2);
+    robot.Type("Text1(4)", "a");
+    EXPECT_EQ(robot.Text("Text1(4)"), "a");
+}
+
+TEST_F(PrintTest, ThePageHoldsTheScreensTextsAndNotTheMenu) {
+    const QString reader = QStandardPaths::findExecutable(QStringLiteral("pdftotext"));
+    if (reader.isEmpty()) GTEST_SKIP() << "no pdftotext";
+    Open(ScreenId::Form2);
+    robot.Type("Text1(4)", "Gran Vía 1");
+    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+    robot.ExpectPrintDialog(Print::Cancel);
+    robot.Choose("imprimir");
+    QProcess process;
+    process.start(reader, {QStringLiteral("-layout"), ToQt(Page()), QStringLiteral("-")});
+    ASSERT_TRUE(process.waitForFinished());
+    const std::string text = process.readAllStandardOutput().toStdString();
+    EXPECT_THAT(text, ::testing::HasSubstr("Datos de la Empresa"));
+    EXPECT_THAT(text, ::testing::HasSubstr("Gran Vía 1"));
+    EXPECT_THAT(text, ::testing::HasSubstr("Responsable de la empresa"));
+    EXPECT_THAT(text, ::testing::Not(::testing::HasSubstr("Imprimir")));
+}
+
+}  // namespace
+}  // namespace velmora::test

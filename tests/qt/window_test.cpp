@@ -1,0 +1,143 @@
+#include "qt/window_test.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDirIterator>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+#include "qt/text.h"
+
+namespace velmora::test {
+
+std::string NameOf(ScreenId id) {
+    return "Form" + std::string(1, static_cast<char>('0' + static_cast<int>(id)));
+}
+
+WindowTest::WindowTest()
+    : window(MakeWindow()), driver(std::make_unique<Robot>(*window)), robot(*driver) {}
+
+std::unique_ptr<Window> WindowTest::MakeWindow() {
+    host.end = [this](int status) { ends_.push_back(status); };
+    chain.Go(ScreenId::Form1);
+    auto made = std::make_unique<Window>(chain, host);
+    host.Attach(*made);
+    made->show();
+    made->activateWindow();
+    if (!QTest::qWaitForWindowActive(made.get())) throw std::runtime_error("no active window");
+    return made;
+}
+
+void WindowTest::Open(ScreenId id) {
+    robot.Act("opening a screen", [&] { window->Run([&] { chain.Go(id); }); });
+}
+
+void WindowTest::SetPlan(int jornadas, int tareas, int filas) {
+    record.NumJornadas = jornadas;
+    record.NumTareas = tareas;
+    for (int t = 1; t <= tareas; ++t) {
+        record.NumContaminantes(t) = filas;
+        for (int d = 1; d <= jornadas; ++d) {
+            record.TiempoExposicion(d, t) = 8;
+            record.Muestras15(d, t) = filas;
+        }
+        for (int c = 1; c <= filas; ++c) {
+            record.NombreContaminante(t, c) = "agente";
+            record.VlaEd(t, c) = 100;
+            record.VlaEc(t, c) = 200;
+            record.TiempoMuestreo(t, c) = 15;
+            record.Unidades(t, c) = "ppm";
+        }
+    }
+}
+
+void WindowTest::Focus(std::string_view control) {
+    QWidget& widget = robot.Find(control);
+    widget.setFocus(Qt::TabFocusReason);
+    if (window->focusWidget() != &widget) throw std::runtime_error("it takes no focus");
+}
+
+std::vector<std::string> WindowTest::Texts(std::string_view name, int first, int last) const {
+    std::vector<std::string> texts;
+    for (int i = first; i <= last; ++i) texts.push_back(robot.Text(Indexed(name, i)));
+    return texts;
+}
+
+QAction& WindowTest::Action(std::string_view name) {
+    auto* const action = window->menuBar()->findChild<QAction*>(ToQt(name));
+    if (action == nullptr) throw std::runtime_error("no entry " + std::string(name));
+    return *action;
+}
+
+void EachScreenTest::ShowAll() {
+    struct Shower {
+        void operator()(TextCell* cell) const { cell->Visible = true, cell->Locked = false; }
+        void operator()(ComboBox* list) const { list->Visible = true, list->Locked = false; }
+        void operator()(Label* label) const { label->Visible = true; }
+        void operator()(Button* button) const { button->Visible = button->Enabled = true; }
+        void operator()(Picture) const {}
+    };
+    window->Run([this] {
+        for (const Control& control : chain.Current().Controls()) {
+            std::visit(Shower{}, control.state);
+        }
+    });
+}
+
+std::vector<Held> StateOf(const Screen& screen) {
+    std::vector<Held> state;
+    for (const Control& control : screen.Controls()) {
+        state.push_back(std::visit(
+            [](const auto& held) -> Held {
+                if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Picture>)
+                    return {};
+                else
+                    return *held;
+            },
+            control.state));
+    }
+    return state;
+}
+
+Robot::Box BoxOf(std::string text, Estilo estilo, QMessageBox::StandardButton answer,
+                 std::string title) {
+    struct Style {
+        Estilo estilo;
+        QMessageBox::StandardButtons buttons;
+        QMessageBox::Icon icon;
+        QMessageBox::StandardButton preset;
+    };
+    constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
+    // clang-format off
+    static const std::array<Style, 5> kStyles = {{
+        {Estilo::Aceptar,           QMessageBox::Ok, QMessageBox::NoIcon,      QMessageBox::Ok},
+        {Estilo::SiNo,              kYesNo,          QMessageBox::NoIcon,      QMessageBox::Yes},
+        {Estilo::SiNoInformacion,   kYesNo,          QMessageBox::Information, QMessageBox::Yes},
+        {Estilo::SiNoPreguntaNo,    kYesNo,          QMessageBox::Question,    QMessageBox::No},
+        {Estilo::SiNoInformacionNo, kYesNo,          QMessageBox::Information, QMessageBox::No},
+    }};
+    // clang-format on
+    const auto style = std::ranges::find(kStyles, estilo, &Style::estilo);
+    return {.text = std::move(text),
+            .answer = answer,
+            .icon = style->icon,
+            .buttons = style->buttons,
+            .preset = style->preset,
+            .title = std::move(title)};
+}
+
+std::vector<std::string> FilesInHome() {
+    std::vector<std::string> files;
+    QDirIterator walk(qEnvironmentVariable("HOME"), QDir::Files | QDir::Hidden | QDir::System,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) files.push_back(walk.next().toStdString());
+    return files;
+}
+
+}  // namespace velmora::test

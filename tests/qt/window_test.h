@@ -1,0 +1,100 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "core/chain.h"
+#include "core/record.h"
+#include "qt/qt_host.h"
+#include "qt/window.h"
+#include "support/robot.h"
+#include "support/velmora_test.h"
+
+namespace velmora::test {
+
+inline constexpr std::array<ScreenId, 6> kScreens = {ScreenId::Form1, ScreenId::Form2,
+                                                     ScreenId::Form3, ScreenId::Form4,
+                                                     ScreenId::Form5, ScreenId::Form6};
+
+/// "Form1" to "Form6", for the names of tests over all screens.
+std::string NameOf(ScreenId id);
+
+/// The whole program on its real window, with an end of the process that only counts. Starts on
+/// `Form1` with an empty record; the separator is the point.
+class WindowTest : public ::testing::Test {
+protected:
+    WindowTest();
+
+    /// Moves to the screen, as a handler does, and gives it as what it is.
+    template <class Form>
+    Form& Open(ScreenId id) {
+        Open(id);
+        return Current<Form>();
+    }
+    void Open(ScreenId id);
+
+    template <class Form>
+    Form& Current() {
+        return dynamic_cast<Form&>(chain.Current());
+    }
+
+    /// A plan in which each task of each day has `filas` contaminants, all of them named, with
+    /// limits, sampling time 15 and a unit.
+    void SetPlan(int jornadas, int tareas, int filas);
+
+    /// Gives the focus without a press of the mouse, which would open a list.
+    void Focus(std::string_view control);
+    /// Texts of the cells or lists named `name`(first) to `name`(last).
+    std::vector<std::string> Texts(std::string_view name, int first, int last) const;
+    /// The entry's action.
+    QAction& Action(std::string_view name);
+
+    /// The statuses that the process was ended with so far; a test that ends it takes them.
+    std::vector<int> TakeEnds() { return std::exchange(ends_, {}); }
+
+    void TearDown() override { EXPECT_THAT(ends_, ::testing::IsEmpty()) << "the process ended"; }
+
+    WithSeparator separator{"."};
+    EvaluacionRecord record;
+    QtHost host;
+    ScreenChain chain{[this](ScreenId id) { return MakeScreen(id, Entorno{record, chain, host}); }};
+    std::unique_ptr<Window> window;
+    std::unique_ptr<Robot> driver;
+    Robot& robot;
+
+private:
+    std::unique_ptr<Window> MakeWindow();
+
+    std::vector<int> ends_;
+};
+
+/// The same on each of the six screens.
+class EachScreenTest : public WindowTest, public ::testing::WithParamInterface<ScreenId> {
+protected:
+    EachScreenTest() { Open(GetParam()); }
+
+    /// Shows every control of the screen, unlocked and enabled.
+    void ShowAll();
+};
+
+/// What every control of a screen holds, in the order of its controls.
+using Held = std::variant<std::monostate, TextCell, ComboBox, Label, Button>;
+std::vector<Held> StateOf(const Screen& screen);
+
+/// The box that a style of the logic stands for.
+Robot::Box BoxOf(std::string text, Estilo estilo,
+                 QMessageBox::StandardButton answer = QMessageBox::Ok,
+                 std::string title = "Velmora");
+
+/// Every file below the folder that the test program calls the user's home.
+std::vector<std::string> FilesInHome();
+
+}  // namespace velmora::test
