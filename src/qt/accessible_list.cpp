@@ -19,15 +19,16 @@ namespace {
 /// be written from outside. The text is read here, and changes only by a pick.
 class AccessibleList : public QAccessibleWidget, public QAccessibleTextInterface {
 public:
-    explicit AccessibleList(ListBox& list) : QAccessibleWidget(&list, QAccessible::ComboBox) {}
+    explicit AccessibleList(ListBox& list)
+        : QAccessibleWidget(&list, QAccessible::ComboBox), list_(&list) {}
 
     int childCount() const override { return 1; }
     QAccessibleInterface* child(int index) const override {
-        return index == 0 ? QAccessible::queryAccessibleInterface(List().view()) : nullptr;
+        return index == 0 && list_ ? QAccessible::queryAccessibleInterface(list_->view()) : nullptr;
     }
     QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface* child) const override {
-        return child != nullptr && child->object() == List().view() ? 0 : -1;
+        return child != nullptr && list_ && child->object() == list_->view() ? 0 : -1;
     }
 
     QString text(QAccessible::Text kind) const override {
@@ -37,9 +38,9 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.hasPopup = true;
         state.expandable = true;
-        state.expanded = List().view()->isVisible();
+        state.expanded = IsOpen();
         state.collapsed = !state.expanded;
-        state.readOnly = true;
+        state.readOnly = list_ && list_->IsLocked();
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -53,10 +54,10 @@ public:
     void doAction(const QString& action) override {
         if (action != showMenuAction()) {
             QAccessibleWidget::doAction(action);
-        } else if (List().view()->isVisible()) {
-            List().hidePopup();
-        } else {
-            List().showPopup();
+        } else if (IsOpen()) {
+            list_->hidePopup();
+        } else if (list_) {
+            list_->showPopup();
         }
     }
 
@@ -80,8 +81,10 @@ public:
     }
 
 private:
-    ListBox& List() const { return *qobject_cast<ListBox*>(object()); }
-    QString Shown() const { return List().lineEdit()->text(); }
+    bool IsOpen() const { return list_ && list_->view()->isVisible(); }
+    QString Shown() const { return list_ ? list_->lineEdit()->text() : QString(); }
+
+    QPointer<ListBox> list_;
 };
 
 /// One item of a list, from 0.

@@ -20,6 +20,7 @@ ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     addItems(items);
+    setContextMenuPolicy(Qt::NoContextMenu);
     setMaxVisibleItems(static_cast<int>(items.size()));
     QLineEdit* const edit = lineEdit();
     edit->setReadOnly(true);
@@ -27,10 +28,15 @@ ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
     edit->setContextMenuPolicy(Qt::NoContextMenu);
     edit->setCursor(Qt::ArrowCursor);
     edit->installEventFilter(this);
+    connect(edit, &QLineEdit::textChanged, this, [this](const QString& text) {
+        // Only a pick and `Show` change the text; a screen reader's or an input method's goes back.
+        if (text != shown_ && text != itemText(currentIndex())) setEditText(shown_);
+    });
     Show({});
 }
 
 void ListBox::Show(const QString& text) {
+    shown_ = text;
     setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
     setEditText(text);
     lineEdit()->setCursorPosition(0);  // the beginning is what is seen

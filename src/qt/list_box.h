@@ -37,6 +37,7 @@ protected:
 
 private:
     Filter filter_;
+    QString shown_;  ///< the text that the list was last told to show
     bool locked_ = false;
 };
 

@@ -1,11 +1,13 @@
 #include "qt/qt_host.h"
 
 #include <QLabel>
+#include <QMarginsF>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
 
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
 
@@ -32,6 +34,8 @@ QString NameOf(QMessageBox::Icon icon) {
     }
     return {};
 }
+
+constexpr double kMargin = 10;  ///< of a printed page, in millimetres; a hole punch needs room
 
 struct BoxStyle {
     QMessageBox::StandardButtons buttons;
@@ -104,10 +108,12 @@ void QtHost::ShowPrinter(CommonDialog& dialog) {
     window_->ShowChanges();
     printer_ = make_printer();
     printer_->setPageOrientation(QPageLayout::Landscape);
+    printer_->setColorMode(QPrinter::Color);  // some start out grey
+    printer_->setPageMargins({kMargin, kMargin, kMargin, kMargin}, QPageLayout::Millimeter);
     QPrintDialog box(printer_.get(), window_);
     box.setOption(QAbstractPrintDialog::PrintToFile, false);
     box.setMinMax(dialog.FromPage, dialog.ToPage);
-    box.setFromTo(dialog.FromPage, dialog.ToPage);
+    box.setFromTo(std::max(1, dialog.FromPage), dialog.ToPage);
     box.exec();  // nothing asks what was pressed: a Cancel doesn't stop the print
 }
 

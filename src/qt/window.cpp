@@ -111,7 +111,10 @@ Window::Window(ScreenChain& chain, WindowHost& host) : chain_(chain), host_(host
     timer_.start();
 }
 
-Window::~Window() = default;
+Window::~Window() {
+    // The widgets go first: one that loses the focus may still call on what it shows.
+    delete takeCentralWidget();
+}
 
 void Window::Run(const std::function<void()>& handler) {
     if (running_) return;
@@ -350,6 +353,8 @@ void Window::PaintScreen(QPainter& painter, const QRectF& target) {
     painter.save();
     painter.translate(target.left() + (target.width() - source.width() * factor) / 2,
                       target.top() + (target.height() - source.height() * factor) / 2);
+    // The canvas paints its edges beyond the screen, where the window is of another shape.
+    painter.setClipRect(QRectF(0, 0, source.width() * factor, source.height() * factor));
     // A record is played back by inches, not by pixels: its own scaling is taken off.
     painter.scale(factor * record.logicalDpiX() / painter.device()->logicalDpiX(),
                   factor * record.logicalDpiY() / painter.device()->logicalDpiY());

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <cassert>
 
 #include "core/numbers.h"
 #include "sheet/form5.h"

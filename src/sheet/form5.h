@@ -106,7 +106,7 @@ private:
     void RepartirSumas();
 
     void EvaluarExposicionCorta(const ExposicionCorta& tarea);
-    void LlenarFilaSimple(int c, int d);
+    void LlenarFilaSimple(int c, int d, Doble ec);
     void EvaluarNoAditivos(const ExposicionCorta& tarea);
     void EvaluarGruposDeUno(const ExposicionCorta& tarea);
     void LimiteDeMezclas(const ExposicionCorta& tarea);

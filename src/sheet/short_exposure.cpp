@@ -85,9 +85,9 @@ void Form5::EvaluarExposicionCorta(const ExposicionCorta& tarea) {
     CalcularProbabilidades(tarea);
 }
 
-/// EC+, MG+ and GSD+ of a row judged by itself; c and d are its first cells in Text1 and Text3.
-void Form5::LlenarFilaSimple(int c, int d) {
-    const Doble ec = Valor(c + kEc);
+/// EC+, MG+ and GSD+ of a row judged by itself; c and d are its first cells in Text1 and Text3, ec
+/// what its "EC" reads.
+void Form5::LlenarFilaSimple(int c, int d, Doble ec) {
     Text3(d + kEcMas).Text = TextoDoble(ec == 0 ? 3 * Valor(c + kEd) : ec);
     Text3(d + kMgMas).Text = TextoDoble(Valor(c + kMg));
     Text3(d + kGsdMas).Text = TextoDoble(Valor(c + kGsd));
@@ -95,7 +95,9 @@ void Form5::LlenarFilaSimple(int c, int d) {
 
 void Form5::EvaluarNoAditivos(const ExposicionCorta& tarea) {
     for (int i = 1; i <= tarea.n.Valor(); ++i) {
-        if (Valor(tarea.Fila(i) + kAditivo) == 0) LlenarFilaSimple(tarea.Fila(i), tarea.Fila3(i));
+        const Doble a = Valor(tarea.Fila(i) + kAditivo);
+        const Doble e = Valor(tarea.Fila(i) + kEc);
+        if (a == 0) LlenarFilaSimple(tarea.Fila(i), tarea.Fila3(i), e);
     }
 }
 
@@ -109,7 +111,8 @@ void Form5::EvaluarGruposDeUno(const ExposicionCorta& tarea) {
                 ultimo = i;
             }
         }
-        if (miembros == 1) LlenarFilaSimple(tarea.Fila(ultimo), tarea.Fila3(ultimo));
+        if (miembros != 1) continue;
+        LlenarFilaSimple(tarea.Fila(ultimo), tarea.Fila3(ultimo), Valor(tarea.Fila(ultimo) + kEc));
     }
 }
 
