@@ -69,7 +69,7 @@ constexpr Row FilaDelRotulo(const Campo& campo) {
             .index = campo.label1,
             .box = campo.derecha ? Box{6240, campo.top, 2295, 255} : Box{480, campo.top, 2175, 255},
             .text = campo.rotulo,
-            .look = {.points = 8, .bold = imprescindible, .fore = campo.color, .back = kBlanco},
+            .look = {.points = 7.5, .bold = imprescindible, .fore = campo.color, .back = kBlanco},
             .tool_tip = imprescindible ? kAvisoDelNombre : std::string_view{}};
 }
 

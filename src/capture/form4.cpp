@@ -134,7 +134,7 @@ void Form4::PonerFila(int r) {
           NombreHablado(r, kTiempoDeMuestreo));
     Row unidad = FilaDelControl("Combo13", i, r, kUnidad, kAltoDeLista);
     unidad.items = kUnidades;
-    unidad.look.points = 6.75;  // "mg/m3" fits beside the arrow
+    unidad.look.points = 6;  // "mg/m3" fits beside the arrow
     Place(Combo13(i), unidad,
           {.KeyPress = [this, i](KeyCode& tecla) { Combo13_KeyPress(i, tecla); }},
           NombreHablado(r, kUnidad));

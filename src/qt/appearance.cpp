@@ -79,6 +79,7 @@ QPalette LightPalette() {
 }  // namespace
 
 void DressApplication(QApplication& application) {
+    constexpr int kDialogPoints = 10;
     QApplication::setApplicationName(QStringLiteral("velmora"));
     QApplication::setApplicationDisplayName({});
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
@@ -86,6 +87,7 @@ void DressApplication(QApplication& application) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setStyle(new Style);  // NOLINT(cppcoreguidelines-owning-memory): taken over
     QApplication::setPalette(LightPalette());
+    QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), kDialogPoints));
 
     // The file dialog would keep its history in the user's configuration folder.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));

@@ -36,6 +36,7 @@ void CellEdit::Show(const QString& text) {
 void CellEdit::SetMarked(bool marked) {
     marked_ = marked;
     setAccessibleDescription(marked ? tr("Sobre el límite") : QString());
+    if (marked) raise();  // or the row below would cover the frame's foot
     update();
 }
 
@@ -123,6 +124,11 @@ QVariant CellEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
     return QLineEdit::inputMethodQuery(query);
 }
 
+void CellEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    raise();
+}
+
 void CellEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
@@ -133,10 +139,10 @@ void CellEdit::focusOutEvent(QFocusEvent* event) {
 /// A dark corner on the right says that the text goes on.
 void CellEdit::MarkAsCut(QPainter& painter) const {
     const int side = std::max(4, height() / 4);
-    const QPoint corner = rect().bottomRight();
+    const QPoint corner = rect().topRight();  // the row below covers the lower ones
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0x0c, 0x2d, 0x5a));
-    painter.drawPolygon(QPolygon({corner, corner - QPoint(side, 0), corner - QPoint(0, side)}));
+    painter.drawPolygon(QPolygon({corner, corner - QPoint(side, 0), corner + QPoint(0, side)}));
 }
 
 void CellEdit::paintEvent(QPaintEvent* event) {

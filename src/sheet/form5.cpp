@@ -20,7 +20,7 @@ constexpr Color kVerdePalido = 0xE4F5E4;     ///< what the program computes
 constexpr Color kAmarilloPalido = 0xD6F2FF;  ///< what the program computes on short exposures
 
 constexpr Look kCabecera{
-    .bold = true, .align = Align::Center, .fore = kAzulMarino, .back = kAzulPalido};
+    .points = 7.5, .bold = true, .align = Align::Center, .fore = kAzulMarino, .back = kAzulPalido};
 constexpr Look kCabeceraDeMuestra{
     .bold = true, .align = Align::Center, .fore = kBlanco, .back = kRojoDeCabecera};
 constexpr Look kTitulo{.bold = true, .fore = kAzulMarino, .back = kAzulPalido};
