@@ -5,7 +5,16 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
 
-install_packages "${build_packages[@]}" clang-format clang-tidy python3
+# What tests take beyond that: the accessibility bus and a print server of their own, the package
+# and its checkers.
+test_packages=(
+    clang-format python3
+    python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb
+    cups-daemon cups-client poppler-utils
+    lintian desktop-file-utils appstream man-db
+)
+
+install_packages "${build_packages[@]}" "${test_packages[@]}"
 
 export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}

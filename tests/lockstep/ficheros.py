@@ -69,6 +69,8 @@ def plan(azar, separador):
             r.NombreContaminante[t, c] = azar.choice(NOMBRES)
             r.VlaEd[t, c] = limite(azar, separador)
             r.VlaEc[t, c] = azar.choice((0.0, r.VlaEd[t, c] * 2, limite(azar, separador)))
+            if r.VlaEc[t, c] and azar.random() < 0.06:
+                r.VlaEd[t, c] = 0.0
             r.TiempoMuestreo[t, c] = azar.choice((15, 30))
             r.Aditivo[t, c] = marcas[c - 1]
             r.Unidades[t, c] = azar.choice(UNIDADES)

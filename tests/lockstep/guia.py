@@ -262,6 +262,8 @@ class Guia:
                 return
             diario = limite(azar, self.programa.separador)
             corto = azar.choice((0, diario * 2, limite(azar, self.programa.separador)))
+            if corto and azar.random() < 0.04:
+                diario = 0
             yield ["type", f"Text1({5 * c - 4})", ["<S-HOME>", *azar.choice(NOMBRES)]]
             yield ["type", f"Text1({5 * c - 3})", ["<BS>", *f"{diario:g}"]]
             cifras = "9" * 400 if azar.random() < 0.004 else f"{corto:g}"

@@ -26,6 +26,22 @@ Verdict ARestoreShowsDatosEmpresaWhateverWasRead(const Step& s) {
     return Verdict::Holds();
 }
 
+Verdict OpeningForm2ShowsTheCompanyOnceItHasAName(const Step& s) {
+    if (!s.Moved() || s.after.Id() != Form2) return Verdict::PassedOver();
+    const bool named = !s.record_after.DatosEmpresa(1).empty();
+    for (int i = 1; i <= 19; ++i) {
+        const std::string laid_out = i == 1   ? " El nombre de la empresa es imprescindible."
+                                     : i == 9 ? " "
+                                              : "";
+        const std::string& due = named ? s.record_after.DatosEmpresa(i) : laid_out;
+        const std::string& shown = s.after.Cells("Text1")(i).Text;
+        // From Form3 the boxes are filled with or without a name.
+        if (shown == due || s.Chose(Form3, "datosdeempresa")) continue;
+        return Verdict::Broken("Text1(", i, ") shows \"", shown, "\"");
+    }
+    return Verdict::Holds();
+}
+
 // --- Form3
 
 bool PlanIsFixed(const Screenshot& plan) {
@@ -95,6 +111,9 @@ Verdict TheGridShowsThePlanOfTheRecord(const Step& s) {
                 return Verdict::Broken("row ", k, " doesn't show its line");
             }
             if (s.Moved() && !shown) return Verdict::Broken("row ", k, " isn't filled on load");
+            const bool kept = s.Moved() || !s.Pressed(Form3, "Command2") || entered ||
+                              row == GridRow(s.before, k);
+            if (!kept) return Verdict::Broken("row ", k, " was refreshed without a line");
             if (!entered && !empty && row[0] != "0") {
                 return Verdict::Broken("row ", k, " shows a line that was never entered");
             }
@@ -345,9 +364,11 @@ Verdict TheRowsHoldOnlyWhatTheKeysLetThrough(const Step& s) {
     return Verdict::Holds();
 }
 
-constexpr std::array<Invariant, 12> kInvariants = {{
+constexpr std::array<Invariant, 13> kInvariants = {{
     {"Form2 shows DatosEmpresa after a restore, whatever was read.",
      ARestoreShowsDatosEmpresaWhateverWasRead},
+    {"Form2 opens with DatosEmpresa once there is a name, and otherwise as it was laid out.",
+     OpeningForm2ShowsTheCompanyOnceItHasAName},
     {"Form3 has one of two faces, told by the caption of Command1.",
      ThePlanScreenHasOneOfItsTwoFaces},
     {"The grid of Form3 is numbered day by day and shows the plan of the record.",

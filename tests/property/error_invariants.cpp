@@ -218,6 +218,36 @@ Verdict AShortExposureFailsOnlyAsToldAndAlwaysThen(const Step& s) {
     return same_kind ? Verdict::Holds() : Verdict::Broken("it failed with: ", MensajeDe(*error));
 }
 
+/// Whether laying out this plan must look for an element that isn't there.
+bool MustMissAnElement(const Step& s) {
+    const EvaluacionRecord& record = s.record_before;
+    const int days = record.NumJornadas.Valor();
+    const int tasks = record.NumTareas.Valor();
+    const std::string& target = s.action.target;
+    if (target == "datosiniciales" && s.action.kind == Action::Kind::Choose) {
+        const bool opens = s.before.Id() != ScreenId::Form2 || !s.Refused();
+        return opens && days > 0 && tasks > 0 && (days > 3 || tasks > 3);
+    }
+    if (s.before.Id() == ScreenId::Form4 && target == "Combo1" &&
+        s.action.kind == Action::Kind::Pick) {
+        const int task = static_cast<int>(Value(s.action.text));
+        return task <= tasks && record.NumContaminantes(task) > 6;
+    }
+    if (s.before.Id() == ScreenId::Form5 && target.starts_with("intro") && !s.Refused()) {
+        const int day = target == "introprimero" ? 1 : target == "introsegundo" ? 2 : 3;
+        bool beyond = tasks >= 1 && SampledRows(record, day, 1) > 6;
+        beyond = beyond || (tasks >= 2 && SampledRows(record, day, 2) > 6);
+        return beyond || (tasks == 3 && SampledRows(record, day, 3) > 6);
+    }
+    return false;
+}
+
+Verdict APlanBeyondItsBoundsEndsTheProgram(const Step& s) {
+    if (!MustMissAnElement(s)) return Verdict::PassedOver();
+    if (s.outcome.error && IsOutOfBounds(*s.outcome.error)) return Verdict::Holds();
+    return Verdict::Broken("it was laid out");
+}
+
 Verdict OnlyAConfirmedSalirEndsTheProcess(const Step& s) {
     const bool salir = s.action.kind == Action::Kind::Choose && s.action.target == "salir";
     const bool due = salir && s.action.answer != Respuesta::No;
@@ -228,10 +258,12 @@ Verdict OnlyAConfirmedSalirEndsTheProcess(const Step& s) {
     return salir ? Verdict::Holds() : Verdict::PassedOver();
 }
 
-constexpr std::array<Invariant, 6> kInvariants = {{
+constexpr std::array<Invariant, 7> kInvariants = {{
     {"Nothing but a run-time error is ever thrown.", NothingElseIsThrown},
     {"An array lacks an element only for a plan beyond its bounds or a row without its number.",
      ASubscriptErrorNeedsAnOddPlan},
+    {"A plan with more days, tasks or samples than there are rows ends the program when laid out.",
+     APlanBeyondItsBoundsEndsTheProgram},
     {"A run-time error comes only where the rules name it.", AnErrorComesOnlyWhereItIsNamed},
     {"A row in use with a single usable sample ends the program, and no other does.",
      ASingleSampleIsNeverGivenAValue},

@@ -359,9 +359,9 @@ Verdict PrintingPrintsOnceOnYesAndChangesNothing(const Step& s) {
 }
 
 Verdict MenusStandAsTheyWere(const Step& s) {
-    if (s.menu.empty()) return Verdict::PassedOver();
+    if (!s.menu) return Verdict::PassedOver();
     const std::string_view due = kMenus.at(static_cast<std::size_t>(s.after.Id()) - 1);
-    return s.menu == due ? Verdict::Holds() : Verdict::Broken("it is ", s.menu);
+    return s.menu == due ? Verdict::Holds() : Verdict::Broken("it is ", *s.menu);
 }
 
 Verdict AKeyChangesItsCellAsTheFilterSays(const Step& s) {

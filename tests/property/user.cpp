@@ -85,6 +85,11 @@ void User::Type(const std::string& cell, std::string_view keys) {
     }
 }
 
+/// The key filters remember the cell that was typed in last, whatever has been laid out since.
+void User::TypeWhereLastTyped() {
+    if (!last_cell_.empty() && dice_.Chance(20)) Type(last_cell_, ".5");
+}
+
 std::string User::AnyName() {
     constexpr std::array kNames = {
         "Tolueno"sv,         "Xileno"sv,   "Etilbenceno"sv,    " "sv,
@@ -97,15 +102,29 @@ std::string User::AnyName() {
 std::string User::AnyConcentration() {
     constexpr std::array kUsual = {"1"sv,  "2"sv,  "3"sv,   "5"sv,   "8"sv,   "12.5"sv, "20"sv,
                                    "30"sv, "45"sv, "120"sv, "0.5"sv, "0.7"sv, "0.9"sv,  "0.04"sv};
-    constexpr std::array kRare = {
-        "0"sv, "0.001"sv, "100000"sv, "1000000000"sv, "7."sv, "0.004"sv, "12345678901234567890"sv};
+    constexpr std::array kRare = {"0"sv,
+                                  "0.001"sv,
+                                  "100000"sv,
+                                  "1000000000"sv,
+                                  "7."sv,
+                                  "0.004"sv,
+                                  "12345678901234567890"sv,
+                                  "12\b.3"sv,
+                                  "1.2.3"sv,
+                                  ".5"sv};
     return std::string(dice_.Chance(3) ? dice_.OneOf(kRare) : dice_.OneOf(kUsual));
 }
 
 std::string User::AnyLimit() {
     constexpr std::array kUsual = {"10"sv, "50"sv, "192"sv, "0.5"sv, "5"sv, "221"sv, "1"sv, "20"sv};
-    constexpr std::array kRare = {"0.05"sv, "123456789012345678"sv, "0.12345678901234567"sv,
-                                  "3.1"sv};
+    constexpr std::array kRare = {"0.05"sv,
+                                  "123456789012345678"sv,
+                                  "0.12345678901234567"sv,
+                                  "3.1"sv,
+                                  "1.5.2"sv,
+                                  ".5"sv,
+                                  "12.5"sv,
+                                  "78"sv};
     if (dice_.Chance(12)) return "0";
     return std::string(dice_.Chance(5) ? dice_.OneOf(kRare) : dice_.OneOf(kUsual));
 }
@@ -115,10 +134,13 @@ Action User::Next(const World& world) {
     if (plan_.empty()) Plan(world);
     Action action = std::move(plan_.front());
     plan_.pop_front();
+    if (action.kind == Kind::Key) last_cell_ = action.target;
     return action;
 }
 
 void User::Plan(const World& world) {
+    if (world.Shown().Id() != Form1 && dice_.Chance(4)) Choose("imprimir");
+    if (dice_.Chance(4)) Choose("salir", 15);
     switch (world.Shown().Id()) {
         case Form1:
             Choose("Nuevaempresa");
@@ -142,7 +164,9 @@ void User::Plan(const World& world) {
 }
 
 void User::PlanForm2(const World& world) {
-    if (!world.Files().empty() && dice_.Chance(world.Record().NumTareas == 0 ? 60 : 10)) {
+    if (!world.Files().empty() && dice_.Chance(world.Record().NumTareas == 0 ? 60
+                                               : meddles_                    ? 25
+                                                                             : 10)) {
         ChooseWithFile("recuperardatos", true);
     }
     for (int n = dice_.Below(4); n > 0; --n) {
@@ -152,16 +176,25 @@ void User::PlanForm2(const World& world) {
         else
             Type(Cell("Text1", box), "ab\b1");
     }
-    if (dice_.Chance(5)) Write("Text1(1)", "");
+    if (dice_.Chance(8)) {  // no name: none of the four entries leads on
+        Write("Text1(1)", "");
+        for (const char* entry :
+             {"resulatadofinal", "calculos", "contaminantes", "datosiniciales"}) {
+            Choose(entry);
+        }
+        Write("Text1(1)", AnyName());
+    }
     if (dice_.Chance(5)) Choose("Regresar", 30);
-    if (dice_.Chance(4)) Choose("salir", 20);
     constexpr std::array kEntries = {"datosiniciales"sv, "datosiniciales"sv, "contaminantes"sv,
                                      "calculos"sv,       "calculos"sv,       "resulatadofinal"sv};
     const bool has_plan = world.Record().NumTareas != 0;
-    Choose(has_plan ? std::string(dice_.OneOf(kEntries)) : "datosiniciales");
+    Choose(has_plan || dice_.Chance(20) ? std::string(dice_.OneOf(kEntries)) : "datosiniciales");
 }
 
-int User::AnyCount() { return dice_.Chance(75) ? dice_.Between(1, 3) : dice_.Between(1, 6); }
+int User::AnyCount() {
+    if (has_many_agents_ && dice_.Chance(70)) return dice_.Between(4, 6);
+    return dice_.Chance(75) ? dice_.Between(1, 3) : dice_.Between(1, 6);
+}
 
 void User::PlanEntry(int day, int task, int count) {
     const int half_hours = dice_.Between(0, count);
@@ -170,6 +203,10 @@ void User::PlanEntry(int day, int task, int count) {
     for (int i = 2; i <= 7; ++i) {
         const int value = values.at(static_cast<std::size_t>(i - 2));
         if (!dice_.Chance(2)) Pick(Cell("Combo1", i), Say(value));
+    }
+    if (dice_.Chance(4)) {  // more samples than there can be
+        Pick("Combo1(5)", Say(dice_.Between(3, 6)));
+        Pick("Combo1(6)", Say(dice_.Between(2, 6)));
     }
     Press("Command2");
 }
@@ -206,25 +243,35 @@ void User::PlanForm3(const World& world) {
     Choose(std::string(dice_.OneOf(kEntries)), 80);
 }
 
+/// A row of `Form4`, from 1; now and then something is left out.
+void User::PlanContaminant(int row, std::string_view group) {
+    if (!dice_.Chance(2)) Write(Cell("Text1", 5 * row - 4), AnyName());
+    Type(Cell("Text1", 5 * row - 3), "\b" + AnyLimit());
+    Type(Cell("Text1", 5 * row - 2), "\b" + AnyLimit());
+    if (!dice_.Chance(2)) Type(Cell("Text1", 5 * row - 1), group);
+    for (int n = dice_.Chance(3) ? 0 : dice_.Between(1, 2); n > 0; --n) {
+        plan_.push_back({.kind = Kind::DoubleClick, .target = Cell("Text3", row - 1)});
+    }
+    if (!dice_.Chance(2)) Pick(Cell("Combo13", row - 1), dice_.Chance(70) ? "mg/m3" : "ppm");
+}
+
 void User::PlanContaminants(int task, int count) {
     Pick("Combo1", Say(task));
+    TypeWhereLastTyped();
     const bool stored_before = dice_.Chance(15);
-    const bool grouped = dice_.Chance(50);
-    constexpr std::array kMarks = {"0"sv, "1"sv, "2"sv, "3"sv, "7"sv, "9"sv};
-    constexpr std::array kGroupMarks = {"1"sv, "1"sv, "1"sv, "3"sv, "0"sv};
     if (stored_before) Press("Command3");
-    for (int r = 1; r <= count; ++r) {
+    // One group of the task is larger than others. Its number tells whether its sum is spread.
+    constexpr std::array kGroups = {"1"sv, "2"sv, "3"sv, "4"sv, "6"sv, "7"sv, "8"sv, "9"sv};
+    const std::string_view group = dice_.Chance(60) ? "1"sv : dice_.OneOf(kGroups);
+    const int grouped = dice_.Chance(50) ? 60 : 10;
+    for (int row = 1; row <= count; ++row) {
         if (stored_before && dice_.Chance(70)) continue;
-        Write(Cell("Text1", 5 * r - 4), AnyName());
-        Type(Cell("Text1", 5 * r - 3), "\b" + AnyLimit());
-        Type(Cell("Text1", 5 * r - 2), "\b" + AnyLimit());
-        Type(Cell("Text1", 5 * r - 1), grouped            ? dice_.OneOf(kGroupMarks)
-                                       : dice_.Chance(80) ? "0"sv
-                                                          : dice_.OneOf(kMarks));
-        for (int n = dice_.Between(1, 2); n > 0; --n) {
-            plan_.push_back({.kind = Kind::DoubleClick, .target = Cell("Text3", r - 1)});
-        }
-        Pick(Cell("Combo13", r - 1), dice_.Chance(70) ? "mg/m3" : "ppm");
+        PlanContaminant(row, dice_.Chance(grouped) ? group
+                             : dice_.Chance(90)    ? "0"sv
+                                                   : dice_.OneOf(kGroups));
+    }
+    if (count > 0 && dice_.Chance(25)) {  // a limit again, with its cell the last one typed in
+        Type(Cell("Text1", 5 * dice_.Between(1, count) - dice_.Between(2, 3)), "\b" + AnyLimit());
     }
     Press("Command1");
 }
@@ -236,7 +283,8 @@ void User::PlanForm4(const World& world) {
     for (int task = 1; task <= 3; ++task) {
         const bool in_plan = task <= record.NumTareas.Valor();
         const int count = std::clamp(record.NumContaminantes(task).Valor(), 0, 6);
-        if (dice_.Chance(in_plan ? 90 : 3)) PlanContaminants(task, count);
+        if (dice_.Chance(in_plan ? 90 : 8)) PlanContaminants(task, count);
+        if (!in_plan && dice_.Chance(30)) Press("Command3");
     }
     constexpr std::array kEntries = {"pagina5"sv,        "pagina5"sv,        "pagina5"sv,
                                      "datosiniciales"sv, "datosdeempresa"sv, "resultadosfinales"sv};
@@ -246,6 +294,7 @@ void User::PlanForm4(const World& world) {
 void User::PlanMeasurements(const World& world) {
     const Screenshot& sheet = world.Shown();
     const auto Text1 = sheet.Cells("Text1");
+    TypeWhereLastTyped();
     for (int row = 0; row < 18; ++row) {
         const bool open = Text1(row * 18 + Col::kC1).Visible && !Text1(row * 18 + Col::kC1).Locked;
         if (!open || dice_.Chance(3)) continue;
@@ -269,7 +318,7 @@ void User::PlanMeasurements(const World& world) {
 
 void User::PlanCalculation() {
     if (dice_.Chance(15)) Type(Cell("Text1", 18 * dice_.Below(3)), "\b");  // a row's number goes
-    const int wiped_before = dice_.Chance(6) ? dice_.Between(2, 3) : 0;
+    const int wiped_before = dice_.Chance(8) ? dice_.Between(2, 3) : 0;
     for (int i = 1; i <= 8; ++i) {
         // Without a sample in the first task no other is validated.
         for (int cell = 0; i == wiped_before && cell < 108; ++cell) {
@@ -304,16 +353,24 @@ void User::PlanForm5(const World& world) {
     Choose(std::string(dice_.OneOf(kEntries)));
 }
 
+/// Harms a file and has the program read it.
+void User::PlanMeddling(const World& world) {
+    plan_.push_back(Meddling(world));
+    const std::string harmed = plan_.back().target;
+    Choose("datosdeempresa");
+    Choose("recuperardatos");
+    plan_.back().file = harmed;
+    constexpr std::array kEntries = {"datosiniciales"sv, "contaminantes"sv, "calculos"sv,
+                                     "resulatadofinal"sv};
+    Choose(std::string(dice_.OneOf(kEntries)));
+}
+
 void User::PlanForm6(const World& world) {
     if (dice_.Chance(85)) Press("Command1");
     if (dice_.Chance(60)) ChooseWithFile("guardararchivo", false);
     if (dice_.Chance(15)) ChooseWithFile("guardararchivo", false);
     if (meddles_ && !world.Files().empty() && dice_.Chance(30)) {
-        plan_.push_back(Meddling(world));
-        const std::string harmed = plan_.back().target;
-        Choose("datosdeempresa");
-        Choose("recuperardatos");
-        plan_.back().file = harmed;
+        PlanMeddling(world);
         return;
     }
     constexpr std::array kEntries = {"regresar"sv, "calculos"sv, "contaminantes"sv,
@@ -332,10 +389,12 @@ Action User::AnyEntry(const World& world) {
 }
 
 Action User::AnyKey(const std::string& target) {
+    constexpr std::array kSpecial = {',', '-', '+', 'e', 'E', 'A', ' ', '\t', '\r', '\x1b', '\x16'};
     const int what = dice_.Below(100);
-    const int key = what < 45   ? dice_.Between('0', '9')
-                    : what < 60 ? '.'
-                    : what < 70 ? '\b'
+    const int key = what < 40   ? dice_.Between('0', '9')
+                    : what < 55 ? '.'
+                    : what < 65 ? '\b'
+                    : what < 80 ? dice_.OneOf(kSpecial)
                                 : dice_.Between(1, 255);
     return {.kind = Kind::Key, .target = target, .number = key};
 }
@@ -350,8 +409,19 @@ Action User::Meddling(const World& world) {
         action.number = dice_.Chance(30) ? dice_.Below(160) : dice_.Below(kLinesOfAFile);
     } else if (what < 80) {
         action.kind = Kind::OddLine;
-        if (dice_.Chance(80)) action.number = dice_.Between(20, dice_.Chance(50) ? 51 : 159);
         action.text = std::string(dice_.OneOf(kOddLines));
+        const int where = dice_.Below(100);
+        if (where < 40) {  // days, tasks, samples or contaminants beyond what there is room for
+            constexpr std::array kCounts = {"4"sv, "7"sv, "7"sv, "300"sv, "-1"sv, "0"sv};
+            action.number = where < 10   ? dice_.Between(20, 21)
+                            : where < 25 ? dice_.Between(49, 51)
+                                         : dice_.Between(22, 48);
+            action.text = std::string(dice_.OneOf(kCounts));
+        } else if (where < 75) {
+            action.number = dice_.Between(20, 159);
+        } else if (where < 85) {
+            action.number = dice_.Between(1363, kLinesOfAFile);
+        }
     } else if (what < 90) {
         action.kind = Kind::BareLines;
     } else {

@@ -35,7 +35,8 @@ private:
 class User {
 public:
     /// A user who `meddles` also damages saved files.
-    User(std::uint64_t seed, bool meddles) : dice_(seed), meddles_(meddles) {}
+    User(std::uint64_t seed, bool meddles)
+        : dice_(seed), meddles_(meddles), has_many_agents_(dice_.Chance(25)) {}
 
     /// What the user wants to do next. It may not be on offer: then another is asked for.
     Action Next(const World& world);
@@ -50,6 +51,8 @@ private:
 
     void PlanEntry(int day, int task, int count);
     void PlanContaminants(int task, int count);
+    void PlanContaminant(int row, std::string_view group);
+    void PlanMeddling(const World& world);
     void PlanMeasurements(const World& world);
     void PlanCalculation();
 
@@ -64,6 +67,7 @@ private:
     void Choose(std::string entry, int yes_percent = 50);
     void ChooseWithFile(std::string entry, bool may_be_missing);
     void Type(const std::string& cell, std::string_view keys);
+    void TypeWhereLastTyped();
 
     int AnyCount();
     std::string AnyName();
@@ -72,6 +76,8 @@ private:
 
     Dice dice_;
     bool meddles_;
+    bool has_many_agents_;   ///< tasks of up to six contaminants, in larger groups
+    std::string last_cell_;  ///< where a key was last typed
     std::deque<Action> plan_;
 };
 

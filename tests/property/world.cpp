@@ -206,7 +206,8 @@ bool World::Perform(const Action& action) {
     }
     step_.now = process_->Now();
     step_.after.Take(process_->Current());
-    step_.menu = RunsAClick(action) ? TextOf(process_->Current().Menu()) : "";
+    step_.menu.reset();
+    if (RunsAClick(action)) step_.menu = TextOf(process_->Current().Menu());
     step_.written = Differences(step_.record_before, process_->record);
     if (!step_.written.empty()) step_.record_after = process_->record;
     NoteFiles(action);

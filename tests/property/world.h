@@ -43,8 +43,8 @@ struct Step {
     std::filesystem::path folder;
 
     /// The menu bar of the screen that stands after a press, a pick or an entry: its names with
-    /// captions, "!" behind those with a handler, lists in brackets. Empty for other actions.
-    std::string menu;
+    /// captions, "!" behind those with a handler, lists in brackets. Nothing for other actions.
+    std::optional<std::string> menu;
     /// The action before, when it was done on the same visit to the screen.
     std::optional<Action> previous;
     /// Of a key in a text cell: the text that the cell must hold afterwards.
