@@ -37,9 +37,13 @@ build() {
 }
 
 # The program writes numbers with the locale's decimal separator and reads them with a point, so it
-# is started under a numeric locale with a point; everything else stays as the user has it.
+# is started under a numeric locale with a point. LC_ALL would win over that: it is handed on to the
+# other categories and dropped, so that the rest stays as the user has it.
 use_decimal_point() {
-    export LANG=${LC_ALL:-${LANG:-C.UTF-8}}
-    unset LC_ALL
+    if [ -n "${LC_ALL:-}" ]; then
+        export LANG=$LC_ALL LC_CTYPE=$LC_ALL LC_MESSAGES=$LC_ALL LC_TIME=$LC_ALL \
+            LC_COLLATE=$LC_ALL LC_MONETARY=$LC_ALL
+        unset LC_ALL
+    fi
     export LC_NUMERIC=C
 }
