@@ -2,18 +2,17 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QSettings>
 #include <QStyleFactory>
 #include <QStyleOptionMenuItem>
-#include <QTranslator>
 #include <QWidget>
 
 #include <algorithm>
 #include <cmath>
+
+#include "qt/spanish.h"
 
 namespace velmora {
 
@@ -92,13 +91,7 @@ void DressApplication(QApplication& application) {
     // The file dialog would keep its history in the user's configuration folder.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 
-    const QLocale spanish(QLocale::Spanish, QLocale::Spain);
-    QLocale::setDefault(spanish);
-    auto* const translator = new QTranslator(&application);
-    if (translator->load(spanish, QStringLiteral("qtbase"), QStringLiteral("_"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QApplication::installTranslator(translator);
-    }
+    SpeakSpanish(application);
 }
 
 QColor ToQt(Color color) {

@@ -24,8 +24,9 @@ struct Size {
 };
 
 // clang-format off
-constexpr std::array<Size, 4> kSizes = {{
+constexpr std::array<Size, 5> kSizes = {{
     {"At100PerCent", 825,  607},
+    {"At125PerCent", 1031, 759},
     {"At150PerCent", 1237, 910},
     {"At200PerCent", 1650, 1214},
     {"At800x600",    800,  600},
