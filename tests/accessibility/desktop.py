@@ -14,6 +14,7 @@ import tempfile
 import time
 
 SKIPPED = 77
+REOPEN_S = 4  # seconds after which a list that shows no item is opened again
 WAIT_S = 60
 INSIDE = "VELMORA_TEST_DESKTOP"
 
@@ -248,10 +249,22 @@ class Program:
         self.press(item, within=entry)
 
     def pick(self, name, item):
-        """An item of a list, opened first."""
+        """An item of a list, opened first.
+
+        A display without a window manager may take the keyboard away, which closes an open list: it
+        is opened again when its item hasn't shown for a while.
+        """
         box = self.find(name, self.atspi.Role.COMBO_BOX)
-        self.act(box, "ShowMenu")
-        self.press(item, within=box)
+        opened = None
+
+        def node():
+            nonlocal opened
+            if opened is None or time.monotonic() - opened > REOPEN_S:
+                self.act(box, "ShowMenu")
+                opened = time.monotonic()
+            return next((n for n in self.everything(box) if n.get_name() == item), None)
+
+        self.act(wait_for(f"{item!r} of {name!r}", node), "Press")
         wait_for(f"{item!r} in {name!r}", lambda: text_of(box) == item)
 
     def write(self, name, text):
