@@ -171,6 +171,18 @@ start_program() {
     say "$command ran ${xvfb:+under Xvfb }under the decimal point, ended on SIGTERM, left no file"
 }
 
+# Goes the whole road on the installed program from outside, where the accessibility bus is at hand.
+drive_program() {
+    local status=0
+    VELMORA=/usr/bin/velmora /usr/bin/python3 -B "$here/../accessibility/accessibility_test.py" WholeRoad \
+        >"$work/road" 2>&1 || status=$?
+    case $status in
+        0) say "driven from \"Iniciar\" to the final table through the accessibility bus" ;;
+        "$skipped") say "not driven from outside: $(tail -n 1 "$work/road")" ;;
+        *) cat "$work/road"; fail "the installed program could not be driven from outside" ;;
+    esac
+}
+
 remove_package() {
     local path left=()
     "${as_root[@]}" dpkg --purge "$package" >"$work/dpkg.log" 2>&1 ||
@@ -201,5 +213,6 @@ if [ -z "$can_install" ]; then
 fi
 install_package
 start_program
+drive_program
 remove_package
 say "passed"
