@@ -65,6 +65,16 @@ TEST_F(SavingTest, ANameWithAPointKeepsItsEnd) {
     EXPECT_FALSE(Exists("plan.v2.doc"));
 }
 
+TEST_F(SavingTest, ANameWithAccentsAndBlanksIsWrittenAndReadAgain) {
+    SaveNew("Evaluación de señales, año 2");
+    ASSERT_TRUE(Exists("Evaluación de señales, año 2.doc"));
+    record = {};
+    Open(ScreenId::Form2);
+    robot.ExpectFileDialog(Path("Evaluación de señales, año 2"));
+    robot.Choose("recuperardatos");
+    EXPECT_EQ(record.DatosEmpresa(1), "Acme");
+}
+
 TEST_F(SavingTest, APointInTheFolderIsNoneInTheName) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("con.punto")));
     SaveNew("con.punto/plan");
