@@ -159,6 +159,8 @@ class Cotejo:
                 halladas += self._un_control(nombre, visto, debido)
             if len(visto) > 7:
                 halladas.append(f"{nombre}: stands twice in the window")
+            if control.clase == "list" and visto[5] != list(control.items):
+                halladas.append(f"{nombre} items: program {visto[5]}, model {control.items}")
             if control.fondo is not None:
                 halladas += self._color(nombre, "back", visto[5], control.fondo)
                 halladas += self._color(nombre, "fore", visto[6], control.letra)

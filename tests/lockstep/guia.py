@@ -139,6 +139,7 @@ class Guia:
             (self._final, 2),
             (self._otra_vez, 1),
             (self._plan_reabierto, 1),
+            (self._curiosear, 2),
         )
         elegido = azar.choices([c for c, _ in caminos], [peso for _, peso in caminos])[0]
         return elegido()
@@ -242,6 +243,16 @@ class Guia:
             yield ["click", "Command1"]
         if self.azar.random() < 0.3:
             yield ["menu", "datosdeempresa"]
+
+    def _curiosear(self):
+        """A while of aimless clicks on one screen, "Regresar" and "Salir" among them."""
+        azar = self.azar
+        en = azar.choice(("Form2", "Form3", "Form4", "Form5", "Form6", "Form6"))
+        yield from self._ir(en)
+        for _ in range(azar.randint(2, 8)):
+            if azar.random() < 0.15:
+                yield azar.choice((["menu", "salir"], ["menu", "Regresar"], ["menu", "imprimir"]))
+            yield self._roce() or ["clip", "7"]
 
     def _todas_las_tareas(self):
         yield from self._ir("Form4")

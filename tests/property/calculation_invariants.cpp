@@ -198,7 +198,7 @@ Verdict TheDailyIndexSumsEachGroupOnce(const Step& s) {
     const Column due = IndexPlusDue(groups, indices);
     const bool small = std::ranges::max(indices) < 1e9;  // sums whose texts keep every decimal
     for (int R = 1; R <= kRows; ++R) {
-        const std::size_t at = static_cast<std::size_t>(R);
+        const auto at = static_cast<std::size_t>(R);
         const int row = 18 * (R - 1);
         const std::string& index_plus = Text1(row + Col::kIndexPlus).Text;
         if (groups.at(at) == 0) {

@@ -92,15 +92,17 @@ std::optional<TipoError> ShortExposureError(const Step& s, int task) {
         has_limit.at(at) = true;
         has_mean.at(at) = Value(Text1(At(task, c, Col::kMg)).Text) != 0;
     }
+    for (int c = 1; c <= contaminants; ++c) {  // a member alone in its group, too
+        const double group = Value(Text1(At(task, c, Col::kGroup)).Text);
+        const bool grouped = group >= 1 && group <= 6 && group == std::floor(group);
+        const bool limited = Value(Text1(At(task, c, Col::kEc)).Text) != 0 ||
+                             Value(Text1(At(task, c, Col::kEd)).Text) != 0;
+        if (grouped && !limited) return TipoError::DivisionPorCero;
+    }
     const std::vector<Group> groups = GroupsOf(s.before, task, contaminants);
     for (const Group& group : groups) {
         double means = 0;
-        for (const int c : group.members) {
-            const bool limit = Value(Text1(At(task, c, Col::kEc)).Text) != 0 ||
-                               Value(Text1(At(task, c, Col::kEd)).Text) != 0;
-            if (!limit) return TipoError::DivisionPorCero;
-            means += Value(Text1(At(task, c, Col::kMmp)).Text);
-        }
+        for (const int c : group.members) means += Value(Text1(At(task, c, Col::kMmp)).Text);
         const int first = group.members.front();
         // The second task's limits miss their cell from the third row on.
         if (means != 0 && (task != 2 || first < 3)) {

@@ -18,7 +18,7 @@ bool IsExtreme(double number) {
 
 bool IsFrom0To(int last, Entero number) { return number >= 0 && number <= last; }
 
-/// The first place of `text` may hold a number with an exponent, or one of very many digits.
+/// Whether a text is at all such that its number may be extreme: an exponent, or very many digits.
 bool MayBeExtreme(const std::string& text) {
     return text.find_first_of("eE") != std::string::npos || text.size() > 90;
 }
@@ -75,6 +75,11 @@ bool HasExtremeNumbers(const EvaluacionRecord& record) {
             found = found || IsExtreme(value.Valor());
         }
     });
+    for (const auto& row : record.HojaFinal) {
+        for (const std::string& text : row) {
+            found = found || (MayBeExtreme(text) && IsExtreme(Value(text)));
+        }
+    }
     return found;
 }
 

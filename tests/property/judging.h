@@ -29,7 +29,8 @@ bool HasSoundSamples(const EvaluacionRecord& record);
 /// Every task has 0 to 6 contaminants.
 bool HasSoundCounts(const EvaluacionRecord& record);
 
-/// Whether some number of the plan is so large or so small that arithmetic on it may overflow.
+/// Whether some number of the plan or of the final table is so large or so small that arithmetic
+/// on it may overflow.
 bool HasExtremeNumbers(const EvaluacionRecord& record);
 /// Whether some cell of the screen is.
 bool HasExtremeCells(const Screenshot& screen);

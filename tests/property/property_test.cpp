@@ -14,7 +14,7 @@ namespace {
 /// under a comma.
 std::vector<Orders> FixedRuns() {
     std::vector<Orders> runs;
-    for (std::uint64_t seed = 1; seed <= 24; ++seed) {
+    for (std::uint64_t seed = 1; seed <= 30; ++seed) {
         runs.push_back({.seed = seed,
                         .actions = 2000,
                         .separator = seed % 6 == 0 ? "," : ".",

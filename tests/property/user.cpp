@@ -17,12 +17,14 @@ using namespace std::string_view_literals;
 constexpr std::array kFiles = {"una.doc"sv, "dos.doc"sv, "tres.doc"sv};
 
 /// What a line of a file may become: numbers out of any range, texts where numbers are due, quotes.
+// clang-format off
 constexpr std::array kOddLines = {
-    ""sv,        "abc"sv,       "-1"sv,        "0"sv,    "2"sv,        "4"sv,           "7"sv,
-    "300"sv,     "99999"sv,     "-99999"sv,    "2.5"sv,  "1e300"sv,    "1e400"sv,       "-0.5"sv,
-    "\"-5\""sv,  "\"1E999\""sv, "\"1E200\""sv, "\"x"sv,  "\"a\"b\""sv, "\"7\" resto"sv, "  3  "sv,
-    "\"3.5\""sv, "1,5"sv,       "\"0\""sv,     "\"\""sv,
+    ""sv,     "abc"sv, "-1"sv,    "0"sv,     "2"sv,    "4"sv,   "7"sv, "300"sv, "99999"sv,
+    "-99999"sv, "2.5"sv, "1e300"sv, "1e400"sv, "-0.5"sv, "1,5"sv, "  3  "sv,
+    R"("-5")"sv, R"("1E999")"sv, R"("1E200")"sv, R"("x)"sv, R"("a"b")"sv, R"("7" resto)"sv,
+    R"("3.5")"sv, R"("0")"sv, R"("")"sv,
 };
+// clang-format on
 
 template <class T>
 std::vector<std::string> NamesOf(const Screenshot& screen, bool (*wanted)(const T&)) {
@@ -49,6 +51,12 @@ void EntriesOf(const std::vector<MenuEntry>& menu, std::vector<std::string>& ent
 }
 
 std::string Cell(std::string_view array, int index) { return Indexed(array, index); }
+
+/// Whether the first task has samples and a limit to measure them by.
+bool IsReadyToMeasure(const EvaluacionRecord& record) {
+    const bool sampled = SampledRows(record, 1, 1) > 0;
+    return sampled && (record.VlaEd(1, 1) != 0 || record.VlaEc(1, 1) != 0);
+}
 
 }  // namespace
 
@@ -92,16 +100,16 @@ void User::TypeWhereLastTyped() {
 
 std::string User::AnyName() {
     constexpr std::array kNames = {
-        "Tolueno"sv,         "Xileno"sv,   "Etilbenceno"sv,    " "sv,
-        "Óxido de hierro"sv, "n-Hexano"sv, "\"Disolvente\""sv, "Ω-álcali"sv,
+        "Tolueno"sv,         "Xileno"sv,   "Etilbenceno"sv,     " "sv,
+        "Óxido de hierro"sv, "n-Hexano"sv, R"("Disolvente")"sv, "Ω-álcali"sv,
         "Acetona, 99 %"sv,   "---"sv,
     };
     return std::string(dice_.OneOf(kNames));
 }
 
 std::string User::AnyConcentration() {
-    constexpr std::array kUsual = {"1"sv,  "2"sv,  "3"sv,   "5"sv,   "8"sv,   "12.5"sv, "20"sv,
-                                   "30"sv, "45"sv, "120"sv, "0.5"sv, "0.7"sv, "0.9"sv,  "0.04"sv};
+    constexpr std::array kUsual = {"1"sv, "2"sv, "3"sv,  "5"sv,  "8"sv,   "1"sv,   "2"sv,
+                                   "3"sv, "5"sv, "12"sv, "30"sv, "120"sv, "0.5"sv, "0.04"sv};
     constexpr std::array kRare = {"0"sv,
                                   "0.001"sv,
                                   "100000"sv,
@@ -130,7 +138,7 @@ std::string User::AnyLimit() {
 }
 
 Action User::Next(const World& world) {
-    if (dice_.Chance(plan_.empty() ? 35 : 3)) return AnythingOnOffer(world);
+    if (dice_.Chance(plan_.empty() ? 35 : 2)) return AnythingOnOffer(world);
     if (plan_.empty()) Plan(world);
     Action action = std::move(plan_.front());
     plan_.pop_front();
@@ -140,7 +148,7 @@ Action User::Next(const World& world) {
 
 void User::Plan(const World& world) {
     if (world.Shown().Id() != Form1 && dice_.Chance(4)) Choose("imprimir");
-    if (dice_.Chance(4)) Choose("salir", 15);
+    if (dice_.Chance(4)) Choose("salir", 6);
     switch (world.Shown().Id()) {
         case Form1:
             Choose("Nuevaempresa");
@@ -184,7 +192,7 @@ void User::PlanForm2(const World& world) {
         }
         Write("Text1(1)", AnyName());
     }
-    if (dice_.Chance(5)) Choose("Regresar", 30);
+    if (dice_.Chance(10)) Choose("Regresar", 70);
     constexpr std::array kEntries = {"datosiniciales"sv, "datosiniciales"sv, "contaminantes"sv,
                                      "calculos"sv,       "calculos"sv,       "resulatadofinal"sv};
     const bool has_plan = world.Record().NumTareas != 0;
@@ -217,7 +225,7 @@ void User::PlanForm3(const World& world) {
     int tasks = record.NumTareas.Valor();
     if (world.Shown().ButtonOf("Command1").Enabled) {
         days = dice_.Chance(60) ? 3 : 1;
-        tasks = dice_.Between(1, 3);
+        tasks = dice_.Chance(50) ? 3 : dice_.Between(1, 2);
         Pick("Combo1(0)", Say(days));
         Pick("Combo1(1)", Say(tasks));
         Press("Command1");
@@ -297,13 +305,13 @@ void User::PlanMeasurements(const World& world) {
     TypeWhereLastTyped();
     for (int row = 0; row < 18; ++row) {
         const bool open = Text1(row * 18 + Col::kC1).Visible && !Text1(row * 18 + Col::kC1).Locked;
-        if (!open || dice_.Chance(3)) continue;
+        if (!open || dice_.Chance(2)) continue;
         const bool filled = !Text1(row * 18 + Col::kC1 + 1).Text.empty();
-        if (filled && dice_.Chance(60)) continue;
+        if (filled && dice_.Chance(80)) continue;
         const int samples = dice_.Chance(80)   ? dice_.Between(2, 4)
-                            : dice_.Chance(85) ? dice_.Between(2, 6)
+                            : dice_.Chance(92) ? dice_.Between(2, 6)
                                                : 1;
-        const int gap = dice_.Chance(4) ? dice_.Below(samples) : 6;
+        const int gap = dice_.Chance(2) ? dice_.Below(samples) : 6;
         const bool alike = dice_.Chance(10);  // equal samples
         std::string sample = AnyConcentration();
         for (int i = 0; i < 6; ++i) {
@@ -318,39 +326,58 @@ void User::PlanMeasurements(const World& world) {
 
 void User::PlanCalculation() {
     if (dice_.Chance(15)) Type(Cell("Text1", 18 * dice_.Below(3)), "\b");  // a row's number goes
-    const int wiped_before = dice_.Chance(8) ? dice_.Between(2, 3) : 0;
+    const int wiped_before = dice_.Chance(12) ? dice_.Between(2, 3) : 0;
     for (int i = 1; i <= 8; ++i) {
         // Without a sample in the first task no other is validated.
         for (int cell = 0; i == wiped_before && cell < 108; ++cell) {
             const int column = cell % 18;
             if (column >= Col::kC1 && column <= Col::kC6) Type(Cell("Text1", cell), "\b");
         }
+        if (i <= 3 && dice_.Chance(5 * i)) {  // a sample is missed in the task to be validated
+            Type(Cell("Text1", At(i, 1, Col::kC1 + dice_.Below(2))), "\b");
+        }
         if (!dice_.Chance(2)) Press(Say("Command", i));
         if (dice_.Chance(5)) Press(Say("Command", dice_.Between(1, 8)));
     }
 }
 
+/// Begins a day, or recovers one; mostly one of the plan that has not been validated.
+void User::PlanDay(const World& world) {
+    static constexpr std::array kBegin = {"introprimero"sv, "introsegundo"sv, "introtercero"sv};
+    static constexpr std::array kRecover = {"recupprimerdia"sv, "recupsegundodia"sv,
+                                            "recuptercerdia"sv};
+    const EvaluacionRecord& record = world.Record();
+    const int in_plan = record.NumJornadas.Valor();
+    const int days = in_plan >= 1 && in_plan <= 3 && dice_.Chance(93) ? in_plan : 3;
+    int day = dice_.Below(days);
+    const std::array<const HojaDelDia*, 3> slots = {&record.HojaPrimerDia, &record.HojaSegundoDia,
+                                                    &record.HojaTercerDia};
+    for (int other = 0; other < days; ++other) {
+        const bool validated = !(*slots.at(static_cast<std::size_t>(other)))(397).empty();
+        if (!validated && dice_.Chance(50)) day = other;
+    }
+    const std::array<std::string_view, 3>& entries = dice_.Chance(25) ? kRecover : kBegin;
+    Choose(std::string(entries.at(static_cast<std::size_t>(day))));
+}
+
 void User::PlanForm5(const World& world) {
-    constexpr std::array kDays = {"introprimero"sv,   "introsegundo"sv,    "introtercero"sv,
-                                  "recupprimerdia"sv, "recupsegundodia"sv, "recuptercerdia"sv};
-    const bool laid_out = world.Shown().ButtonOf("Command1").Visible;
-    if (laid_out && dice_.Chance(75)) {
+    const Screenshot& sheet = world.Shown();
+    const bool ready = IsReadyToMeasure(world.Record()) || dice_.Chance(20);
+    const bool done = sheet.ButtonOf("Command8").Visible;
+    if (ready && sheet.ButtonOf("Command1").Visible && dice_.Chance(done ? 40 : 90)) {
         PlanMeasurements(world);
         PlanCalculation();
         return;
     }
-    if (!laid_out || dice_.Chance(60)) {
-        const int days =
-            dice_.Chance(93) ? std::clamp(world.Record().NumJornadas.Valor(), 1, 3) : 3;
-        const int day = dice_.Below(days);
-        const bool recovers = dice_.Chance(30);
-        Choose(std::string(kDays.at(static_cast<std::size_t>(day + (recovers ? 3 : 0)))));
-        const bool sampled = SampledRows(world.Record(), day + 1, 1) > 0;
-        if (sampled || dice_.Chance(50)) return;
+    if (dice_.Chance(ready ? 70 : 15)) {
+        PlanDay(world);
+        return;
     }
     constexpr std::array kEntries = {"resultadosfinales"sv, "resultadosfinales"sv,
                                      "datosiniciales"sv, "contaminantes"sv, "datosempresa"sv};
-    Choose(std::string(dice_.OneOf(kEntries)));
+    Choose(ready              ? std::string(dice_.OneOf(kEntries))
+           : dice_.Chance(70) ? "contaminantes"
+                              : "datosiniciales");
 }
 
 /// Harms a file and has the program read it.
@@ -369,7 +396,7 @@ void User::PlanForm6(const World& world) {
     if (dice_.Chance(85)) Press("Command1");
     if (dice_.Chance(60)) ChooseWithFile("guardararchivo", false);
     if (dice_.Chance(15)) ChooseWithFile("guardararchivo", false);
-    if (meddles_ && !world.Files().empty() && dice_.Chance(30)) {
+    if (meddles_ && !world.Files().empty() && dice_.Chance(40)) {
         PlanMeddling(world);
         return;
     }
@@ -411,10 +438,10 @@ Action User::Meddling(const World& world) {
         action.kind = Kind::OddLine;
         action.text = std::string(dice_.OneOf(kOddLines));
         const int where = dice_.Below(100);
-        if (where < 40) {  // days, tasks, samples or contaminants beyond what there is room for
+        if (where < 55) {  // days, tasks, samples or contaminants beyond what there is room for
             constexpr std::array kCounts = {"4"sv, "7"sv, "7"sv, "300"sv, "-1"sv, "0"sv};
             action.number = where < 10   ? dice_.Between(20, 21)
-                            : where < 25 ? dice_.Between(49, 51)
+                            : where < 30 ? dice_.Between(49, 51)
                                          : dice_.Between(22, 48);
             action.text = std::string(dice_.OneOf(kCounts));
         } else if (where < 75) {

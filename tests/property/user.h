@@ -55,6 +55,7 @@ private:
     void PlanMeddling(const World& world);
     void PlanMeasurements(const World& world);
     void PlanCalculation();
+    void PlanDay(const World& world);
 
     Action AnythingOnOffer(const World& world);
     Action AnyEntry(const World& world);

@@ -57,7 +57,12 @@ QJsonArray describe(const QWidget* widget, bool withColours) {
     const QVariant locked = widget->property("Locked");
     QJsonArray told{kind, caption, widget->isVisible(), widget->isEnabled(),
                     locked.isValid() ? QJsonValue(locked.toBool()) : QJsonValue()};
-    if (withColours) {
+    if (const auto* list = qobject_cast<const QComboBox*>(widget)) {
+        QJsonArray items;
+        for (int i = 0; i < list->count(); ++i) items.append(list->itemText(i));
+        told.append(items);
+        told.append(QJsonValue());
+    } else if (withColours) {
         told.append(widget->palette().color(QPalette::Base).name());
         told.append(widget->palette().color(QPalette::Text).name());
     } else {

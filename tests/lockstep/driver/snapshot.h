@@ -13,7 +13,7 @@ namespace lockstep {
 ///   tabs    [control, ...] in tab order (told with the window)
 ///   menu    [[name, text, [[name, text], ...]], ...]
 ///   set     {control: [class, text, visible, enabled, locked, base, letters]}; the two colours
-///           are null but for the sample cells
+///           are null but for the sample cells, and a list has its items in the place of the first
 ///   gone    [control, ...]
 ///   modal   the box or dialog in front (always told, null when there is none)
 class Snapshot {
