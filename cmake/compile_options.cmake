@@ -7,6 +7,9 @@ target_compile_options(velmora_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough
     -Wcast-qual)
+# A subscript out of bounds or an empty optional in the standard library's own types stops the
+# program; it never reads on.
+target_compile_definitions(velmora_options INTERFACE _GLIBCXX_ASSERTIONS)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 sees overlaps in std::string's own code that aren't there (GCC bug 105651).
     target_compile_options(velmora_options INTERFACE -Wno-restrict)

@@ -77,8 +77,6 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DO
 
 # --- The Debian package: `cpack` in the build folder.
 
-target_link_options(velmora PRIVATE -Wl,-z,relro -Wl,-z,now)
-
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME velmora)
 set(CPACK_PACKAGE_VENDOR "Velmora developers")

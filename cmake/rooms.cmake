@@ -5,5 +5,6 @@ function(velmora_room name)
     add_library(velmora_${name} STATIC ${ROOM_SOURCES})
     add_library(velmora::${name} ALIAS velmora_${name})
     target_include_directories(velmora_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-    target_link_libraries(velmora_${name} PUBLIC ${ROOM_LINKS} PRIVATE velmora_options)
+    target_link_libraries(velmora_${name} PUBLIC ${ROOM_LINKS}
+        PRIVATE velmora_options velmora_hardening)
 endfunction()
