@@ -160,9 +160,7 @@ void Form6::ColocarTabla() {
     for (int fila = 1; fila <= kFilas; ++fila) {
         for (int columna = 1; columna <= kColumnas; ++columna) {
             const Row row = FilaDeLaCelda(fila, columna);
-            TextCell& celda = Text1(row.index);
-            celda.Locked = true;  // results aren't typed
-            Place(celda, row, {}, NombreDeLaCelda(fila, columna));
+            Place(Text1(row.index), row, {}, NombreDeLaCelda(fila, columna));
         }
     }
 }

@@ -30,7 +30,19 @@ void CellEdit::Show(const QString& text) {
     shown_ = text;
     if (text == this->text()) return;
     setText(text);
+    caret_.reset();
+    ShowBeginning();
+}
+
+void CellEdit::ShowBeginning() {
+    if (hasFocus() || caret_ || !IsTooNarrow()) return;
+    caret_ = cursorPosition();
     setCursorPosition(0);
+}
+
+void CellEdit::TakeCaretBack() {
+    if (caret_) setCursorPosition(*caret_);
+    caret_.reset();
 }
 
 void CellEdit::SetMarked(bool marked) {
@@ -73,12 +85,17 @@ bool CellEdit::event(QEvent* event) {
 }
 
 void CellEdit::keyPressEvent(QKeyEvent* event) {
+    TakeCaretBack();
     if (event->key() == Qt::Key_F2 && on_double_click) {
         on_double_click();
         return;
     }
     const std::optional<KeyCode> character = CharacterOf(*event);
     if (character && filter_ && !filter_(*character)) return;  // refused
+    if (OpensMenu(*event)) {
+        event->ignore();
+        return;
+    }
     const bool copies = event->key() == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier;
     if (entry_ == Entry::Filtered && !character && !IsMovement(*event) && !copies) {
         event->ignore();
@@ -125,6 +142,9 @@ QVariant CellEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void CellEdit::focusInEvent(QFocusEvent* event) {
+    // A click says itself where the caret goes, in the text as it is seen.
+    if (event->reason() == Qt::MouseFocusReason) caret_.reset();
+    TakeCaretBack();
     QLineEdit::focusInEvent(event);
     raise();
 }
@@ -132,8 +152,13 @@ void CellEdit::focusInEvent(QFocusEvent* event) {
 void CellEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
-        setCursorPosition(0);
+        ShowBeginning();
     }
+}
+
+void CellEdit::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    ShowBeginning();
 }
 
 /// A dark corner on the right says that the text goes on.

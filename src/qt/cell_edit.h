@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include <functional>
+#include <optional>
 
 #include "forms/screen.h"
 
@@ -29,7 +30,8 @@ public:
     /// Called at a double click, and at F2, which does the same from the keyboard.
     std::function<void()> on_double_click;
 
-    /// Sets what the cell shows; the beginning of a text too long for the cell is what is seen.
+    /// Sets what the cell shows, the caret at its end. Of a text too long for the cell the
+    /// beginning is what is seen while the cell hasn't the focus.
     void Show(const QString& text);
 
     /// Whether the cell is marked beyond its colour: by a frame, and to a screen reader.
@@ -46,16 +48,22 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     bool IsTooNarrow() const;
+    void ShowBeginning();
+    void TakeCaretBack();
     void MarkAsCut(QPainter& painter) const;
     void TextHasChanged(const QString& text);
 
     Entry entry_;
     Filter filter_;
     QString shown_;  ///< what stands in the cell by right
+    /// Where the caret stood, while the cell shows the beginning of a text that it can't show
+    /// whole.
+    std::optional<int> caret_;
     bool marked_ = false;
     bool key_passed_ = false;  ///< a key that the filter let pass is being typed
 };

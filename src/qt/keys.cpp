@@ -23,16 +23,20 @@ std::optional<KeyCode> CharacterOf(const QKeyEvent& event) {
         default:
             break;
     }
-    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
-    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
-    if (control && !alt) {
+    if (OpensMenu(event)) return std::nullopt;
+    if (event.modifiers().testFlag(Qt::ControlModifier) &&
+        !event.modifiers().testFlag(Qt::AltModifier)) {
         if (event.key() < Qt::Key_A || event.key() > Qt::Key_BracketRight) return std::nullopt;
         return event.key() - Qt::Key_A + 1;  // Ctrl+A is 1, Ctrl+Z 26, Ctrl+[ 27
     }
-    if (alt && !control) return std::nullopt;  // opens menus
     const QString text = event.text();
     if (text.isEmpty()) return std::nullopt;
     return text.front().unicode();
+}
+
+bool OpensMenu(const QKeyEvent& event) {
+    return event.modifiers().testFlag(Qt::AltModifier) &&
+           !event.modifiers().testFlag(Qt::ControlModifier);
 }
 
 bool IsMovement(const QKeyEvent& event) {

@@ -13,6 +13,9 @@ namespace velmora {
 /// Delete and Tab.
 std::optional<KeyCode> CharacterOf(const QKeyEvent& event);
 
+/// Whether the key is pressed with Alt, which belongs to the menus: it types nothing.
+bool OpensMenu(const QKeyEvent& event);
+
 /// Whether the key only moves or selects: arrows, Home, End.
 bool IsMovement(const QKeyEvent& event);
 

@@ -1,5 +1,6 @@
 #include "qt/list_box.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,6 +13,22 @@
 #include "qt/keys.h"
 
 namespace velmora {
+
+namespace {
+
+/// Whether a key has a part in an open list: a letter or a digit doesn't look for an item.
+bool MovesOrPicks(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Escape:
+            return true;
+        default:
+            return !CharacterOf(event).has_value();
+    }
+}
+
+}  // namespace
 
 ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
     : QComboBox(parent), filter_(std::move(filter)) {
@@ -28,6 +45,7 @@ ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
     edit->setContextMenuPolicy(Qt::NoContextMenu);
     edit->setCursor(Qt::ArrowCursor);
     edit->installEventFilter(this);
+    view()->installEventFilter(this);
     connect(edit, &QLineEdit::textChanged, this, [this](const QString& text) {
         // Only a pick and `Show` change the text; a screen reader's or an input method's goes back.
         if (text != shown_ && text != itemText(currentIndex())) setEditText(shown_);
@@ -80,6 +98,10 @@ void ListBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 void ListBox::inputMethodEvent(QInputMethodEvent* /*event*/) {}
 
 bool ListBox::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view() && event->type() == QEvent::KeyPress) {
+        return !MovesOrPicks(*static_cast<const QKeyEvent*>(event)) ||
+               QComboBox::eventFilter(watched, event);
+    }
     if (watched != lineEdit()) return QComboBox::eventFilter(watched, event);
     // A click anywhere on the list opens it, not on its arrow alone: at the release, since one that
     // came after the opening would close it again.

@@ -452,14 +452,26 @@ TEST_F(Form6Test, Command1_NeedsNoBoxAndNoDialog) {
 
 // The table's cells
 
-TEST_F(Form6Test, TheCellsAreLockedFromTheStartAndStaySo) {
+TEST_F(Form6Test, NoCellIsEverLocked) {
     Form6& form6 = Screen6();
-    for (int i = 0; i < kCells; ++i) EXPECT_TRUE(form6.Text1(i).Locked) << i;
+    for (int i = 0; i < kCells; ++i) EXPECT_FALSE(form6.Text1(i).Locked) << i;
     form6.Command1_Click();
-    for (int i = 0; i < kCells; ++i) EXPECT_TRUE(form6.Text1(i).Locked) << i;
+    for (int i = 0; i < kCells; ++i) EXPECT_FALSE(form6.Text1(i).Locked) << i;
 }
 
-TEST_F(Form6Test, NoCellHasAKeyFilterOrTakesText) {
+TEST_F(Form6Test, WhatIsTypedOverTheTableDoesNotReachTheRecord) {
+    SetIndices(1, "0.2", "0.4", "0.8");
+    Form6& form6 = Screen6();
+    form6.Command1_Click();
+    Cell(form6, 1, kI1).Text = "9";
+    Cell(form6, 1, kIG).Text = "9";
+    form6.Command1_Click();
+    EXPECT_EQ(Cell(form6, 1, kI1).Text, "0.2");
+    EXPECT_EQ(Cell(form6, 1, kIG).Text, "0.4");
+    EXPECT_EQ(record.HojaFinal(1, kI1), "0.2");
+}
+
+TEST_F(Form6Test, NoCellHasAKeyFilter) {
     const Form6& form6 = Screen6();
     for (int i = 0; i < kCells; ++i) {
         const Control* cell = form6.FindControl(Indexed("Text1", i));

@@ -12,7 +12,6 @@ UNSAID = {
     "Form1.Picture1": "pictures",
     "Form3.Text2": "a coloured mark without a role",
     "Form4.Text1/Text3 Locked before the first pick": "the rows are hidden until then",
-    "Form6.Text1 Locked": "nothing says whether the results take typing",
     "colours": "all but those of the sample cells once a handler has set them",
     "other labels": "a screen may carry headings of its own",
     "the run-time's sentence": "only its box and the exit status are told",

@@ -55,20 +55,15 @@ class Guia:
             return self._respuesta()
         if self.azar.random() < self.roces:
             accion = self._roce()
-            if accion and self._oportuna(accion):
+            if accion and self.programa.aplicable(accion):
                 return accion
         for _ in range(60):
             accion = next(self.camino, None)
             if accion is None:
                 self.camino = self._intencion()
-            elif self._oportuna(accion):
+            elif self.programa.aplicable(accion):
                 return accion
         return ["clip", "7"]
-
-    def _oportuna(self, accion):
-        if self._en() == "Form6" and accion[0] in ("type", "im", "double", "context", "drop"):
-            return False  # nothing says what the results do with keys
-        return self.programa.aplicable(accion)
 
     # Answers.
 

@@ -120,7 +120,7 @@ class Form6(Pantalla):
             self.nuevo("Label6", "label", "Tercera  Jornada"),
         )
         textos = [str(i // 9 % 6 + 1) if i % 9 == 0 else "" for i in range(162)]
-        self.Text1 = self.arreglo("Text1", range(162), "cell", textos, bloqueado=None)
+        self.Text1 = self.arreglo("Text1", range(162), "cell", textos)
         self.nombre_archivo = ""
 
     def cargar(self):

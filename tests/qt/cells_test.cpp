@@ -520,15 +520,66 @@ TEST_F(CellTest, ALongTextShowsItsBeginningOnceTheFocusHasLeft) {
     EXPECT_EQ(Edit("Text1(4)").cursorPosition(), 0);
 }
 
-TEST_F(CellTest, AResultOfTheFinalTableTakesNoTyping) {
+TEST_F(CellTest, ALongTextHasItsCaretBackWhereItWasWhenTheFocusComesBack) {
+    Open(ScreenId::Form2);
+    robot.Type("Text1(4)", std::string(200, 'm'));
+    robot.Key(Qt::Key_Left);
+    Edit("Text1(3)").setFocus();
+    Edit("Text1(4)").setFocus();
+    EXPECT_EQ(Edit("Text1(4)").cursorPosition(), 199);
+}
+
+TEST_F(CellTest, ALongTextTakesAKeyAtItsCaretEvenWithoutTheFocus) {
+    Open(ScreenId::Form2);
+    window->Run([this] { Current<Form2>().Text1(4).Text = std::string(200, 'm'); });
+    robot.Click("Text1(3)");
+    QTest::keyClick(&Edit("Text1(4)"), Qt::Key_X);
+    EXPECT_EQ(robot.Text("Text1(4)"), std::string(200, 'm') + "x");
+}
+
+TEST_F(CellTest, ATextThatTheProgramGivesHasTheCaretAtItsEnd) {
+    SetPlan(1, 1, 1);
+    Open(ScreenId::Form2);
+    window->Run([this] { Current<Form2>().Text1(4).Text = "Pinturas"; });
+    Edit("Text1(4)").setFocus();
+    robot.Type(" del Norte");
+    EXPECT_EQ(robot.Text("Text1(4)"), "Pinturas del Norte");
+}
+
+TEST_F(CellTest, ComingBackToALimitADigitAndAPointPassOnceMoreAtItsEnd) {
+    SetPlan(1, 1, 1);
+    Open(ScreenId::Form4);
+    robot.Pick("Combo1", "1");
+    Edit("Text1(2)").setFocus();
+    robot.Type("1.5");
+    Edit("Text1(3)").setFocus();
+    robot.Type("7");
+    Edit("Text1(2)").setFocus();
+    robot.Type("2.3");
+    EXPECT_EQ(robot.Text("Text1(2)"), "1.52.3");
+}
+
+TEST_F(CellTest, ALetterWithAltTypesNothing) {
+    SetPlan(1, 1, 1);
+    Open(ScreenId::Form4);
+    robot.Pick("Combo1", "1");
+    for (const char* const cell : {"Text1(1)", "Text1(2)"}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_7, Qt::AltModifier, QStringLiteral("7"));
+        QApplication::sendEvent(&Edit(cell), &press);
+        EXPECT_EQ(robot.Text(cell), "") << cell;
+        EXPECT_FALSE(press.isAccepted()) << cell << ": the menus' turn";
+    }
+}
+
+TEST_F(CellTest, ACellOfTheFinalTableIsAnOrdinaryOne) {
     SetPlan(1, 1, 1);
     record.HojaFinal(1, 2) = "tolueno";
     Open(ScreenId::Form6);
     robot.Press("Command1");
     robot.Type("Text1(1)", "x5");
-    robot.Key(Qt::Key_Backspace);
-    Copy("9");
-    robot.Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(robot.Text("Text1(1)"), "toluenox5");
+    EXPECT_EQ(record.HojaFinal(1, 2), "tolueno");
+    robot.Press("Command1");
     EXPECT_EQ(robot.Text("Text1(1)"), "tolueno");
 }
 

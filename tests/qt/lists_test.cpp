@@ -273,6 +273,20 @@ TEST_F(TaskListTest, ALockedListCantBePickedFrom) {
     ExpectText("Combo1", "3");
 }
 
+TEST_F(TaskListTest, ACharacterDoesNothingInTheOpenListEither) {
+    robot.Pick("Combo1", "2");
+    robot.Key("Combo1", Qt::Key_F4);
+    ASSERT_TRUE(IsOpen("Combo1"));
+    for (const Qt::Key key : {Qt::Key_3, Qt::Key_Space, Qt::Key_Backspace}) {
+        robot.Key(key);
+        EXPECT_TRUE(IsOpen("Combo1"));
+        EXPECT_EQ(Box("Combo1").view()->currentIndex().row(), 1);
+    }
+    robot.Key(Qt::Key_Return);
+    EXPECT_FALSE(IsOpen("Combo1"));
+    ExpectText("Combo1", "2");
+}
+
 TEST_F(TaskListTest, AHiddenListCantBePickedFrom) {
     ASSERT_FALSE(robot.Visible("Combo13(0)"));
     QComboBox& hidden = Box("Combo13(0)");
