@@ -8,7 +8,7 @@ cd "$(dirname "$0")"
 # What tests take beyond that: the accessibility bus and a print server of their own, the package
 # and its checkers.
 test_packages=(
-    clang-format dpkg-dev file git python3
+    binutils clang-format clang-tidy cppcheck dpkg-dev file git python3
     python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb
     cups-daemon cups-client poppler-utils
     lintian desktop-file-utils appstream man-db
@@ -37,6 +37,7 @@ say "Checking the format"
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
 build release
+scripts/lint.sh
 run_tests release C.UTF-8
 run_tests release es_ES.UTF-8
 

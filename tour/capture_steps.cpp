@@ -149,7 +149,7 @@ void EnterContaminants(const Road& road, int tasks, int agents) {
             CompareAgent(road, agent, row);
             names.append(names.empty() ? "" : ", ").append(agent.name);
         }
-        road.guide.Say("Tarea " + number + ": " + names);
+        road.guide.Say(std::string("Tarea ").append(number).append(": ").append(names));
         road.guide.Picture(robot, "contaminantes-tarea-" + number);
     }
 }

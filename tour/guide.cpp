@@ -28,7 +28,7 @@ std::string Difference(std::string_view what, std::string_view seen, std::string
 
 }  // namespace
 
-Guide::Guide(std::filesystem::path folder) : folder_(std::filesystem::absolute(folder)) {
+Guide::Guide(const std::filesystem::path& folder) : folder_(std::filesystem::absolute(folder)) {
     std::filesystem::create_directories(folder_);
     for (const auto& file : std::filesystem::directory_iterator(folder_)) {
         if (file.path().extension() == ".png") std::filesystem::remove(file.path());

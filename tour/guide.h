@@ -16,7 +16,7 @@ namespace velmora::tour {
 class Guide {
 public:
     /// Works in this folder; pictures of an earlier run are removed from it.
-    explicit Guide(std::filesystem::path folder);
+    explicit Guide(const std::filesystem::path& folder);
 
     const std::filesystem::path& Folder() const { return folder_; }
 

@@ -20,7 +20,7 @@ public:
         : entry_(&entry), owner_(&owner), bar_(&bar) {}
 
     bool isValid() const override { return entry_ && owner_ && bar_; }
-    QObject* object() const override { return entry_; }
+    QObject* object() const override { return entry_.data(); }
     QAccessibleInterface* parent() const override {
         return QAccessible::queryAccessibleInterface(owner_);
     }

@@ -14,7 +14,8 @@ namespace velmora {
 class Doble {
 public:
     constexpr Doble() = default;
-    constexpr Doble(double valor) : valor_(valor) {}  // NOLINT(google-explicit-constructor)
+    // cppcheck-suppress noExplicitConstructor ; a number in a formula is a Doble
+    constexpr Doble(double valor) : valor_(valor) {}
 
     constexpr double Valor() const { return valor_; }
 

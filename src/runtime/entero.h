@@ -13,8 +13,8 @@ namespace velmora {
 class Entero {
 public:
     constexpr Entero() = default;
-    constexpr Entero(int valor)
-        : valor_(Comprobado(valor)) {}  // NOLINT(google-explicit-constructor)
+    // cppcheck-suppress noExplicitConstructor ; a number in a formula is an Entero
+    constexpr Entero(int valor) : valor_(Comprobado(valor)) {}
 
     constexpr int Valor() const { return valor_; }
 

@@ -14,6 +14,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <ranges>
 #include <stdexcept>
 #include <utility>
 
@@ -173,6 +174,7 @@ void Robot::ClickInList(const std::function<void()>& press, const QWidget& list,
         press();
         Wait(pace);
         if (list.isVisible()) MoveTo(list, line());
+        // cppcheck-suppress duplicateCondition ; moving there may have closed it
         if (list.isVisible()) return ClickHere(list, line());
         if (!deactivated_) break;
     }
@@ -210,6 +212,7 @@ bool Robot::Locked(std::string_view control) const {
 std::vector<std::string> Robot::Items(std::string_view list) const {
     const auto& box = Find<QComboBox>(list);
     std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(box.count()));
     for (int i = 0; i < box.count(); ++i) items.push_back(box.itemText(i).toStdString());
     return items;
 }
@@ -242,9 +245,9 @@ QPixmap Robot::Picture() const {
     picture.setDevicePixelRatio(window_.devicePixelRatio());
     picture.fill(Qt::darkGray);
     QPainter painter(&picture);
-    for (auto widget = open.rbegin(); widget != open.rend(); ++widget) {
-        const QRect frame = place(**widget).translated(-whole.topLeft());
-        painter.drawPixmap(frame.topLeft(), (*widget)->grab());
+    for (QWidget* widget : open | std::views::reverse) {
+        const QRect frame = place(*widget).translated(-whole.topLeft());
+        painter.drawPixmap(frame.topLeft(), widget->grab());
         painter.drawRect(frame.adjusted(0, 0, -1, -1));
     }
     return picture;

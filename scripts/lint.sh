@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# clang-tidy and cppcheck over the program, the guided example, the benchmark and what drives the
+# window in the tests; any finding fails. With --tests, clang-tidy over the tests, which takes half
+# an hour.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
+
+install_packages "${build_packages[@]}" clang-tidy cppcheck
+build=build/release
+[ -f $build/build.ninja ] || cmake --preset release >/dev/null
+
+# tidy <folder>...: over the sources that are compiled. What the toolkit's own compiler makes of
+# the headers has to be there.
+tidy() {
+    say "clang-tidy ($*)"
+    cmake --build $build --target velmora_qt_autogen >/dev/null
+    git ls-files -- "${@/%//*.cpp}" |
+        while read -r file; do
+            if grep -qF "\"file\": \"$PWD/$file\"" $build/compile_commands.json; then
+                echo "$file"
+            fi
+        done |
+        xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p $build 2> >(grep -v ' warnings generated' >&2)
+}
+
+if [ "${1:-}" = --tests ]; then
+    tidy tests
+    exit
+fi
+
+# Not findings: members that only a structured binding reads, a loop that reads better than an
+# algorithm, a variable that is written through its call operator.
+say "cppcheck"
+cppcheck --enable=warning,style,performance,portability --std=c++20 --quiet -j "$(nproc)" \
+    --library=qt --library=googletest --inline-suppr --error-exitcode=1 -I src -I tests \
+    --suppress=unusedStructMember --suppress=useStlAlgorithm --suppress=constVariable \
+    --template='{file}:{line}: {severity} {id}: {message}' src tour tests/support
+
+tidy src tour tests/support
