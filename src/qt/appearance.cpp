@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 
 #include "qt/spanish.h"
 
@@ -115,14 +117,18 @@ QFont FontOf(const Look& look, double pixels_per_twip) {
 }
 
 void Paint(QWidget& widget, Color fore, Color back) {
-    QPalette palette = widget.palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        palette.setColor(group, QPalette::Text, ToQt(fore));
-        palette.setColor(group, QPalette::WindowText, ToQt(fore));
-        palette.setColor(group, QPalette::Base, ToQt(back));
-        palette.setColor(group, QPalette::Window, ToQt(back));
+    // Made once for each pair: widgets share the data of palettes that are the same one.
+    static std::map<std::pair<Color, Color>, QPalette> made;
+    const auto [entry, is_new] = made.try_emplace({fore, back}, QApplication::palette());
+    if (is_new) {
+        for (const auto role : {QPalette::Text, QPalette::WindowText}) {
+            entry->second.setColor(QPalette::All, role, ToQt(fore));
+        }
+        for (const auto role : {QPalette::Base, QPalette::Window}) {
+            entry->second.setColor(QPalette::All, role, ToQt(back));
+        }
     }
-    widget.setPalette(palette);
+    widget.setPalette(entry->second);
 }
 
 }  // namespace velmora

@@ -54,21 +54,26 @@ QRect Canvas::ToPixels(const Box& box) const {
 
 QRect Canvas::ScreenRect() const { return ToPixels(area_); }
 
-void Canvas::LayOut(const Placed& placed) const {
+void Canvas::LayOut(const Placed& placed) {
     placed.widget->setGeometry(ToPixels(placed.row.box));
-    placed.widget->setFont(FontOf(placed.row.look, scale_));
+    const Look& look = placed.row.look;
+    // Made once for each look: widgets share the data of fonts that are the same one.
+    const auto [entry, is_new] = fonts_.try_emplace({look.family, look.points, look.bold});
+    if (is_new) entry->second = FontOf(look, scale_);
+    placed.widget->setFont(entry->second);
 }
 
 void Canvas::resizeEvent(QResizeEvent* /*event*/) {
     scale_ = std::min(static_cast<double>(width()) / area_.width,
                       static_cast<double>(height()) / area_.height);
     origin_ = {(width() - area_.width * scale_) / 2, (height() - area_.height * scale_) / 2};
+    fonts_.clear();
     for (const Placed& placed : placed_) LayOut(placed);
 }
 
 void Canvas::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    if (!background_.IsValid()) {
+    if (background_.IsEmpty()) {
         QLinearGradient sky(0, 0, 0, height());
         sky.setColorAt(0, QColor(kTop));
         sky.setColorAt(1, QColor(kBottomOfFirst));

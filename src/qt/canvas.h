@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QFont>
 #include <QWidget>
 
+#include <map>
+#include <tuple>
 #include <vector>
 
 #include "forms/screen.h"
@@ -37,12 +40,13 @@ private:
         Row row;
     };
 
-    void LayOut(const Placed& placed) const;
+    void LayOut(const Placed& placed);
     QRect ToPixels(const Box& box) const;
 
     Box area_;
     Drawing background_;
     std::vector<Placed> placed_;
+    std::map<std::tuple<Family, double, bool>, QFont> fonts_;  ///< at the present scale, by look
     double scale_ = 0;
     QPointF origin_;
 };

@@ -21,21 +21,25 @@ namespace velmora {
 CellEdit::CellEdit(Entry entry, Filter filter, QWidget* parent)
     : QLineEdit(parent), entry_(entry), filter_(std::move(filter)) {
     setFrame(false);
-    setMaxLength(std::numeric_limits<int>::max());
-    if (entry_ == Entry::Filtered) setAcceptDrops(false);
+    if (entry_ == Entry::Filtered)
+        setAcceptDrops(false);
+    else
+        LiftLimit();
     connect(this, &QLineEdit::textChanged, this, &CellEdit::TextHasChanged);
 }
 
 void CellEdit::Show(const QString& text) {
     shown_ = text;
     if (text == this->text()) return;
+    if (text.size() > maxLength()) LiftLimit();
     setText(text);
     caret_.reset();
-    ShowBeginning();
 }
 
+void CellEdit::LiftLimit() { setMaxLength(std::numeric_limits<int>::max()); }
+
 void CellEdit::ShowBeginning() {
-    if (hasFocus() || caret_ || !IsTooNarrow()) return;
+    if (caret_) return;
     caret_ = cursorPosition();
     setCursorPosition(0);
 }
@@ -101,6 +105,7 @@ void CellEdit::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
+    if (text().size() >= maxLength()) LiftLimit();
     key_passed_ = character.has_value();
     QLineEdit::keyPressEvent(event);
     key_passed_ = false;
@@ -149,18 +154,6 @@ void CellEdit::focusInEvent(QFocusEvent* event) {
     raise();
 }
 
-void CellEdit::focusOutEvent(QFocusEvent* event) {
-    QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
-        ShowBeginning();
-    }
-}
-
-void CellEdit::resizeEvent(QResizeEvent* event) {
-    QLineEdit::resizeEvent(event);
-    ShowBeginning();
-}
-
 /// A dark corner on the right says that the text goes on.
 void CellEdit::MarkAsCut(QPainter& painter) const {
     const int side = std::max(4, height() / 4);
@@ -171,6 +164,8 @@ void CellEdit::MarkAsCut(QPainter& painter) const {
 }
 
 void CellEdit::paintEvent(QPaintEvent* event) {
+    const bool cut = !hasFocus() && IsTooNarrow();
+    if (cut) ShowBeginning();
     QLineEdit::paintEvent(event);
     QPainter painter(this);
     const QPalette colors = QApplication::palette();
@@ -185,7 +180,7 @@ void CellEdit::paintEvent(QPaintEvent* event) {
         painter.setPen(QPen(QColor(0x14, 0x1e, 0x2d), 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
-    if (IsTooNarrow() && !hasFocus()) MarkAsCut(painter);
+    if (cut) MarkAsCut(painter);
 }
 
 }  // namespace velmora

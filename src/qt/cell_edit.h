@@ -13,6 +13,7 @@ namespace velmora {
 /// pasting, dropping, the context menu, input methods and undo change nothing.
 class CellEdit : public QLineEdit {
     Q_OBJECT
+    Q_PROPERTY(bool Locked READ isReadOnly)
 
 public:
     enum class Entry {
@@ -47,12 +48,11 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     bool IsTooNarrow() const;
+    void LiftLimit();
     void ShowBeginning();
     void TakeCaretBack();
     void MarkAsCut(QPainter& painter) const;

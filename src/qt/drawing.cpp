@@ -3,28 +3,37 @@
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
 
 namespace velmora {
 
-Drawing::Drawing(const QString& name) {
-    if (!name.isEmpty()) drawing_.load(QStringLiteral(":/velmora/%1.svg").arg(name));
-}
-
 void Drawing::Draw(QPainter& painter, const QRect& target) {
-    if (!IsValid() || target.isEmpty()) return;
+    if (IsEmpty() || target.isEmpty()) return;
     if (painter.paintEngine()->type() != QPaintEngine::Raster) {
-        drawing_.render(&painter, target);
+        Render(painter, target);
         return;
     }
-    const qreal ratio = painter.device()->devicePixelRatioF();
-    const QSize size = target.size() * ratio;
-    if (cache_.size() != size) {
-        cache_ = QPixmap(size);
-        cache_.fill(Qt::transparent);
-        QPainter on_cache(&cache_);
-        drawing_.render(&on_cache);
-    }
-    painter.drawPixmap(target, cache_);
+    const QSize size = target.size() * painter.device()->devicePixelRatioF();
+    if (picture_.size() != size) picture_ = Rendered(size);
+    painter.drawPixmap(target, picture_);
+}
+
+void Drawing::Render(QPainter& painter, const QRectF& target) const {
+    QSvgRenderer(QStringLiteral(":/velmora/%1.svg").arg(name_)).render(&painter, target);
+}
+
+QPixmap Drawing::Rendered(const QSize& size) const {
+    // Kept beyond this drawing's life: a screen is made anew at every move.
+    const QString key = QStringLiteral("%1 %2x%3").arg(name_).arg(size.width()).arg(size.height());
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture)) return picture;
+    picture = QPixmap(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    Render(painter, picture.rect());
+    QPixmapCache::insert(key, picture);
+    return picture;
 }
 
 }  // namespace velmora

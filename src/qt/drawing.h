@@ -2,7 +2,8 @@
 
 #include <QPixmap>
 #include <QString>
-#include <QSvgRenderer>
+
+#include <utility>
 
 class QPainter;
 
@@ -12,16 +13,18 @@ namespace velmora {
 /// last asked for, on paper as lines.
 class Drawing {
 public:
-    /// `name` is that of a drawing in assets, without its extension; a name that isn't there, or an
-    /// empty one, draws nothing.
-    explicit Drawing(const QString& name);
+    /// `name` is that of a drawing in assets, without its extension; an empty one draws nothing.
+    explicit Drawing(QString name) : name_(std::move(name)) {}
 
-    bool IsValid() const { return drawing_.isValid(); }
+    bool IsEmpty() const { return name_.isEmpty(); }
     void Draw(QPainter& painter, const QRect& target);
 
 private:
-    QSvgRenderer drawing_;
-    QPixmap cache_;
+    void Render(QPainter& painter, const QRectF& target) const;
+    QPixmap Rendered(const QSize& size) const;
+
+    QString name_;
+    QPixmap picture_;
 };
 
 }  // namespace velmora

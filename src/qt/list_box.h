@@ -12,6 +12,7 @@ namespace velmora {
 /// among them. It takes no typing by any road, and no pick while it is locked.
 class ListBox : public QComboBox {
     Q_OBJECT
+    Q_PROPERTY(bool Locked READ IsLocked)
 
 public:
     /// Called with the code of each character key; the list takes none of them.

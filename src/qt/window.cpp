@@ -28,13 +28,32 @@ struct Window::Shown {
     using State = std::variant<std::monostate, TextCell, ComboBox, Label, Button>;
 
     const Control* control;
+    State state;  ///< at first that of a widget just made: a control as it is by default
     QWidget* widget = nullptr;
-    State state;
+
+    explicit Shown(const Control& shown)
+        : control(&shown), state(std::visit(Fresh{}, shown.state)) {}
+
+    bool CanTakeFocus() const {
+        return control->row.tab != kSinTab && std::visit(Reachable{}, state);
+    }
+
+private:
+    struct Fresh {
+        State operator()(const Picture& /*picture*/) const { return {}; }
+        template <class Data>
+        State operator()(const Data* /*control*/) const {
+            return Data{};
+        }
+    };
+    struct Reachable {
+        bool operator()(std::monostate /*picture*/) const { return false; }
+        bool operator()(const Button& button) const { return button.Visible && button.Enabled; }
+        bool operator()(const auto& control) const { return control.Visible; }
+    };
 };
 
 namespace {
-
-constexpr const char* kLocked = "Locked";
 
 Qt::Alignment AlignmentOf(Align align) {
     switch (align) {
@@ -48,34 +67,40 @@ Qt::Alignment AlignmentOf(Align align) {
     return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
-void Update(QLabel& widget, const Label& label) {
-    widget.setText(ToQt(label.Caption));
-    widget.setVisible(label.Visible);
+/// The back colour of a cell that a handler hasn't coloured.
+Color BackOf(const Look& look) {
+    return look.back == Look::kTransparente ? kFondoDeVentana : look.back;
 }
 
-void Update(QPushButton& widget, const Button& button) {
-    widget.setText(ToQt(button.Caption));
-    widget.setEnabled(button.Enabled);
-    widget.setVisible(button.Visible);
+// A widget's step from what it shows to what its control holds now.
+
+void Update(QLabel& widget, const Label& before, const Label& now) {
+    if (now.Caption != before.Caption) widget.setText(ToQt(now.Caption));
+    if (now.Visible != before.Visible) widget.setVisible(now.Visible);
 }
 
-void Update(CellEdit& widget, const TextCell& cell, const Look& look) {
-    widget.setProperty(kLocked, cell.Locked);
-    widget.setReadOnly(cell.Locked);
-    widget.Show(ToQt(cell.Text));
-    const bool as_laid_out = cell.BackColor == kFondoDeVentana && look.back != Look::kTransparente;
-    Paint(widget, cell.ForeColor == kTextoDeVentana ? look.fore : cell.ForeColor,
-          as_laid_out ? look.back : cell.BackColor);
-    const bool plain = cell.BackColor == kFondoDeVentana || cell.BackColor == look.back;
-    widget.SetMarked(!plain);
-    widget.setVisible(cell.Visible);
+void Update(QPushButton& widget, const Button& before, const Button& now) {
+    if (now.Caption != before.Caption) widget.setText(ToQt(now.Caption));
+    if (now.Enabled != before.Enabled) widget.setEnabled(now.Enabled);
+    if (now.Visible != before.Visible) widget.setVisible(now.Visible);
 }
 
-void Update(ListBox& widget, const ComboBox& list) {
-    widget.setProperty(kLocked, list.Locked);
-    widget.SetLocked(list.Locked);
-    widget.Show(ToQt(list.Text));
-    widget.setVisible(list.Visible);
+void Update(CellEdit& widget, const TextCell& before, const TextCell& now, const Look& look) {
+    if (now.Locked != before.Locked) widget.setReadOnly(now.Locked);
+    if (now.Text != before.Text) widget.Show(ToQt(now.Text));
+    if (now.BackColor != before.BackColor || now.ForeColor != before.ForeColor) {
+        const bool as_laid_out = now.BackColor == kFondoDeVentana;
+        Paint(widget, now.ForeColor == kTextoDeVentana ? look.fore : now.ForeColor,
+              as_laid_out ? BackOf(look) : now.BackColor);
+        widget.SetMarked(!as_laid_out && now.BackColor != look.back);
+    }
+    if (now.Visible != before.Visible) widget.setVisible(now.Visible);
+}
+
+void Update(ListBox& widget, const ComboBox& before, const ComboBox& now) {
+    if (now.Locked != before.Locked) widget.SetLocked(now.Locked);
+    if (now.Text != before.Text) widget.Show(ToQt(now.Text));
+    if (now.Visible != before.Visible) widget.setVisible(now.Visible);
 }
 
 /// The size of the window at which a twip is a fifteenth of a pixel.
@@ -167,7 +192,7 @@ void Window::BuildScreen() {
     shown_.reserve(screen_->Controls().size());
     clock_ = nullptr;
     for (const Control& control : screen_->Controls()) {
-        Shown& shown = shown_.emplace_back(Shown{&control, nullptr, {}});
+        Shown& shown = shown_.emplace_back(control);
         shown.widget = MakeWidget(shown);
         shown.widget->setObjectName(ToQt(control.name));
         shown.widget->setAccessibleName(ToQt(control.spoken));
@@ -247,11 +272,15 @@ QWidget* Window::MakeCell(Shown& shown) {
         free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered,
         [this, &control](KeyCode key) { return Filter(control, key); }, canvas_);
     cell->setAlignment(AlignmentOf(control.row.look.align));
+    const Look& look = control.row.look;
+    if (look.fore != kTextoDeVentana || BackOf(look) != kFondoDeVentana) {
+        Paint(*cell, look.fore, BackOf(look));
+    }
     if (control.row.tab == kSinTab) cell->setFocusPolicy(Qt::NoFocus);
     cell->on_typed = [this, &shown](const QString& text) {
         auto& state = *std::get<TextCell*>(shown.control->state);
         state.Text = text.toStdString();
-        if (auto* const seen = std::get_if<TextCell>(&shown.state)) seen->Text = state.Text;
+        std::get<TextCell>(shown.state).Text = state.Text;
     };
     if (events.DblClick) cell->on_double_click = [this, &events] { Run(events.DblClick); };
     return cell;
@@ -263,11 +292,13 @@ QWidget* Window::MakeList(Shown& shown) {
     for (const std::string_view item : control.row.items) items << ToQt(item);
     auto* const list = new ListBox(
         items, [this, &control](KeyCode key) { Filter(control, key); }, canvas_);
-    connect(list, &QComboBox::activated, this, [this, &shown](int item) {
+    connect(list, &QComboBox::activated, this, [this, &shown, list](int item) {
         auto& state = *std::get<ComboBox*>(shown.control->state);
-        shown.state = std::monostate{};  // the widget has gone ahead: show it anew
+        auto& seen = std::get<ComboBox>(shown.state);
+        seen.Text = shown.control->row.items[static_cast<std::size_t>(item)];
+        list->Show(ToQt(seen.Text));
         if (!state.Locked && state.Visible) {
-            state.Text = shown.control->row.items[static_cast<std::size_t>(item)];
+            state.Text = seen.Text;
             Run(shown.control->events.Click);
         } else {
             ShowChanges();
@@ -300,9 +331,8 @@ void Window::SetTabOrder() {
 void Window::FocusFirst() {
     const Shown* first = nullptr;
     for (const Shown& shown : shown_) {
-        const int tab = shown.control->row.tab;
-        if (tab == kSinTab || shown.widget->isHidden() || !shown.widget->isEnabled()) continue;
-        if (first == nullptr || tab < first->control->row.tab) first = &shown;
+        if (!shown.CanTakeFocus()) continue;
+        if (first == nullptr || shown.control->row.tab < first->control->row.tab) first = &shown;
     }
     if (first != nullptr) first->widget->setFocus(Qt::OtherFocusReason);
 }
@@ -314,24 +344,22 @@ void Window::ShowChanges() {
 }
 
 void Window::ShowChange(Shown& shown) {
-    const auto differs = [&shown](const auto& now) {
-        using Data = std::decay_t<decltype(now)>;
-        const auto* const seen = std::get_if<Data>(&shown.state);
-        if (seen != nullptr && *seen == now) return false;
-        shown.state = now;
-        return true;
+    const auto show = [&shown](auto* control, auto& widget, const auto&... look) {
+        using Data = std::decay_t<decltype(*control)>;
+        auto& seen = std::get<Data>(shown.state);
+        if (seen == *control) return;
+        Update(widget, seen, *control, look...);
+        seen = *control;
     };
     const Control::State& state = shown.control->state;
     if (const auto* cell = std::get_if<TextCell*>(&state)) {
-        if (differs(**cell)) {
-            Update(static_cast<CellEdit&>(*shown.widget), **cell, shown.control->row.look);
-        }
+        show(*cell, static_cast<CellEdit&>(*shown.widget), shown.control->row.look);
     } else if (const auto* list = std::get_if<ComboBox*>(&state)) {
-        if (differs(**list)) Update(static_cast<ListBox&>(*shown.widget), **list);
+        show(*list, static_cast<ListBox&>(*shown.widget));
     } else if (const auto* label = std::get_if<Label*>(&state)) {
-        if (differs(**label)) Update(static_cast<QLabel&>(*shown.widget), **label);
+        show(*label, static_cast<QLabel&>(*shown.widget));
     } else if (const auto* button = std::get_if<Button*>(&state)) {
-        if (differs(**button)) Update(static_cast<QPushButton&>(*shown.widget), **button);
+        show(*button, static_cast<QPushButton&>(*shown.widget));
     }
 }
 
