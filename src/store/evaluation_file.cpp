@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -72,22 +73,41 @@ private:
     std::ostream& out_;
 };
 
-/// The next line without its end, or nothing at the end of the file. An overlong line is cut and
-/// its rest passed over, so that a file of any size takes a bounded memory.
-std::optional<std::string> NextLine(std::istream& in) {
-    constexpr std::size_t kMaximo = std::size_t{8} << 20U;
-    constexpr auto kFin = std::char_traits<char>::eof();
-    if (in.peek() == kFin) return std::nullopt;
+/// The lines of a file, in a memory that doesn't grow with it: what a line has beyond two MiB is
+/// passed over, and beyond the first 64 MiB the file is taken as ended.
+class Lines {
+public:
+    explicit Lines(std::istream& in) : in_(in) {}
 
-    std::string linea;
-    bool retorno = false;  // a CR that belongs to the line's end if the line ends here
-    for (auto c = in.get(); c != kFin && c != '\n'; c = in.get()) {
-        if (retorno && linea.size() < kMaximo) linea += '\r';
-        retorno = c == '\r';
-        if (!retorno && linea.size() < kMaximo) linea += static_cast<char>(c);
+    /// The next line without its end, up to the next call; nothing at the end of the file.
+    std::optional<std::string_view> Next() {
+        const std::streamsize room = std::min(kMaximoDeLinea, queda_);
+        if (room == 0) return std::nullopt;
+        in_.getline(linea_.get(), room + 1);
+        const std::streamsize leidos = in_.gcount();  // the line's end, where it has one, too
+        if (leidos == 0) return std::nullopt;
+
+        const bool cortada = in_.fail();
+        const bool con_fin = !cortada && !in_.eof();
+        std::string_view linea(linea_.get(), static_cast<std::size_t>(leidos - (con_fin ? 1 : 0)));
+        queda_ -= leidos;
+        if (cortada) {
+            in_.clear();
+            in_.ignore(queda_, '\n');
+            queda_ -= in_.gcount();
+        } else if (linea.ends_with('\r')) {
+            linea.remove_suffix(1);
+        }
+        return linea;
     }
-    return linea;
-}
+
+private:
+    static constexpr std::streamsize kMaximoDeLinea = std::streamsize{2} << 20U;
+
+    std::istream& in_;
+    std::streamsize queda_ = std::streamsize{64} << 20U;
+    std::unique_ptr<char[]> linea_ = std::make_unique_for_overwrite<char[]>(kMaximoDeLinea + 1);
+};
 
 std::string_view Trimmed(std::string_view texto) {
     constexpr std::string_view kBlancos = " \t";
@@ -108,10 +128,10 @@ std::string_view StringOf(std::string_view linea) {
 /// Reads each value from the next line. What can't be read leaves its field as it was.
 class LineReader {
 public:
-    explicit LineReader(std::istream& in) : in_(in) {}
+    explicit LineReader(std::istream& in) : lines_(in) {}
 
     void operator()(std::string& texto) {
-        if (const auto linea = NextLine(in_)) texto = FromWindows1252(StringOf(*linea));
+        if (const auto linea = lines_.Next()) texto = FromWindows1252(StringOf(*linea));
     }
     void operator()(Entero& numero) {
         if (const auto leido = NextNumber()) {
@@ -125,13 +145,13 @@ public:
 private:
     /// The number on the next line; nothing when there is none or it is too large for a Double.
     std::optional<double> NextNumber() {
-        const auto linea = NextLine(in_);
+        const auto linea = lines_.Next();
         if (!linea) return std::nullopt;
         const auto numero = NumeroCompleto(Trimmed(*linea), ".");
         return numero && std::isfinite(*numero) ? numero : std::nullopt;
     }
 
-    std::istream& in_;
+    Lines lines_;
 };
 
 std::filesystem::file_type TypeOf(const std::string& file_name) {

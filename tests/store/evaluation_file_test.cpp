@@ -522,6 +522,7 @@ constexpr std::array kStringLines = {
     StringLine{R"(sin comillas)",         "sin comillas"},
     StringLine{"  \tsin comillas \t ",    "sin comillas"},
     StringLine{"8.5",                     "8.5"},
+    StringLine{"xileno x",                "xileno x"},
     StringLine{"",                        ""},
     StringLine{" \t ",                    ""},
     StringLine{R"("uno, dos")",           "uno, dos"},
@@ -679,19 +680,46 @@ TEST_F(EvaluationFileTest, ALongLineComesBackWhole) {
 }
 
 TEST_F(EvaluationFileTest, AnOverlongLineIsCutAndTheNextOneReadAsUsual) {
-    constexpr std::size_t kKeptBytes = std::size_t{8} << 20U;
+    constexpr std::size_t kKeptBytes = std::size_t{2} << 20U;
     const EvaluacionRecord restored =
         Restored('"' + std::string(3 * kKeptBytes, 'x') + "\"\r\n\"siguiente\"\r\n");
     EXPECT_EQ(restored.DatosEmpresa(1).size(), kKeptBytes - 1);  // the quote is one of them
     EXPECT_EQ(restored.DatosEmpresa(2), "siguiente");
 }
 
+TEST_F(EvaluationFileTest, ACrBeyondTheCutIsDroppedWithTheRestOfItsLine) {
+    constexpr std::size_t kKeptBytes = std::size_t{2} << 20U;
+    const std::string kept = '"' + std::string(kKeptBytes - 1, 'x');
+    const EvaluacionRecord restored = Restored(kept + "\ry\r\n\"siguiente\"\r\n");
+    EXPECT_EQ(restored.DatosEmpresa(1).size(), kKeptBytes - 1);  // the quote is one of them
+    EXPECT_EQ(restored.DatosEmpresa(1).back(), 'x');
+    EXPECT_EQ(restored.DatosEmpresa(2), "siguiente");
+}
+
+TEST_F(EvaluationFileTest, ALineOfExactlyTheLengthThatIsKeptComesBackWhole) {
+    constexpr std::size_t kKeptBytes = std::size_t{2} << 20U;
+    const std::string line = '"' + std::string(kKeptBytes - 3, 'x') + "\ry";
+    const EvaluacionRecord restored = Restored(line + "\r\n");
+    EXPECT_EQ(restored.DatosEmpresa(1), line.substr(1));
+}
+
 TEST_F(EvaluationFileTest, OneOverlongLineWithoutAnEndSpendsOneStep) {
     const EvaluacionRecord before = DistinctValues(0).record;
     EvaluacionRecord restored = Restored(std::string(20'000'000, '0'), before);
-    EXPECT_EQ(restored.DatosEmpresa(1).size(), std::size_t{8} << 20U);
+    EXPECT_EQ(restored.DatosEmpresa(1).size(), std::size_t{2} << 20U);
     restored.DatosEmpresa(1) = before.DatosEmpresa(1);
     EXPECT_EQ(restored, before);
+}
+
+TEST_F(EvaluationFileTest, AFileIsTakenAsEndedAfter64MiB) {
+    const EvaluacionRecord before = DistinctValues(0).record;
+    const std::string first = std::string((std::size_t{64} << 20U) - 21, ' ') + '\n';
+    const EvaluacionRecord restored =
+        Restored(first + "\"dos\"\n\"abcdefghijklmnop\"\n\"cuatro\"\n", before);
+    EXPECT_EQ(restored.DatosEmpresa(1), "");
+    EXPECT_EQ(restored.DatosEmpresa(2), "dos");
+    EXPECT_EQ(restored.DatosEmpresa(3), "abcdefghijklm") << "20 bytes less 6 less the quote";
+    EXPECT_EQ(restored.DatosEmpresa(4), before.DatosEmpresa(4));
 }
 
 TEST_F(EvaluationFileTest, ANumberOfManyDigitsIsRead) {
@@ -701,6 +729,23 @@ TEST_F(EvaluationFileTest, ANumberOfManyDigitsIsRead) {
 }
 
 // Names that are no file
+
+/// While it lives this process can open no file.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        rlimit limit = before_;
+        limit.rlim_cur = 0;
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before_); }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+
+private:
+    rlimit before_{};
+};
 
 class NoFileTest : public EvaluationFileTest {
 protected:
@@ -780,6 +825,16 @@ TEST_F(NoFileTest, ADeviceIsNotRead) {
 TEST_F(NoFileTest, AFileThatFailsToBeReadLeavesTheRecord) {
     ASSERT_TRUE(fs::is_regular_file("/proc/self/mem"));
     ExpectNothingRead("/proc/self/mem");  // its first read is an input error
+}
+
+TEST_F(NoFileTest, AFileThatCannotBeOpenedLeavesTheRecordAndItself) {
+    const std::string path = File(Saved({}));
+    {
+        const NoMoreFiles none;
+        ExpectNothingRead(path);
+        WriteEvaluation(path, DistinctValues(0).record);
+    }
+    EXPECT_EQ(Bytes(path), Saved({}));
 }
 
 TEST_F(NoFileTest, ALinkThatLeadsToItselfIsNotOpened) {
