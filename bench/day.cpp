@@ -1,0 +1,22 @@
+// The worked day's figures from a cold start: for each contaminant its estimated mean, geometric
+// mean, geometric deviation and index.
+
+#include <iomanip>
+#include <iostream>
+
+#include "core/numbers.h"
+#include "evaluation.h"
+
+int main() {
+    velmora::bench::Quiet<velmora::Host> host;
+    velmora::bench::Core core(host);
+    const velmora::Form5& sheet = velmora::bench::WorkDay(core);
+    std::cout << std::fixed << std::setprecision(2);
+    for (int row = 0; row < 3; ++row) {
+        for (const int column : {13, 16, 17, 14}) {
+            const std::string& text = sheet.Text1(row * velmora::hoja::kColumnas + column).Text;
+            std::cout << velmora::LeerValor(text).Valor() << ' ';
+        }
+        std::cout << '\n';
+    }
+}
