@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <QLocale>
 
+#include <csignal>
+
 #include "app/screens.h"
 #include "core/chain.h"
 #include "core/numbers.h"
@@ -10,6 +12,9 @@
 #include "qt/window.h"
 
 int main(int argc, char* argv[]) {
+    // A file that may not grow any further is an error of the step that writes it, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
+
     // Read before the toolkit is told to speak Spanish: the separator is that of the user's locale.
     velmora::FijarSeparadorDecimal(QLocale::system().decimalPoint().toStdString());
 
