@@ -33,8 +33,8 @@ fi
 # algorithm, a variable that is written through its call operator.
 say "cppcheck"
 cppcheck --enable=warning,style,performance,portability --std=c++20 --quiet -j "$(nproc)" \
-    --library=qt --library=googletest --inline-suppr --error-exitcode=1 -I src -I tests \
+    --library=qt --library=googletest --inline-suppr --error-exitcode=1 -I src -I tests -I bench \
     --suppress=unusedStructMember --suppress=useStlAlgorithm --suppress=constVariable \
-    --template='{file}:{line}: {severity} {id}: {message}' src tour tests/support
+    --template='{file}:{line}: {severity} {id}: {message}' src tour bench tests/support
 
-tidy src tour tests/support
+tidy src tour bench tests/support

@@ -14,7 +14,6 @@
 #include <QWindow>
 
 #include <algorithm>
-#include <ranges>
 #include <stdexcept>
 #include <utility>
 
@@ -245,7 +244,8 @@ QPixmap Robot::Picture() const {
     picture.setDevicePixelRatio(window_.devicePixelRatio());
     picture.fill(Qt::darkGray);
     QPainter painter(&picture);
-    for (QWidget* widget : open | std::views::reverse) {
+    std::ranges::reverse(open);
+    for (QWidget* widget : open) {
         const QRect frame = place(*widget).translated(-whole.topLeft());
         painter.drawPixmap(frame.topLeft(), widget->grab());
         painter.drawRect(frame.adjusted(0, 0, -1, -1));
