@@ -116,6 +116,20 @@ QFont FontOf(const Look& look, double pixels_per_twip) {
     return font;
 }
 
+void SharePalette(QWidget& widget) {
+    static const QPalette shared = [] {
+        QPalette palette = QApplication::palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            for (int i = 0; i < QPalette::NColorRoles; ++i) {
+                const auto role = static_cast<QPalette::ColorRole>(i);
+                palette.setBrush(group, role, palette.brush(group, role));
+            }
+        }
+        return palette;
+    }();
+    widget.setPalette(shared);
+}
+
 void Paint(QWidget& widget, Color fore, Color back) {
     // Made once for each pair: widgets share the data of palettes that are the same one.
     static std::map<std::pair<Color, Color>, QPalette> made;

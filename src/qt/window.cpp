@@ -242,6 +242,7 @@ QWidget* Window::MakeWidget(Shown& shown) {
     if (std::holds_alternative<ComboBox*>(control.state)) return MakeList(shown);
     if (std::holds_alternative<Button*>(control.state)) {
         auto* const button = new QPushButton(canvas_);
+        SharePalette(*button);
         button->setAutoDefault(true);  // Enter presses it, as the space bar does
         connect(button, &QPushButton::clicked, this,
                 [this, &control] { Run(control.events.Click); });
@@ -292,6 +293,7 @@ QWidget* Window::MakeList(Shown& shown) {
     for (const std::string_view item : control.row.items) items << ToQt(item);
     auto* const list = new ListBox(
         items, [this, &control](KeyCode key) { Filter(control, key); }, canvas_);
+    SharePalette(*list);
     connect(list, &QComboBox::activated, this, [this, &shown, list](int item) {
         auto& state = *std::get<ComboBox*>(shown.control->state);
         auto& seen = std::get<ComboBox>(shown.state);
