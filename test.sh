@@ -8,7 +8,8 @@ cd "$(dirname "$0")"
 # What tests take beyond that: the accessibility bus and a print server of their own, the package
 # and its checkers.
 test_packages=(
-    binutils clang-format clang-tidy cppcheck dpkg-dev file git python3
+    binutils clang-14 clang-format clang-tidy cppcheck libclang-rt-14-dev
+    dpkg-dev file git python3
     python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb
     cups-daemon cups-client poppler-utils
     lintian desktop-file-utils appstream man-db
@@ -49,6 +50,9 @@ say "Making, installing and removing the package"
 status=0
 tests/packaging/package_test.sh build/release || status=$?
 [ "$status" -eq 0 ] || [ "$status" -eq 77 ] || exit "$status"
+
+say "Fuzzing for a short while"
+fuzz/fuzz.sh
 
 build core
 run_tests core C.UTF-8

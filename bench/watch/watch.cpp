@@ -57,7 +57,7 @@ class WatchPlugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "watch.json")
 
 public:
-    QObject* create(const QString& key, const QString& /*specification*/) override {
+    QObject* create(const QString& key, const QString& /*options*/) override {
         const int descriptor = qEnvironmentVariableIntValue("VELMORA_WATCH");
         if (key != QStringLiteral("velmora_watch") || descriptor == 0) return nullptr;
         return new Watcher(descriptor);
