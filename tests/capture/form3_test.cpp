@@ -577,6 +577,17 @@ TEST_F(Form3Test, Command1_DoesNotStoreANegativeNumber) {
     EXPECT_EQ(form.Command1.Caption, kFixed);
 }
 
+TEST_F(Form3Test, Command1_DoesNotStoreANegativeNumberOfTasks) {
+    record.NumTareas = 0;
+    Form3& form = OpenForm3();
+    form.Combo1(0).Text = "3";
+    form.Combo1(1).Text = "-2";
+    Press("Command1");
+    EXPECT_EQ(record.NumJornadas, 3);
+    EXPECT_EQ(record.NumTareas, 0);
+    EXPECT_EQ(form.Command1.Caption, kFixed);
+}
+
 TEST_F(Form3Test, Command1_ReadsTheTwoListsByDifferentRules) {
     Form3& form = OpenForm3();
     form.Combo1(0).Text = "3 jornadas";  // the leading number will do here

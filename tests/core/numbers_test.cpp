@@ -91,6 +91,9 @@ TEST(LeerValorTest, ReadsAPointAndStopsAtACommaWhateverTheSeparator) {
 TEST(LeerValorTest, ATextThatIsNoZeroTerminatedStringIsReadToItsEndOnly) {
     const std::string_view digits = "12345";
     EXPECT_EQ(LeerValor(digits.substr(0, 2)).Valor(), 12.0);
+    const std::string_view exponent = "1e+5";
+    EXPECT_EQ(LeerValor(exponent.substr(0, 2)).Valor(), 1.0);
+    EXPECT_EQ(LeerValor(exponent.substr(0, 3)).Valor(), 1.0);
     EXPECT_EQ(LeerValor(std::string_view("7\0"
                                          "8",
                                          3))
@@ -112,14 +115,49 @@ TEST(LeerValorTest, ManyDigitsAreNoOverflowByThemselves) {
     EXPECT_EQ(LeerValor("1e-99999999999999999999").Valor(), 0.0);
 }
 
+// Too large or too small is a matter of zeros and exponent together. Worked by hand: a 1 behind
+// 0.000... with n zeros is 10^-(n+1), a 1 ahead of n zeros is 10^n.
+
+TEST(LeerValorTest, LettersBehindANumberTooLargeDontMakeItSmall) {
+    const std::string nines(310, '9');
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(nines + "e-x900"); });
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(nines + " e-900"); });
+}
+
+TEST(LeerValorTest, ALongFractionAndALargerExponentOverflow) {
+    const std::string fraction = "0." + std::string(1000, '0') + "1";
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(fraction + "e1320"); });   // 10^319
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(fraction + "E+1320"); });  // 10^319
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor("." + fraction.substr(2) + "e1320"); });
+}
+
+TEST(LeerValorTest, ALongFractionAndASmallerExponentAreZero) {
+    const std::string fraction = "0." + std::string(2000, '0') + "1";
+    EXPECT_EQ(LeerValor(fraction + "e1600").Valor(), 0.0);   // 10^-401
+    EXPECT_EQ(LeerValor(fraction + "e+1600").Valor(), 0.0);  // 10^-401
+}
+
+TEST(LeerValorTest, ManyDigitsAndANegativeExponentBeyondThemAreZero) {
+    const std::string digits = "1" + std::string(1000, '0');
+    EXPECT_EQ(LeerValor(digits + "e-1400").Valor(), 0.0);    // 10^-400
+    EXPECT_EQ(LeerValor(digits + ".5e-1400").Valor(), 0.0);  // 10^-400
+}
+
+TEST(LeerValorTest, ManyDigitsAndANegativeExponentBelowThemOverflow) {
+    const std::string digits = "1" + std::string(2000, '0');
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(digits + "e-1600"); });    // 10^400
+    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(digits + ".5E-1600"); });  // 10^400
+}
+
 TEST(LeerValorTest, TheLargestDoubleIsRead) {
     EXPECT_EQ(LeerValor("1.7976931348623157e308").Valor(), std::numeric_limits<double>::max());
 }
 
 // The three conversions by the locale's rules.
 
-constexpr std::array kNoNumbers = {"",   " ",   "abc", "8h",    "8 8", ".",   "-",   "+",
-                                   "1e", "--8", "- 8", "1.2.3", "inf", "nan", "0x8", "8;"};
+constexpr std::array kNoNumbers = {
+    "",    " ",   "abc", "8h", "8 8", ".",  "-",  "+",   "1e", "--8", "- 8", "1.2.3",
+    "inf", "nan", "0x8", "8;", "x8",  "8x", "e5", ".e5", "8/", "8:"};  // the neighbours of 0 and 9
 
 TEST(ConvertirDobleTest, TakesBlanksAroundASignAndAnExponent) {
     for (const Read& row :

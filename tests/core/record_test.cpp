@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -156,6 +158,44 @@ TEST_F(RecordTest, HoursAndSamplesAreByDayThenTask) {
     EXPECT_EQ(record.TiempoExposicion(1, 3), 0.0);
     EXPECT_EQ(record.Muestras30(1, 3), 0);
     EXPECT_EQ(record.Muestras15(1, 3), 0);
+}
+
+// Other tests compare whole evaluations: that sees each field, up to its last element.
+
+TEST(RecordComparisonTest, EvaluationsThatDifferInAnyOneFieldAreDifferent) {
+    using Change = void (*)(EvaluacionRecord&);
+    // clang-format off
+    constexpr std::array<Change, 21> kChanges = {
+        [](EvaluacionRecord& r) { r.DatosEmpresa(19) += "x"; },
+        [](EvaluacionRecord& r) { ++r.NumJornadas; },
+        [](EvaluacionRecord& r) { ++r.NumTareas; },
+        [](EvaluacionRecord& r) { r.TiempoExposicion(3, 3) += 1; },
+        [](EvaluacionRecord& r) { ++r.Muestras30(3, 3); },
+        [](EvaluacionRecord& r) { ++r.Muestras15(3, 3); },
+        [](EvaluacionRecord& r) { ++r.NumContaminantes(3); },
+        [](EvaluacionRecord& r) { r.NombreContaminante(3, 6) += "x"; },
+        [](EvaluacionRecord& r) { r.VlaEd(3, 6) += 1; },
+        [](EvaluacionRecord& r) { r.VlaEc(3, 6) += 1; },
+        [](EvaluacionRecord& r) { ++r.TiempoMuestreo(3, 6); },
+        [](EvaluacionRecord& r) { ++r.Aditivo(3, 6); },
+        [](EvaluacionRecord& r) { r.Unidades(3, 6) += "x"; },
+        [](EvaluacionRecord& r) { r.MG(3, 3, 6) += 1; },
+        [](EvaluacionRecord& r) { r.GSD(3, 3, 6) += 1; },
+        [](EvaluacionRecord& r) { r.MGmas(3, 3, 6) += 1; },
+        [](EvaluacionRecord& r) { r.GSDmas(3, 3, 6) += 1; },
+        [](EvaluacionRecord& r) { r.HojaPrimerDia(401) += "x"; },
+        [](EvaluacionRecord& r) { r.HojaSegundoDia(401) += "x"; },
+        [](EvaluacionRecord& r) { r.HojaTercerDia(401) += "x"; },
+        [](EvaluacionRecord& r) { r.HojaFinal(18, 9) += "x"; },
+    };
+    // clang-format on
+    const EvaluacionRecord whole = FilledRecord();
+    EXPECT_EQ(whole, FilledRecord());
+    for (std::size_t i = 0; i < kChanges.size(); ++i) {
+        EvaluacionRecord changed = whole;
+        kChanges.at(i)(changed);
+        EXPECT_NE(changed, whole) << i;
+    }
 }
 
 TEST_F(RecordTest, StringsHaveAnyLength) {

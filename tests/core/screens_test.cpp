@@ -195,6 +195,39 @@ TEST_F(ScreensTest, AControlIsFoundByItsNameAndAnotherNameFindsNone) {
     EXPECT_EQ(screen->FindEntry("Imprimir"), nullptr);
 }
 
+// The window and the tests tell by comparison what a handler changed: that sees each property.
+
+TEST(ControlsTest, ControlsThatDifferInOnePropertyAreDifferent) {
+    const TextCell cell{.Text = "1"};
+    EXPECT_EQ(cell, TextCell{.Text = "1"});
+    for (const TextCell& other :
+         {TextCell{.Text = "2"}, TextCell{.Text = "1", .Visible = false},
+          TextCell{.Text = "1", .Locked = true}, TextCell{.Text = "1", .BackColor = 250},
+          TextCell{.Text = "1", .ForeColor = 250}}) {
+        EXPECT_NE(cell, other);
+    }
+    const ComboBox list{.Text = "1"};
+    EXPECT_EQ(list, ComboBox{.Text = "1"});
+    for (const ComboBox& other : {ComboBox{.Text = "2"}, ComboBox{.Text = "1", .Visible = false},
+                                  ComboBox{.Text = "1", .Locked = true}}) {
+        EXPECT_NE(list, other);
+    }
+    const Label label{.Caption = "1"};
+    EXPECT_EQ(label, Label{.Caption = "1"});
+    EXPECT_NE(label, Label{.Caption = "2"});
+    EXPECT_NE(label, (Label{.Caption = "1", .Visible = false}));
+    const Button button{.Caption = "1"};
+    EXPECT_EQ(button, Button{.Caption = "1"});
+    for (const Button& other : {Button{.Caption = "2"}, Button{.Caption = "1", .Visible = false},
+                                Button{.Caption = "1", .Enabled = false}}) {
+        EXPECT_NE(button, other);
+    }
+}
+
+TEST_F(ScreensTest, ANumberThatIsNoScreensMakesNone) {
+    EXPECT_EQ(MakeScreen(static_cast<ScreenId>(7), Entorno{record, chain, host}), nullptr);
+}
+
 // Menus
 
 struct ListEntry {

@@ -40,6 +40,10 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ErrorMessageTest, ::testing::Values(
     [](const auto& test_case) { return std::string(test_case.param.name); });
 // clang-format on
 
+TEST(MensajeDeTest, AnUnknownKindIsNamedInGeneralWords) {
+    EXPECT_EQ(MensajeDe(static_cast<TipoError>(99)), "Error en tiempo de ejecución.");
+}
+
 TEST(IntentarTest, AStepThatFailsIsSkippedFromTheErrorOn) {
     std::string done;
     Intentar([&] {

@@ -116,6 +116,16 @@ TEST_F(ConclusionsTest, NegativeFiguresCountAsNone) {
 
 // ------------------------------------------------------------------------- greatest probability
 
+TEST_F(ConclusionsTest, ASheetOfNegativeFiguresAloneGivesZero) {
+    for (int row = 1; row <= 18; ++row) {
+        SetIndexes(row, "-0.5", "-0.25");
+        Cell3(row, kProb).Text = "-5";
+    }
+    form.Command8_Click();
+    EXPECT_EQ(form.Text2.Text, "0");
+    EXPECT_EQ(form.Text4.Text, "0");
+}
+
 TEST_F(ConclusionsTest, EachOfThe18RowsCountsInTheProbability) {
     for (int row = 1; row <= 18; ++row) {
         form.limpia(1);

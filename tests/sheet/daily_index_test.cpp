@@ -47,6 +47,13 @@ TEST_F(DailyIndexTest, TheIndexIsCopiedWithoutAConversion) {
     EXPECT_THAT(IndicMasTo(4), ElementsAre("1.20", ".", "4. y", ""));
 }
 
+TEST_F(DailyIndexTest, IndexesWithoutAGroupAreNeverSummed) {
+    SetRow(1, "0", "1E+308");
+    SetRow(2, "0", "1E+308");  // together too large for a Double
+    form.Command4_Click();
+    EXPECT_THAT(IndicMasTo(3), ElementsAre("1E+308", "1E+308", ""));
+}
+
 TEST_F(DailyIndexTest, OldTextsOfTheColumnAreCleared) {
     for (int row = 1; row <= 18; ++row) {
         SetRow(row, "30", "1.");  // a group that no later step writes

@@ -195,6 +195,19 @@ TEST_F(SheetLayoutTest, TheOtherControlsStandWhereTheyBelongWithTheirTexts) {
     }
 }
 
+TEST_F(SheetLayoutTest, AnElementThatAnArrayOfControlsLacksIsASubscriptError) {
+    const auto expect_bounds = [](auto& controls, int last) {
+        EXPECT_NO_THROW(controls(0));
+        EXPECT_NO_THROW(controls(last));
+        ExpectError(TipoError::SubindiceFueraDeRango, [&] { controls(-1); });
+        ExpectError(TipoError::SubindiceFueraDeRango, [&] { controls(last + 1); });
+    };
+    expect_bounds(form.Text1, 323);
+    expect_bounds(form.Text3, 71);
+    expect_bounds(form.Label7, 56);
+    expect_bounds(form.Label3, 11);
+}
+
 TEST_F(SheetLayoutTest, NothingElseStandsOnTheSheet) {
     EXPECT_EQ(form.Controls().size(), 324U + 72U + 57U + 12U + kOthers.size());
 }
@@ -261,6 +274,58 @@ TEST_F(SheetLayoutTest, NoTwoControlsShareAPlaceInTheTabOrder) {
     }
     std::ranges::sort(tabs);
     EXPECT_EQ(std::ranges::adjacent_find(tabs), tabs.end());
+}
+
+// A screen reader has no headings to look up at: each cell says its task, its contaminant and what
+// it holds.
+
+// clang-format off
+constexpr std::array<std::string_view, 18> kSpokenColumns = {
+    "número", "nombre del contaminante", "VLA-ED", "VLA-EC", "unidades", "tiempo de muestreo",
+    "grupo aditivo", "muestra C1", "muestra C2", "muestra C3", "muestra C4", "muestra C5",
+    "muestra C6", "media estimada MMP", "índice", "índice aditivo", "media geométrica MG",
+    "desviación geométrica GSD"};
+
+constexpr std::array<std::string_view, 4> kSpokenColumns3 = {
+    "límite de corta exposición EC+", "media geométrica MG+", "desviación geométrica GSD+",
+    "probabilidad"};
+
+struct Spoken {
+    std::string_view name;
+    std::string_view words;
+};
+
+constexpr std::array kSpokenOthers = {
+    Spoken{"Command5", "EC+, MG+, GSD+ y probabilidad de la 1ª tarea"},
+    Spoken{"Command6", "EC+, MG+, GSD+ y probabilidad de la 2ª tarea"},
+    Spoken{"Command7", "EC+, MG+, GSD+ y probabilidad de la 3ª tarea"},
+    Spoken{"Text7",    "¿Se ha superado 3 x VLA-ED o VLA-EC?"},
+    Spoken{"Text2",    "Mayor índice calculado, simple y aditivo"},
+    Spoken{"Text5",    "Conclusión sobre el índice"},
+    Spoken{"Text4",    "Probabilidad de superar corta exposición"},
+    Spoken{"Text6",    "Conclusión sobre la probabilidad"},
+};
+// clang-format on
+
+TEST_F(SheetLayoutTest, EachCellIsSpokenByItsTaskItsContaminantAndItsColumn) {
+    for (int row = 1; row <= 18; ++row) {
+        const std::string place =
+            "Tarea " + Cifras((row + 5) / 6) + ", contaminante " + Cifras((row - 1) % 6 + 1) + ", ";
+        for (int column = 0; column < 18; ++column) {
+            EXPECT_EQ(form.FindControl(Name(row, column))->spoken,
+                      place + std::string(kSpokenColumns.at(static_cast<std::size_t>(column))));
+        }
+        for (int column = 0; column < 4; ++column) {
+            EXPECT_EQ(form.FindControl(Name3(row, column))->spoken,
+                      place + std::string(kSpokenColumns3.at(static_cast<std::size_t>(column))));
+        }
+    }
+}
+
+TEST_F(SheetLayoutTest, TheTwinButtonsAndTheAnswersAreSpokenByWhatTheyAreFor) {
+    for (const Spoken& spoken : kSpokenOthers) {
+        EXPECT_EQ(form.FindControl(spoken.name)->spoken, spoken.words) << spoken.name;
+    }
 }
 
 TEST_F(SheetLayoutTest, TheFiveAnswerCellsAreLockedFromTheStart) {
@@ -1110,6 +1175,15 @@ TEST_F(RecuperaTest, DayZeroOfAPlanWithoutTasksStopsSilently) {
     record.NumTareas = 0;
     form.recupera(0);
     EXPECT_EQ(form.DiaActual, 0);
+    EXPECT_EQ(Openness(form.Command8), 0);
+}
+
+TEST_F(RecuperaTest, DayZeroOfAPlanWithoutDaysStopsSilentlyOnABlankSheet) {
+    record.NumJornadas = 0;
+    form.Text1(0).Text = "1";
+    form.recupera(0);
+    EXPECT_EQ(form.Text1(0).Text, "");
+    EXPECT_EQ(Openness(form.Command1), 0);
     EXPECT_EQ(Openness(form.Command8), 0);
 }
 

@@ -716,6 +716,28 @@ TEST_F(ShortExposureTest, AnEighthMemberOfAGroupDoesNotFitItsMatrix) {
     EXPECT_EQ(Cell3(1, kEcMas).Text, "14.2857142857143");
 }
 
+TEST_F(ShortExposureTest, Command5_TheFactorMissesTheLimitCellOfARowBeyondItsTask) {
+    record.NumContaminantes(1) = 10;
+    for (int row = 1; row <= 8; ++row) Set(row, {.aditivo = "9"});
+    Set(9, kDos);
+    Set(10, kTres);
+    // 150 * 0.222 - 1.3 falls just short of 32, the limit cell of row 9; row 9 of the matrix fails.
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command5_Click(); });
+    EXPECT_EQ(form.Text3(31).Text, "14.2857142857143");
+    EXPECT_EQ(form.Text3(32).Text, "");
+}
+
+TEST_P(ExposureButtonTest, ANegativeCountOfContaminantsTouchesNoCell) {
+    Set(Row(1), {.ec = "10", .mg = "1.", .gsd = "2."});
+    // -1750 is near the end: the last row's cell is reckoned in whole numbers, 18 * -1751 = -31518.
+    for (const int count : {-1, -1750}) {
+        SetContaminants(count);
+        const auto before = StateOf(form);
+        Click();
+        EXPECT_THAT(Changed(before, form), IsEmpty()) << count;
+    }
+}
+
 // ------------------------------------------------------------------------------------- the comma
 
 TEST_P(ExposureButtonTest, UnderACommaAValueOfTwoAndAHalfReadsAsTwo) {

@@ -538,6 +538,15 @@ TEST_P(TaskButtonTest, WithoutSamplesInThePlanNoRowIsComputedAndTheNextButtonOpe
     EXPECT_TRUE(form.Command4.Visible && form.Command4.Enabled);
 }
 
+TEST_P(TaskButtonTest, ANegativeSampleReachesTheLogarithmAndEndsTheProgram) {
+    for (const std::string_view sample : {"-1", "-0.5"}) {  // as a file may hold them
+        FillFirstTask();
+        SetTask(T().tarea, 1, 1);
+        SetSamples(Row(1), {"2", sample});
+        ExpectError(TipoError::ArgumentoNoValido, [&] { Click(); });
+    }
+}
+
 TEST_P(TaskButtonTest, ANegativeNumberOfSamplesComputesNoRow) {
     SetTask(T().tarea, 1, -4);
     FillFirstTask();

@@ -183,6 +183,16 @@ TEST_F(MediaEstimadaTest, ANegativeSampleIsAnInvalidArgument) {
     EXPECT_EQ(Mg(), 0.0);
 }
 
+TEST(MuestrasTest, HaveTheSubscriptsZeroToSixAndNoOther) {
+    Muestras muestras;
+    muestras(0) = 1;
+    muestras(6) = 2;
+    EXPECT_EQ(muestras(0), 1);
+    EXPECT_EQ(muestras(6), 2);
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { muestras(-1); });
+    ExpectError(TipoError::SubindiceFueraDeRango, [&] { muestras(7); });
+}
+
 TEST_F(MediaEstimadaTest, SubscriptZeroIsNeverRead) {
     Muestras muestras = Samples({2, 8});
     muestras(0) = -1;

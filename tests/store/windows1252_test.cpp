@@ -90,6 +90,34 @@ TEST(Windows1252Test, ACharacterWithoutACodeBecomesOneQuestionMark) {
     EXPECT_EQ(ToWindows1252("\xF4\x8F\xBF\xBF"), "?");  // U+10FFFF, the last character
 }
 
+TEST(Windows1252Test, TheFirstCharacterOfEachLengthIsWhole) {
+    EXPECT_EQ(ToWindows1252("\xC2\x80"), "?");          // U+0080, the first of two bytes
+    EXPECT_EQ(ToWindows1252("\xE0\xA0\x80"), "?");      // U+0800, the first of three
+    EXPECT_EQ(ToWindows1252("\xF0\x90\x80\x80"), "?");  // U+10000, the first of four
+}
+
+TEST(Windows1252Test, TheNeighboursOfTheSurrogatesAreCharacters) {
+    EXPECT_EQ(ToWindows1252("\xED\x9F\xBF"), "?");  // U+D7FF
+    EXPECT_EQ(ToWindows1252("\xEE\x80\x80"), "?");  // U+E000
+}
+
+TEST(Windows1252Test, TheNeighbourOfLatin1HasNoCode) {
+    EXPECT_EQ(ToWindows1252("ÿĀ"), "\xFF?");  // U+00FF and U+0100
+}
+
+TEST(Windows1252Test, EachFirstByteOfACharacterIsKnown) {
+    for (unsigned first = 0xC2; first <= 0xF4; ++first) {
+        std::string character(1, static_cast<char>(first));
+        // Continuations that are allowed behind each of them: 90 behind F0, A0 behind E0, 80 else.
+        const char second = first == 0xF0 ? '\x90' : first == 0xE0 ? '\xA0' : '\x80';
+        character += second;
+        if (first >= 0xE0) character += '\x80';
+        if (first >= 0xF0) character += '\x80';
+        const std::string written = ToWindows1252(character);
+        EXPECT_EQ(written.size(), 1U) << std::hex << first;
+    }
+}
+
 TEST(Windows1252Test, TheControlCharactersWhoseCodesAreLettersHaveNoCode) {
     EXPECT_EQ(ToWindows1252("\xC2\x80"), "?");  // U+0080; the code 80 is the euro sign
     EXPECT_EQ(ToWindows1252("\xC2\x9F"), "?");
@@ -113,6 +141,9 @@ constexpr std::array kBroken = {
     Broken{"Latin-1 instead of UTF-8",       "ca\xF1" "a",         "ca?a"},
     Broken{"zero in two bytes",              "\xC0\x80",           "??"},
     Broken{"an A in two bytes",              "\xC1\x81",           "??"},
+    Broken{"the last of one byte in two",    "\xC1\xBF",           "??"},
+    Broken{"the last of two bytes in three", "\xE0\x9F\xBF",       "???"},
+    Broken{"the last of three in four",      "\xF0\x8F\xBF\xBF",   "????"},
     Broken{"a letter in three bytes",        "\xE0\x83\xB1",       "???"},
     Broken{"the euro sign in four bytes",    "\xF0\x82\x82\xAC",   "????"},
     Broken{"half of a pair of surrogates",   "\xED\xA0\x80",       "???"},
