@@ -21,9 +21,9 @@ QColor ToQt(Color color);
 /// same factor, in whole pixels, so that a text fits its box at every size.
 QFont FontOf(const Look& look, double pixels_per_twip);
 
-/// Gives a widget the application's palette as its own, one copy for all. A palette that is resolved
-/// for each widget has a key of its own, under which the style keeps the pictures of buttons and
-/// lists: they would be drawn anew on every screen, and their names never let go.
+/// Gives a widget the application's palette as its own, one copy for all. A palette that is
+/// resolved for each widget has a key of its own, under which the style keeps the pictures of
+/// buttons and lists: they would be drawn anew on every screen, and their names never let go.
 void SharePalette(QWidget& widget);
 
 /// Gives a widget the fore and back colours of its text.
