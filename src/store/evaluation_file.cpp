@@ -105,7 +105,8 @@ public:
 
 private:
     static constexpr std::streamsize kMaximoDeLinea = std::streamsize{2} << 20U;
-    using Buffer = std::array<char, kMaximoDeLinea + 1>;  // and a zero, which getline adds
+    // A zero more, which getline adds.
+    using Buffer = std::array<char, kMaximoDeLinea + 1>;
 
     std::istream& in_;
     std::streamsize queda_ = std::streamsize{64} << 20U;
