@@ -12,7 +12,7 @@ test_packages=(
     dpkg-dev file git python3
     python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb
     cups-daemon cups-client poppler-utils
-    lintian desktop-file-utils appstream man-db
+    lintian desktop-file-utils appstream man-db valgrind
 )
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
