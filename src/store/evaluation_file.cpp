@@ -1,7 +1,6 @@
 #include "store/evaluation_file.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
@@ -84,14 +83,13 @@ public:
     std::optional<std::string_view> Next() {
         const std::streamsize room = std::min(kMaximoDeLinea, queda_);
         if (room == 0) return std::nullopt;
-        in_.getline(linea_->data(), room + 1);
+        in_.getline(linea_.get(), room + 1);
         const std::streamsize leidos = in_.gcount();  // the line's end, where it has one, too
         if (leidos == 0) return std::nullopt;
 
         const bool cortada = in_.fail();
         const bool con_fin = !cortada && !in_.eof();
-        std::string_view linea(linea_->data(),
-                               static_cast<std::size_t>(leidos - (con_fin ? 1 : 0)));
+        std::string_view linea(linea_.get(), static_cast<std::size_t>(leidos - (con_fin ? 1 : 0)));
         queda_ -= leidos;
         if (cortada) {
             in_.clear();
@@ -105,12 +103,11 @@ public:
 
 private:
     static constexpr std::streamsize kMaximoDeLinea = std::streamsize{2} << 20U;
-    // A zero more, which getline adds.
-    using Buffer = std::array<char, kMaximoDeLinea + 1>;
 
     std::istream& in_;
     std::streamsize queda_ = std::streamsize{64} << 20U;
-    std::unique_ptr<Buffer> linea_ = std::make_unique_for_overwrite<Buffer>();
+    // A place more for the zero that getline adds. NOLINTNEXTLINE(modernize-avoid-c-arrays)
+    std::unique_ptr<char[]> linea_ = std::make_unique_for_overwrite<char[]>(kMaximoDeLinea + 1);
 };
 
 std::string_view Trimmed(std::string_view texto) {
