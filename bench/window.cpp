@@ -15,6 +15,7 @@
 #include "evaluation.h"
 #include "resident_memory.h"
 #include "rows.h"
+#include "support/screen_state.h"
 
 namespace velmora::bench {
 
@@ -73,23 +74,7 @@ Row MeasureMove(const Places& places) {
                    kRepetitions, kBudget);
 }
 
-/// What every control of a screen shows, in the order of its controls.
-using Contents = std::vector<std::variant<TextCell, ComboBox, Label, Button, Picture>>;
-
-Contents ContentsOf(const Screen& screen) {
-    Contents contents;
-    for (const Control& control : screen.Controls()) {
-        std::visit(
-            [&](const auto& held) {
-                if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Picture>)
-                    contents.emplace_back(Picture{});
-                else
-                    contents.emplace_back(*held);
-            },
-            control.state);
-    }
-    return contents;
-}
+using Contents = std::vector<test::Held>;
 
 void SetContents(const Screen& screen, const Contents& contents) {
     std::size_t place = 0;
@@ -97,29 +82,20 @@ void SetContents(const Screen& screen, const Contents& contents) {
         const auto& content = contents[place++];
         std::visit(
             [&](const auto& held) {
-                using Held = std::decay_t<decltype(held)>;
-                if constexpr (!std::is_same_v<Held, Picture>) {
-                    *held = std::get<std::remove_pointer_t<Held>>(content);
+                using Pointer = std::decay_t<decltype(held)>;
+                if constexpr (!std::is_same_v<Pointer, Picture>) {
+                    *held = std::get<std::remove_pointer_t<Pointer>>(content);
                 }
             },
             control.state);
     }
 }
 
-/// The places of the controls that show something else, the clock aside.
+/// The places of the controls that show something else.
 std::vector<std::size_t> Differing(const Contents& before, const Contents& after) {
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < before.size(); ++i) {
-        const bool same = std::visit(
-            [&](const auto& held) {
-                using Held = std::decay_t<decltype(held)>;
-                if constexpr (std::is_same_v<Held, Picture>)
-                    return true;
-                else
-                    return held == std::get<Held>(after[i]);
-            },
-            before[i]);
-        if (!same) places.push_back(i);
+        if (before[i] != after[i]) places.push_back(i);
     }
     return places;
 }
@@ -133,10 +109,10 @@ public:
           handler_(HandlerOf(Sheet(), button)),
           name_("Command" + std::string(1, static_cast<char>('0' + button))),
           record_before_(program.core.record),
-          before_(ContentsOf(Sheet())) {
+          before_(test::StateOf(Sheet())) {
         program_.window.Run(handler_);
         record_after_ = program_.core.record;
-        after_ = ContentsOf(Sheet());
+        after_ = test::StateOf(Sheet());
         changed_ = Differing(before_, after_);
     }
 

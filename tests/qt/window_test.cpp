@@ -90,21 +90,6 @@ void EachScreenTest::ShowAll() {
     });
 }
 
-std::vector<Held> StateOf(const Screen& screen) {
-    std::vector<Held> state;
-    for (const Control& control : screen.Controls()) {
-        state.push_back(std::visit(
-            [](const auto& held) -> Held {
-                if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Picture>)
-                    return {};
-                else
-                    return *held;
-            },
-            control.state));
-    }
-    return state;
-}
-
 Robot::Box BoxOf(std::string text, Estilo estilo, QMessageBox::StandardButton answer,
                  std::string title) {
     struct Style {

@@ -16,6 +16,7 @@
 #include "qt/qt_host.h"
 #include "qt/window.h"
 #include "support/robot.h"
+#include "support/screen_state.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
@@ -84,10 +85,6 @@ protected:
     /// Shows every control of the screen, unlocked and enabled.
     void ShowAll();
 };
-
-/// What every control of a screen holds, in the order of its controls.
-using Held = std::variant<std::monostate, TextCell, ComboBox, Label, Button>;
-std::vector<Held> StateOf(const Screen& screen);
 
 /// The box that a style of the logic stands for.
 Robot::Box BoxOf(std::string text, Estilo estilo,

@@ -8,11 +8,11 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <variant>
 #include <vector>
 
 #include "sheet/form5.h"
+#include "support/screen_state.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
@@ -44,28 +44,9 @@ inline std::string Cifras(int n) {
     return {texto.data(), std::to_chars(texto.data(), texto.data() + texto.size(), n).ptr};
 }
 
-/// What one control showed.
-using Shown = std::variant<std::monostate, TextCell, ComboBox, Label, Button>;
-
-/// What every control of a screen shows, in the order of its controls.
-inline std::vector<Shown> StateOf(const Screen& screen) {
-    std::vector<Shown> state;
-    for (const Control& control : screen.Controls()) {
-        state.push_back(std::visit(
-            [](const auto& held) -> Shown {
-                if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Picture>)
-                    return {};
-                else
-                    return *held;
-            },
-            control.state));
-    }
-    return state;
-}
-
 /// Names of the controls that show something else than in `before`.
-inline std::vector<std::string> Changed(const std::vector<Shown>& before, const Screen& screen) {
-    const std::vector<Shown> after = StateOf(screen);
+inline std::vector<std::string> Changed(const std::vector<Held>& before, const Screen& screen) {
+    const std::vector<Held> after = StateOf(screen);
     std::vector<std::string> names;
     for (std::size_t i = 0; i < after.size(); ++i) {
         if (before[i] != after[i]) names.push_back(screen.Controls()[i].name);
