@@ -1,0 +1,148 @@
+#include "report/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+namespace velmora {
+
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
+
+/// The character at the start of a text: its code and its bytes.
+struct Character {
+    char32_t code = 0;
+    std::string_view bytes;
+};
+
+constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+/// How many bytes follow the first one of a character, and the least code that needs them.
+struct Shape {
+    std::size_t following = 0;
+    char32_t least = 0;
+};
+
+Shape ShapeOf(unsigned char first) {
+    if (first < 0x80) return {0, 0};
+    if (first >= 0xC0 && first < 0xE0) return {1, 0x80};
+    if (first >= 0xE0 && first < 0xF0) return {2, 0x800};
+    if (first >= 0xF0 && first < 0xF8) return {3, 0x10000};
+    return {0, kNoCharacter};
+}
+
+Character First(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    const Shape shape = ShapeOf(first);
+    if (shape.following == 0) return {shape.least == 0 ? first : kNoCharacter, text.substr(0, 1)};
+    if (text.size() <= shape.following) return {kNoCharacter, text.substr(0, 1)};
+    char32_t code = first & (0x3FU >> shape.following);
+    for (std::size_t i = 1; i <= shape.following; ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if ((byte & 0xC0U) != 0x80) return {kNoCharacter, text.substr(0, 1)};
+        code = code << 6U | (byte & 0x3FU);
+    }
+    const bool surrogate = code >= 0xD800 && code < 0xE000;
+    if (code < shape.least || surrogate || code > 0x10FFFF) {
+        return {kNoCharacter, text.substr(0, 1)};
+    }
+    return {code, text.substr(0, shape.following + 1)};
+}
+
+bool IsBlank(char32_t code) {
+    return code == ' ' || (code >= '\t' && code <= '\r') || code == 0xA0;
+}
+
+/// Controls, marks that turn the direction of what follows, and codes that are no characters.
+bool IsUnfit(char32_t code) {
+    return code < 0x20 || (code >= 0x7F && code < 0xA0) || (code >= 0x202A && code <= 0x202E) ||
+           (code >= 0x2066 && code <= 0x2069) || (code >= 0xFDD0 && code <= 0xFDEF) ||
+           (code & 0xFFFEU) == 0xFFFE || code == kNoCharacter;
+}
+
+std::string_view ShownAs(const Character& character) {
+    if (IsBlank(character.code)) return " ";
+    return IsUnfit(character.code) ? kReplacement : character.bytes;
+}
+
+}  // namespace
+
+std::string Shown(std::string_view text) {
+    std::string shown;
+    std::size_t letters = 0;
+    while (!text.empty()) {
+        const Character character = First(text);
+        text.remove_prefix(character.bytes.size());
+        if (shown.empty() && IsBlank(character.code)) continue;
+        if (++letters > kLettersShown) return shown.append("…");
+        shown.append(ShownAs(character));
+    }
+    shown.erase(shown.find_last_not_of(' ') + 1);
+    return shown;
+}
+
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char letter : text) {
+        switch (letter) {
+            case '&':
+                escaped += "&amp;";
+                break;
+            case '<':
+                escaped += "&lt;";
+                break;
+            case '>':
+                escaped += "&gt;";
+                break;
+            case '"':
+                escaped += "&quot;";
+                break;
+            case '\'':
+                escaped += "&#39;";
+                break;
+            default:
+                escaped += letter;
+        }
+    }
+    return escaped;
+}
+
+std::string CssString(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string escaped = "\"";
+    for (const char letter : text) {
+        const auto byte = static_cast<unsigned char>(letter);
+        const bool plain = byte >= 0x80 || byte == ' ' || (byte >= '0' && byte <= '9') ||
+                           (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+        if (plain) {
+            escaped += letter;
+        } else {
+            escaped.append({'\\', kDigits[byte / 16U], kDigits[byte % 16U], ' '});
+        }
+    }
+    return escaped + '"';
+}
+
+std::string Figure(double value, int digits) {
+    if (value == 0) return "0";
+    std::array<char, 32> buffer{};
+    const double size = std::fabs(value);
+    const bool plain = size >= 1e-5 && size < 1e15;
+    // The places that rounding to so many digits leaves; a carry only adds a zero, taken off below.
+    const int places =
+        plain ? digits - 1 - static_cast<int>(std::floor(std::log10(size))) : digits - 1;
+    const auto format = plain ? std::chars_format::fixed : std::chars_format::scientific;
+    const auto end =
+        std::to_chars(buffer.begin(), buffer.end(), value, format, std::max(places, 0));
+    std::string text(buffer.begin(), end.ptr);
+    if (!plain || text.find('.') == std::string::npos) return text;
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text;
+}
+
+}  // namespace velmora

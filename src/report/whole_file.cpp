@@ -1,0 +1,67 @@
+#include "report/whole_file.h"
+
+#include <cstdint>
+#include <random>
+
+namespace velmora {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void Refuse(const fs::path& target, const std::string& reason) {
+    throw FileError("«" + NameOf(target) + "»: " + reason);
+}
+
+/// Whether the name may be taken.
+void Check(const fs::path& target, bool replace) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(target, ignored);
+    if (!fs::exists(status)) return;
+    if (!fs::is_regular_file(status)) Refuse(target, "no es un fichero corriente");
+    if (!replace) Refuse(target, "ya existe; --reemplazar escribe encima");
+}
+
+/// A name in the same folder that nobody else comes to use.
+fs::path TemporaryFor(const fs::path& target) {
+    std::random_device chance;
+    const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
+    fs::path temporary = target;
+    temporary += "." + std::to_string(number) + ".tmp";
+    return temporary;
+}
+
+}  // namespace
+
+fs::path PathOf(std::string_view name) { return {std::u8string(name.begin(), name.end())}; }
+
+std::string NameOf(const fs::path& path) {
+    const std::u8string name = path.u8string();
+    return {name.begin(), name.end()};
+}
+
+WholeFile::WholeFile(const fs::path& target, bool replace)
+    : target_(target), temporary_(TemporaryFor(target)), replace_(replace) {
+    Check(target_, replace_);
+    stream_.open(temporary_, std::ios::binary | std::ios::trunc);
+    if (!stream_) Refuse(target_, "no se puede escribir");
+}
+
+WholeFile::~WholeFile() {
+    if (temporary_.empty()) return;
+    stream_.close();
+    std::error_code ignored;
+    fs::remove(temporary_, ignored);
+}
+
+void WholeFile::Finish() {
+    stream_.close();
+    if (!stream_) Refuse(target_, "no se ha podido escribir entero");
+    Check(target_, replace_);
+    std::error_code trouble;
+    fs::rename(temporary_, target_, trouble);
+    if (trouble) Refuse(target_, "no se puede escribir");
+    temporary_.clear();
+}
+
+}  // namespace velmora
