@@ -1,0 +1,73 @@
+#include "report/cells.h"
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+
+#include "core/numbers.h"
+#include "runtime/error.h"
+
+namespace velmora::report {
+
+namespace {
+
+// The entries of a day's sheet: 18 cells a row of the main grid, then 4 a row of the other.
+constexpr int kMainColumns = 18;
+constexpr int kRightColumns = 4;
+constexpr int kFirstOfRight = kRows * kMainColumns + 1;
+
+int EntryOf(int row, Column column) {
+    const int place = PlaceOf(column);
+    return place < kMainColumns ? (row - 1) * kMainColumns + place + 1
+                                : kFirstOfRight + (row - 1) * kRightColumns + place - kMainColumns;
+}
+
+}  // namespace
+
+const std::string& CellOf(const HojaDelDia& sheet, int row, Column column) {
+    return sheet(EntryOf(row, column));
+}
+
+const HojaDelDia& SheetOf(const EvaluacionRecord& record, int day) {
+    return day == 1   ? record.HojaPrimerDia
+           : day == 2 ? record.HojaSegundoDia
+                      : record.HojaTercerDia;
+}
+
+bool IsValidated(const HojaDelDia& sheet) {
+    return std::any_of(sheet.begin(), sheet.end(),
+                       [](const std::string& text) { return !text.empty(); });
+}
+
+bool IsInUse(const HojaDelDia& sheet, int row) {
+    for (int place = 0; place <= PlaceOf(Column::Probability); ++place) {
+        const auto column = static_cast<Column>(place);
+        if (column == Column::Mg || column == Column::Gsd) continue;
+        if (!CellOf(sheet, row, column).empty()) return true;
+    }
+    return false;
+}
+
+Figure FigureOf(std::string_view text) {
+    Figure figure{std::string(text), {}};
+    if (text == "." || text == ",") {  // zero, as the sheet writes it
+        figure.value = 0;
+        return figure;
+    }
+    for (const std::string_view separator : {".", ","}) {
+        const auto number = NumeroCompleto(text, separator);
+        if (number && std::isfinite(*number)) figure.value = number;
+        if (figure.value) break;
+    }
+    return figure;
+}
+
+double ReadAsTheSheet(std::string_view text) {
+    try {
+        return LeerValor(text).Valor();
+    } catch (const ErrorEjecucion&) {
+        return 0;
+    }
+}
+
+}  // namespace velmora::report

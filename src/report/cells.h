@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/record.h"
+#include "report/report.h"
+
+namespace velmora::report {
+
+inline constexpr int kRows = 18;
+inline constexpr int kRowsPerTask = 6;
+inline constexpr int kSamples = 6;
+
+constexpr int TaskOf(int row) { return (row - 1) / kRowsPerTask + 1; }
+constexpr int ContaminantOf(int row) { return (row - 1) % kRowsPerTask + 1; }
+constexpr int RowOf(int task, int contaminant) { return (task - 1) * kRowsPerTask + contaminant; }
+
+/// The columns of a day's sheet, main grid and right-hand grid in one.
+enum class Column {
+    Number,
+    Name,
+    VlaEd,
+    VlaEc,
+    Unit,
+    SamplingMinutes,
+    Group,
+    C1,
+    C2,
+    C3,
+    C4,
+    C5,
+    C6,
+    Mmp,
+    Index,
+    CombinedIndex,
+    Mg,
+    Gsd,
+    EcPlus,
+    MgPlus,
+    GsdPlus,
+    Probability
+};
+
+constexpr int PlaceOf(Column column) { return static_cast<int>(column); }
+
+/// The text of the cell of row 1 to 18.
+const std::string& CellOf(const HojaDelDia& sheet, int row, Column column);
+
+/// The column of sample 1 to 6.
+constexpr Column SampleColumn(int sample) {
+    return static_cast<Column>(PlaceOf(Column::C1) + sample - 1);
+}
+
+/// The sheet of day 1 to 3.
+const HojaDelDia& SheetOf(const EvaluacionRecord& record, int day);
+
+/// Whether the sheet was ever validated: a day that wasn't holds nothing but blanks.
+bool IsValidated(const HojaDelDia& sheet);
+
+/// Whether the row of the sheet shows anything but the means that are written on every row.
+bool IsInUse(const HojaDelDia& sheet, int row);
+
+/// What the text shows: see `Figure`.
+Figure FigureOf(std::string_view text);
+
+/// The number that the program's own screens read from the text: up to the first character that
+/// can't continue it, 0 when there is none or it is too large for a Double.
+double ReadAsTheSheet(std::string_view text);
+
+}  // namespace velmora::report
