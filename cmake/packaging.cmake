@@ -42,12 +42,18 @@ endif()
 
 list(TRANSFORM made_files PREPEND ${made}/)
 add_custom_target(velmora_packaging ALL DEPENDS ${made_files})
+# Whoever has built the program can make the package.
+add_dependencies(velmora velmora_packaging)
 
 # --- Where it goes.
 
-install(TARGETS velmora RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(PROGRAMS ${packaging}/velmora-punto ${packaging}/velmora-guia
+# What people start is the launcher, which sets the decimal point; "velmora-punto" is another name of
+# it. The program itself stands out of the way.
+install(TARGETS velmora RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/velmora)
+install(PROGRAMS ${packaging}/velmora ${packaging}/velmora-guia
     DESTINATION ${CMAKE_INSTALL_BINDIR})
+file(CREATE_LINK velmora ${made}/velmora-punto SYMBOLIC)
+install(FILES ${made}/velmora-punto DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${packaging}/velmora.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/org.velmora.velmora.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
@@ -73,6 +79,8 @@ endif()
 # hoja.png is the README's picture.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR}
     FILES_MATCHING PATTERN *.png PATTERN hoja.png EXCLUDE)
+install(FILES ${packaging}/velmora.doc-base DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base
+    RENAME velmora)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 
 # --- The Debian package: `cpack` in the build folder.
@@ -92,7 +100,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n, fonts-liberation")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS cups)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups, printer-driver-cups-pdf")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "evaluation of occupational exposure to chemical agents")
 file(READ ${packaging}/description CPACK_DEBIAN_PACKAGE_DESCRIPTION)

@@ -29,6 +29,13 @@ if [ "${1:-}" = --tests ]; then
     exit
 fi
 
+say "README's map"
+git ls-files | sed -n 's,^\(src/[^/]*\)/.*,\1,p;t; s,^\([^/]*/\).*,\1,p' | sort -u |
+    while read -r folder; do
+        grep -qE "(^|  )$folder( |$)" README.md ||
+            { echo "README.md doesn't say what $folder holds" >&2; exit 1; }
+    done
+
 # Not findings: members that only a structured binding reads, a loop that reads better than an
 # algorithm, a variable that is written through its call operator.
 say "cppcheck"

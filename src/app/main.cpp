@@ -2,6 +2,8 @@
 #include <QLocale>
 
 #include <csignal>
+#include <iostream>
+#include <string>
 
 #include "app/screens.h"
 #include "core/chain.h"
@@ -11,12 +13,23 @@
 #include "qt/qt_host.h"
 #include "qt/window.h"
 
+namespace {
+
+/// For whoever starts the program by hand; the launcher sets the point.
+constexpr const char* kNotAPoint =
+    "velmora: los resultados no valen, porque el separador decimal no es el punto; arranque el "
+    "programa con la orden velmora o con LC_NUMERIC=C. El separador es: ";
+
+}  // namespace
+
 int main(int argc, char* argv[]) {
     // A file that may not grow any further is an error of the step that writes it, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
 
     // Read before the toolkit is told to speak Spanish: the separator is that of the user's locale.
-    velmora::FijarSeparadorDecimal(QLocale::system().decimalPoint().toStdString());
+    const std::string separator = QLocale::system().decimalPoint().toStdString();
+    velmora::FijarSeparadorDecimal(separator);
+    if (separator != ".") std::cerr << kNotAPoint << separator << '\n';
 
     QApplication application(argc, argv);
     velmora::DressApplication(application);

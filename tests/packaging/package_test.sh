@@ -73,7 +73,7 @@ check_content() {
     local root=$work/content file size
     mkdir "$root"
     dpkg-deb --extract "$deb" "$root"
-    for file in bin/velmora bin/velmora-punto bin/velmora-guia; do
+    for file in bin/velmora bin/velmora-punto bin/velmora-guia libexec/velmora/velmora; do
         [ -x "$root/usr/$file" ] || fail "no program $file"
     done
     for size in 16 24 32 48 64 128 256 512; do
@@ -87,6 +87,7 @@ check_content() {
         doc/velmora/copyright doc/velmora/changelog.Debian.gz; do
         [ -s "$root/usr/share/$file" ] || fail "no $file"
     done
+    [ -s "$root/usr/share/doc-base/velmora" ] || fail "the guide isn't registered as a document"
     compgen -G "$root/usr/share/doc/velmora/examples/*.doc" >/dev/null || fail "no example"
     check_guide "$root/usr/share/doc/velmora"
     say "programs, icons, guide and examples are in it"
@@ -132,16 +133,16 @@ install_package() {
     say "installed, $(wc -l <"$work/files") files and folders"
 }
 
-# Starts it as the desktop does, under a locale with a comma that wins over everything, and looks
-# into the running process.
+# Starts it in each way that people have, under a locale with a comma that wins over everything, and
+# looks into the running process.
 start_program() {
-    local home=$work/home pid program
+    local home=$work/home
     mkdir "$home" "$work/run"
     chmod 700 "$work/run"
-    local environment=(HOME="$home" XDG_RUNTIME_DIR="$work/run" LC_ALL=es_ES.UTF-8
+    environment=(HOME="$home" XDG_RUNTIME_DIR="$work/run" LC_ALL=es_ES.UTF-8
         PATH="$PATH" LANG=es_ES.UTF-8)
-    local command
-    command=$(sed -n 's/^Exec=\(velmora[^ ]*\)$/\1/p;T;q' /usr/share/applications/velmora.desktop)
+    local desktop
+    desktop=$(sed -n 's/^Exec=\(velmora[^ ]*\)$/\1/p;T;q' /usr/share/applications/velmora.desktop)
     if command -v Xvfb >/dev/null; then
         Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$work/display" \
             >/dev/null 2>&1 &
@@ -152,12 +153,21 @@ start_program() {
         environment+=(QT_QPA_PLATFORM=offscreen)
     fi
 
+    ln -s /usr/bin/velmora "$work/mi-velmora"
+    local command
+    for command in "$desktop" velmora-punto "$work/mi-velmora"; do start_by "$command"; done
+    [ -z "$(find "$home" -type f)" ] || fail "it left in the home folder: $(find "$home" -type f)"
+    say "started ${xvfb:+under Xvfb }under the decimal point, ended on SIGTERM, left no file"
+}
+
+start_by() {
+    local command=$1 pid program
     env -i "${environment[@]}" "$command" >"$work/output" 2>&1 &
     pid=$!
     sleep 2
     kill -0 "$pid" 2>/dev/null || { cat "$work/output"; fail "$command was not alive after 2 s"; }
     program=$(readlink "/proc/$pid/exe")
-    [ "$program" = /usr/bin/velmora ] || fail "$command runs $program"
+    [ "$program" = /usr/libexec/velmora/velmora ] || fail "$command runs $program"
     tr '\0' '\n' <"/proc/$pid/environ" >"$work/environ"
     kill -TERM "$pid"
     for _ in $(seq 50); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
@@ -167,8 +177,7 @@ start_program() {
     grep -qx 'LC_NUMERIC=C' "$work/environ" || fail "LC_NUMERIC isn't C in the running program"
     ! grep -q '^LC_ALL=' "$work/environ" || fail "LC_ALL is set in the running program"
     grep -qx 'LC_MESSAGES=es_ES.UTF-8' "$work/environ" || fail "the user's language got lost"
-    [ -z "$(find "$home" -type f)" ] || fail "it left in the home folder: $(find "$home" -type f)"
-    say "$command ran ${xvfb:+under Xvfb }under the decimal point, ended on SIGTERM, left no file"
+    [ ! -s "$work/output" ] || fail "$command says: $(cat "$work/output")"
 }
 
 # Goes the whole road on the installed program from outside, where the accessibility bus is at hand.

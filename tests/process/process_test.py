@@ -243,6 +243,14 @@ class Separators(ProcessTest):
         self.do("menu", "calculos")
         self.do("menu", "introprimero")
 
+    def test_under_a_comma_one_line_says_that_the_results_are_not_valid(self):
+        self.start("punto")
+        self.assertNotIn(b"separador", self.read("salida.txt"))
+        self.start("coma")
+        said = [line for line in self.read("salida.txt").splitlines() if b"separador" in line]
+        self.assertEqual(len(said), 1, said)
+        self.assertIn(b"los resultados no valen", said[0])
+
     def test_under_a_point_the_cells_show_a_point(self):
         self.lay_out("punto")
         self.assertEqual(self.texts("Text1", (2, 3)), ["12.5", "1.25"])
