@@ -1,0 +1,102 @@
+#!/usr/bin/env python3
+"""Which rooms a source of src can include from: exactly those that its arrows lead to.
+
+Asks the compiler, with each source's own command: arrows_test.py COMPILE_COMMANDS SOURCE_FOLDER
+"""
+
+import json
+import pathlib
+import shlex
+import subprocess
+import sys
+import unittest
+
+# What a room uses; in app, what each file does, since not all of them know Qt.
+ARROWS = {
+    "runtime": [],
+    "forms": ["runtime"],
+    "core": ["forms"],
+    "stats": ["core"],
+    "store": ["core"],
+    "capture": ["store"],
+    "sheet": ["stats"],
+    "final": ["store"],
+    "qt": ["core", "<Qt>"],
+    "report": ["stats", "store"],
+    "app/screens.cpp": ["app", "capture", "sheet", "final"],
+    "app/main.cpp": ["app/screens.cpp", "qt"],
+    "app/informe.cpp": ["report"],
+}
+
+
+def reached_from(room):
+    """Whose headers a room may include: its own and those at the end of its arrows."""
+    rooms = set() if "/" in room else {room}
+    for target in ARROWS.get(room, []):
+        rooms |= reached_from(target)
+    return rooms
+
+
+class Compiler:
+    """One source's compile command, put to other texts."""
+
+    def __init__(self, entry):
+        words = shlex.split(entry["command"])
+        drop = words.index("-o")
+        self.words = [w for i, w in enumerate(words)
+                      if i not in (drop, drop + 1) and w not in ("-c", entry["file"], "ccache")]
+        self.folder = entry["directory"]
+
+    def run(self, text, *options):
+        return subprocess.run([*self.words, "-x", "c++", *options, "-"], input=text, text=True,
+                              cwd=self.folder, capture_output=True)
+
+    def found(self, headers):
+        """Those of the headers, by name, that an include would find."""
+        asked = "".join(f"#if __has_include({spelled})\nfound {name}\n#endif\n"
+                        for name, spelled in headers.items())
+        answer = self.run(asked, "-E", "-P")
+        assert answer.returncode == 0, answer.stderr
+        return {line.split()[1] for line in answer.stdout.splitlines() if line.startswith("found ")}
+
+
+class ArrowsTest(unittest.TestCase):
+    def setUp(self):
+        commands, source = map(pathlib.Path, sys.argv[1:])
+        rooms = [folder for folder in sorted((source / "src").iterdir()) if folder.is_dir()]
+        self.headers = {room.name: f'"{room.name}/{header.name}"'
+                        for room in rooms for header in sorted(room.glob("*.h"))[:1]}
+        self.headers["<Qt>"] = "<QString>"
+        self.compilers = {}
+        for entry in json.loads(commands.read_text()):
+            path = pathlib.Path(entry["file"])
+            if source / "src" in path.parents:
+                self.compilers[str(path.relative_to(source / "src"))] = Compiler(entry)
+        self.assertGreater(len(self.compilers), 20)
+
+    def arrows_of(self, file):
+        return file if file in ARROWS else file.split("/")[0]
+
+    def test_a_source_finds_the_headers_at_the_end_of_its_arrows_and_no_others(self):
+        by_command = {}
+        for file, compiler in self.compilers.items():
+            by_command.setdefault((self.arrows_of(file), tuple(compiler.words)), (file, compiler))
+        for file, compiler in by_command.values():
+            with self.subTest(file):
+                self.assertIn(self.arrows_of(file), ARROWS)
+                self.assertEqual(compiler.found(self.headers), reached_from(self.arrows_of(file)))
+
+    def test_an_include_against_the_arrows_does_not_compile(self):
+        for file, header in (("core/chain.cpp", "sheet/form5.h"),
+                             ("sheet/form5.cpp", "final/form6.h")):
+            with self.subTest(file):
+                compiler = self.compilers[file]
+                text = pathlib.Path(sys.argv[2], "src", file).read_text()
+                self.assertEqual(compiler.run(text, "-fsyntax-only").stderr, "")
+                forbidden = compiler.run(f'#include "{header}"\n{text}', "-fsyntax-only")
+                self.assertNotEqual(forbidden.returncode, 0)
+                self.assertRegex(forbidden.stderr, f"{header}.*(No such file|not found)")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
