@@ -87,4 +87,11 @@ void MenuBar::mousePressEvent(QMouseEvent* event) {
     QMenuBar::mousePressEvent(event);
 }
 
+void MenuBar::mouseMoveEvent(QMouseEvent* event) {
+    // A drag from another title opens no list that the mouse isn't meant to reach.
+    const QAction* const below = actionAt(event->position().toPoint());
+    if (event->buttons() != Qt::NoButton && below != nullptr && MovesAtOnce(*below)) return;
+    QMenuBar::mouseMoveEvent(event);
+}
+
 }  // namespace velmora
