@@ -136,6 +136,14 @@ TEST_F(Form6Test, Command1_GivesTheGeometricMeanOfTheThreeDays) {
     EXPECT_EQ(OverallIndexOf("100", "200", "400"), "200");
 }
 
+// Python, '%.15g' of math.pow((u * v) * w, 1 / 3): any other pairing of the factors gives another
+// last digit.
+TEST_F(Form6Test, Command1_MultipliesTheFirstTwoDaysFirst) {
+    EXPECT_EQ(OverallIndexOf("0.16", "0.96", "0.66"), "0.466278134660116");
+    EXPECT_EQ(OverallIndexOf("1.8", "0.64", "0.21"), "0.623099292222133");
+    EXPECT_EQ(OverallIndexOf("0.87", "1.06", "0.73"), "0.876427493021296");
+}
+
 TEST_F(Form6Test, Command1_StoresTheOverallIndexInTheRecordAndNothingElse) {
     SetIndices(1, "0.2", "0.4", "0.8");
     SetIndices(18, "1", "2", "3");
@@ -215,6 +223,25 @@ TEST_F(Form6Test, Command1_ANegativeProductIsAnArithmeticError) {
     EXPECT_EQ(record.HojaFinal(2, kIG), "");
     EXPECT_EQ(record.HojaFinal(3, kIG), "");
     EXPECT_EQ(VisibleCells(form6), std::vector<int>{});
+}
+
+// The whole table is copied before the first index is computed, and each index is shown as it is
+// stored; what comes after isn't reached.
+TEST_F(Form6Test, Command1_AnErrorInARowFindsTheTableCopiedAndTheIndicesUpToItShown) {
+    for (int row = 1; row <= 18; ++row) {
+        SetIndices(row, "1", "2", "3");
+        record.HojaFinal(row, kP1) = "5";
+    }
+    SetIndices(2, "-1", "2", "3");
+    Form6& form6 = Screen6();
+    ExpectError(TipoError::OperacionNoValida, [&] { form6.Command1_Click(); });
+    for (const int row : {1, 2, 3, 18}) {
+        EXPECT_EQ(Cell(form6, row, kI1).Text, row == 2 ? "-1" : "1") << row;
+        EXPECT_EQ(Cell(form6, row, kP1).Text, "5") << row;
+        EXPECT_EQ(Cell(form6, row, kIG).Text, row == 1 ? "1.81712059283214" : "") << row;
+    }
+    EXPECT_EQ(Cell(form6, 1, 2).Text, "") << "no dashes yet for the missing name";
+    EXPECT_TRUE(form6.Label3.Visible && form6.Label6.Visible) << "the headings come first";
 }
 
 TEST_F(Form6Test, Command1_AProductTooLargeOverflows) {

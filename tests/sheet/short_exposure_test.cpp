@@ -289,6 +289,40 @@ TEST_P(MixtureTest, TwoGroupsAreJudgedApart) {
     EXPECT_EQ(Cell3(Row(3), kMgMas).Text, "");
 }
 
+TEST_P(MixtureTest, MarksAreComparedAsNumbersInEveryPass) {
+    SetContaminants(4);
+    SetMixture(1, 2);
+    Cell(Row(1), kAditivo).Text = "01";
+    Cell(Row(2), kAditivo).Text = "1";
+    Set(Row(3), {.aditivo = "00", .ec = "25", .mg = "2.5", .gsd = "1.7"});
+    Set(Row(4), {.aditivo = "4.0", .ec = "25", .mg = "2.5", .gsd = "1.7"});
+    for (const std::string_view second : {"1", "1.0", "1x"}) {
+        Cell(Row(2), kAditivo).Text = second;
+        Click();
+        // As above for "1" and "1", and for a contaminant by itself.
+        EXPECT_THAT(Right(Row(1)),
+                    ElementsAre("14.2857142857143", "2.82842712474619", "1.63252691943815", "0.1"));
+        EXPECT_THAT(Right(Row(2)), ElementsAre("", "", "", "")) << second;
+        EXPECT_THAT(Right(Row(3)), ElementsAre("25", "2.5", "1.7", "0.001"));
+        EXPECT_THAT(Right(Row(4)), ElementsAre("25", "2.5", "1.7", "0.001"));
+    }
+}
+
+TEST_P(MixtureTest, ADailyLimitIsTakenThreeTimesBeforeTheMeanIsDividedByIt) {
+    SetContaminants(2);
+    const auto limit = [this](auto mmp1, auto ed, auto mmp2, auto ec) {
+        Set(Row(1), {.aditivo = "1", .ed = ed, .samples = {"1", "2"}, .mmp = mmp1});
+        Set(Row(2), {.aditivo = "1", .ec = ec, .samples = {"1", "2"}, .mmp = mmp2});
+        Click();
+        return Cell3(Row(1), kEcMas).Text;
+    };
+    // Python, '%.15g' of (v + x) / (v / (3 * ed) + x / ec) in this order of operations; the mean
+    // divided by 3 and then by the limit, or the other way round, gives another last digit.
+    EXPECT_EQ(limit("262.78", "0.7", "22.15", "10"), "2.23740658822913");
+    EXPECT_EQ(limit("36.3", "221", "29.47", "384"), "500.167598776623");
+    EXPECT_EQ(limit("235.4", "3.7", "224.25", "25"), "15.231694465425");
+}
+
 TEST_P(MixtureTest, TheMeanAndDeviationGoToTheRecordOfTheDayAndToNothingElse) {
     SetContaminants(3);
     form.DiaActual = 3;
