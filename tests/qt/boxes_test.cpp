@@ -90,6 +90,32 @@ TEST_F(BoxTest, ItsTextKeepsLeadingTrailingAndDoubledBlanksAndItsLines) {
     EXPECT_EQ(format, Qt::PlainText);
 }
 
+/// Every text that stands on the box, its buttons' left out.
+std::vector<std::string> TextsOn(const QDialog& box) {
+    std::vector<std::string> texts;
+    for (const QWidget* const widget : box.findChildren<QWidget*>()) {
+        if (!widget->isVisible()) continue;
+        for (const char* const name : {"text", "plainText"}) {
+            if (qobject_cast<const QPushButton*>(widget) != nullptr) continue;
+            const std::string text = widget->property(name).toString().toStdString();
+            if (!text.empty()) texts.push_back(text);
+        }
+    }
+    return texts;
+}
+
+TEST_F(BoxTest, ItSaysItsPromptAndNothingMore) {
+    std::vector<std::string> said;
+    robot.on_modal = [&](QDialog& modal) { said = TextsOn(modal); };
+    for (const Estilo estilo : {Estilo::Aceptar, Estilo::SiNo, Estilo::SiNoInformacion,
+                                Estilo::SiNoPreguntaNo, Estilo::SiNoInformacionNo}) {
+        const auto answer = estilo == Estilo::Aceptar ? QMessageBox::Ok : QMessageBox::No;
+        robot.ExpectBox(BoxOf("¿Desea continuar?", estilo, answer));
+        Show("¿Desea continuar?", estilo);
+        EXPECT_THAT(said, ::testing::ElementsAre("¿Desea continuar?"));
+    }
+}
+
 TEST_F(BoxTest, ItsTitleIsTheOneGiven) {
     robot.ExpectBox(BoxOf("x", Estilo::SiNoPreguntaNo, QMessageBox::No, "Aviso"));
     Show("x", Estilo::SiNoPreguntaNo, "Aviso");

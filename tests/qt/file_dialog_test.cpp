@@ -4,7 +4,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "capture/form2.h"
 #include "final/form6.h"
@@ -109,6 +112,7 @@ TEST_F(SavingTest, ANoToTheReplacementGoesBackToTheDialog) {
 
 TEST_F(SavingTest, ItAsksInSpanishBeforeItCreatesAFile) {
     std::string question;
+    std::string preset;
     std::vector<std::string> captions;
     robot.on_modal = [&](QDialog& modal) {
         const auto* const box = qobject_cast<QMessageBox*>(&modal);
@@ -117,10 +121,12 @@ TEST_F(SavingTest, ItAsksInSpanishBeforeItCreatesAFile) {
         for (const QAbstractButton* const button : box->buttons()) {
             captions.push_back(button->text().remove(QLatin1Char('&')).toStdString());
         }
+        preset = box->defaultButton()->text().remove(QLatin1Char('&')).toStdString();
     };
     SaveNew("plan");
     EXPECT_EQ(question, "plan.doc no existe.\n¿Desea crearlo?");
     EXPECT_THAT(captions, ::testing::UnorderedElementsAre("Sí", "No"));
+    EXPECT_EQ(preset, "Sí");
 }
 
 TEST_F(SavingTest, ANoToTheCreationGoesBackToTheDialogAndCreatesNothing) {
@@ -247,6 +253,30 @@ TEST_F(RestoringTest, TheDialogIsTheToolkitsOwnInSpanish) {
     EXPECT_FALSE(native);
     EXPECT_EQ(accept, "Abrir");
     EXPECT_EQ(cancel, "Cancelar");
+}
+
+TEST_F(RestoringTest, FilesOfAnyEndingAreListed) {
+    Write("plan.doc", "");
+    Write("plan.txt", "");
+    Write("plan", "");
+    Write("a.doc", "");
+    robot.ExpectFileDialog(Path("a.doc"));
+    robot.Choose("recuperardatos");  // the next dialog opens where this one was
+    std::vector<std::string> listed;
+    robot.on_modal = [&](QDialog& modal) {
+        const auto& list = *modal.findChild<QListView*>(QStringLiteral("listView"));
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            listed.clear();
+            for (int row = 0; row < list.model()->rowCount(list.rootIndex()); ++row) {
+                const QModelIndex file = list.model()->index(row, 0, list.rootIndex());
+                listed.push_back(file.data().toString().toStdString());
+            }
+            return listed.size() == 4;
+        }));
+    };
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("recuperardatos");
+    EXPECT_THAT(listed, ::testing::UnorderedElementsAre("a.doc", "plan", "plan.doc", "plan.txt"));
 }
 
 TEST_F(RestoringTest, NoFileIsLeftInTheUsersFolders) {

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QFile>
+#include <QImage>
 #include <QPrintDialog>
 #include <QProcess>
 #include <QStandardPaths>
@@ -136,6 +137,25 @@ TEST_F(PrintTest, NoPrinterAtAllIsPassedOverWhateverTheDialogsAnswer) {
     EXPECT_EQ(printers, 2);
     robot.Type("Text1(4)", "a");
     EXPECT_EQ(robot.Text("Text1(4)"), "a");
+}
+
+TEST_F(PrintTest, ThePageHasTheScreensColoursWhateverThePrinterIsSetTo) {
+    const QString painter = QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
+    if (painter.isEmpty()) GTEST_SKIP() << "no pdftoppm";
+    host.make_printer = [this, make = host.make_printer] {
+        auto printer = make();
+        printer->setColorMode(QPrinter::GrayScale);
+        return printer;
+    };
+    Open(ScreenId::Form2);
+    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+    robot.ExpectPrintDialog(Print::Cancel);
+    robot.Choose("imprimir");
+    const QString drawn = folder.filePath(QStringLiteral("page"));
+    ASSERT_EQ(QProcess::execute(painter, {QStringLiteral("-singlefile"), ToQt(Page()), drawn}), 0);
+    const QImage page(drawn + QStringLiteral(".ppm"));
+    ASSERT_FALSE(page.isNull());
+    EXPECT_FALSE(page.allGray());
 }
 
 TEST_F(PrintTest, ThePageHoldsTheScreensTextsAndNotTheMenu) {
