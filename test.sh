@@ -10,7 +10,7 @@ cd "$(dirname "$0")"
 test_packages=(
     binutils clang-14 clang-format clang-tidy cppcheck libclang-rt-14-dev
     dpkg-dev file git python3
-    python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb
+    python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb openbox x11-utils
     cups-daemon cups-client poppler-utils
     lintian desktop-file-utils appstream man-db valgrind
 )
