@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Sets up what is missing, builds everything and passes every test: the release build under a
-# decimal point and under a decimal comma, the build with sanitizers, the rooms without Qt.
+# Sets up what is missing, builds everything and passes every test. Says at the end how long each step
+# took, which tests were the slowest, and what it leaves to commands of their own.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -15,17 +15,26 @@ test_packages=(
     lintian desktop-file-utils appstream man-db valgrind
 )
 
-install_packages "${build_packages[@]}" "${test_packages[@]}"
-
 export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
 total=0
+times=()
+logs=()
+
+# step <name> <command>...: runs it, and remembers how long it took.
+step() {
+    local name=$1 from=$SECONDS
+    shift
+    say "$name"
+    "$@"
+    times+=("$(printf '%5d s  %s' $((SECONDS - from)) "$name")")
+}
 
 # run_tests <preset> <locale>: all tests of a build, and how many they were.
 run_tests() {
     local preset=$1 locale=$2 log
-    say "Testing (preset $preset, locale $locale)"
     log=build/$preset/ctest-$locale.log
+    logs+=("$log")
     if ! LC_ALL=$locale ctest --preset "$preset" --parallel "$(nproc)" >"$log" 2>&1; then
         cat "$log"
         exit 1
@@ -34,31 +43,39 @@ run_tests() {
     total=$((total + $(sed -n 's/^100% tests passed, 0 tests failed out of \([0-9]*\)$/\1/p' "$log")))
 }
 
-say "Checking the format"
-git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
+check_format() { git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror; }
 
-build release
-scripts/lint.sh
-run_tests release C.UTF-8
-run_tests release es_ES.UTF-8
+run_model() {
+    python3 -B tests/lockstep/lockstep.py --program "$PWD/build/release/velmora" \
+        --driver "$PWD/build/release" --sessions 6 --actions 300 --seed 1
+}
 
-say "Running the independent model beside the program"
-python3 -B tests/lockstep/lockstep.py --program "$PWD/build/release/velmora" \
-    --driver "$PWD/build/release" --sessions 6 --actions 300 --seed 1
+# A machine without root can't install: the package is made and checked all the same.
+try_package() {
+    local status=0
+    tests/packaging/package_test.sh build/release || status=$?
+    [ "$status" -eq 0 ] || [ "$status" -eq 77 ]
+}
 
-say "Making, installing and removing the package"
-status=0
-tests/packaging/package_test.sh build/release || status=$?
-[ "$status" -eq 0 ] || [ "$status" -eq 77 ] || exit "$status"
-
-say "Fuzzing for a short while"
-fuzz/fuzz.sh
-
-build core
-run_tests core C.UTF-8
-
+step "Packages" install_packages "${build_packages[@]}" "${test_packages[@]}"
+step "Format" check_format
+step "Release build" build release
+step "Lint" scripts/lint.sh
+step "Tests of the release build under a decimal point" run_tests release C.UTF-8
+step "The independent model beside the program" run_model
+step "The package, made, installed and removed" try_package
+step "The fuzzers for a short while" fuzz/fuzz.sh
+# The rooms without Qt are the same ones; their tests have run above.
+step "The rooms on a machine without Qt" build core velmora_screens velmora_report
+step "Build with sanitizers" build asan
 # What the toolkit and the font library hold for the life of the process is no leak of ours.
-build asan
-ASAN_OPTIONS=detect_leaks=0 run_tests asan C.UTF-8
+ASAN_OPTIONS=detect_leaks=0 step "Tests with sanitizers under a decimal comma" run_tests asan es_ES.UTF-8
 
+say "The ten slowest tests"
+sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' "${logs[@]}" |
+    sort -rn | head -n 10
+say "Not run here, each a command of its own (CONTRIBUTING.md)"
+sed -n 's/^| `\([^`]*\)` |.*/  \1/p' CONTRIBUTING.md
+say "Seconds of each step"
+printf '%s\n' "${times[@]}"
 say "All tests passed: $total tests ran"

@@ -15,13 +15,7 @@ build=build/release
 tidy() {
     say "clang-tidy ($*)"
     cmake --build $build --target velmora_qt_autogen >/dev/null
-    git ls-files -- "${@/%//*.cpp}" |
-        while read -r file; do
-            if grep -qF "\"file\": \"$PWD/$file\"" $build/compile_commands.json; then
-                echo "$file"
-            fi
-        done |
-        xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p $build 2> >(grep -v ' warnings generated' >&2)
+    python3 scripts/tidy.py $build "$@"
 }
 
 if [ "${1:-}" = --tests ]; then
