@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <array>
 
 #include "core/numbers.h"
 #include "sheet/form5.h"
+#include "stats/verdicts.h"
 
 namespace velmora {
 
@@ -16,36 +16,6 @@ constexpr int kIndiceMas = 15;
 
 constexpr Color kRojo30 = 250;  ///< mark of a 30-minute sample over its limit
 constexpr Color kRojo15 = 255;  ///< mark of a 15-minute sample over its limit
-
-/// The three sentences for a value up to the low limit, up to the high one, and above.
-struct Veredicto {
-    double bajo;
-    double alto;
-    std::array<std::string_view, 3> frases;
-
-    std::string_view Para(const Doble& valor) const {
-        return frases.at(valor <= bajo ? 0 : valor <= alto ? 1 : 2);
-    }
-};
-
-// clang-format off
-constexpr std::array<Veredicto, 3> kVeredictoDelIndice = {{
-    {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
-              "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS",
-              "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
-    {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
-              "SE CONTINUA  CON EL PLAN DE MEDICIONES",
-              "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
-    {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA",
-              "PLAN DE MEDICIONES FINALIZADO",
-              "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
-}};
-
-constexpr Veredicto kVeredictoDeLaProbabilidad =
-    {0.1, 5, {" BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS",
-              " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS",
-              "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS"}};
-// clang-format on
 
 /// The greatest number in the cells first, first + step, ... , last of an array of cells; 0 when
 /// none is above it.

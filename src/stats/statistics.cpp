@@ -1,41 +1,8 @@
 #include "stats/statistics.h"
 
-#include <array>
-
 namespace velmora {
 
 namespace {
-
-/// Correction factor of the estimated mean for n samples, A x exp(B x GSD).
-struct Correccion {
-    int n;
-    double a;
-    double b;
-};
-
-/// One curve of the ladder: its class holds where A x razon^B is above the dispersion.
-struct Curva {
-    double a;
-    double b;
-    double clase;
-};
-
-// clang-format off
-constexpr std::array<Correccion, 4> kCorrecciones = {{
-    {3, 0.7969, 0.1964},
-    {4, 0.763,  0.228 },
-    {5, 0.7593, 0.2393},
-    {6, 0.7477, 0.251 },
-}};
-
-constexpr std::array<Curva, 5> kCurvas = {{
-    {1.0026, 0.2357, 0.001},
-    {0.994,  0.2722, 0.01 },
-    {0.9991, 0.3272, 0.1  },
-    {0.9986, 0.4342, 1    },
-    {1.002,  0.6049, 5    },
-}};
-// clang-format on
 
 constexpr double kClaseMasAlta = 50;
 
@@ -50,8 +17,9 @@ Doble FactorDeCorreccion(Entero n, Doble gsd) {
 
 }  // namespace
 
-Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,
-                    Entero contaminante) {
+Doble Estimacion::Media() const { return mg * FactorDeCorreccion(n, gsd); }
+
+std::optional<Estimacion> Estimar(const Muestras& muestras) {
     Entero n;
     Doble suma_logaritmos;
     for (int i = 1; i <= 6; ++i) {
@@ -59,7 +27,7 @@ Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero d
         suma_logaritmos += Logaritmo(muestras(i));
         ++n;
     }
-    if (n == 0) return 0;
+    if (n == 0) return std::nullopt;
 
     const Doble m = suma_logaritmos / n.ComoDoble();
     Doble q;
@@ -70,11 +38,16 @@ Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero d
     // A single sample fails here, with 0 / 0: it is not given a value.
     const Doble s = Potencia(q / (n - 1).ComoDoble(), Doble(1.0) / Doble(2.0));
 
-    const Doble mg = Exponencial(m);
-    const Doble gsd = Exponencial(s);
-    record.MG(dia, tarea, contaminante) = mg;
-    record.GSD(dia, tarea, contaminante) = gsd;
-    return mg * FactorDeCorreccion(n, gsd);
+    return Estimacion{n, Exponencial(m), Exponencial(s)};
+}
+
+Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,
+                    Entero contaminante) {
+    const auto estimacion = Estimar(muestras);
+    if (!estimacion) return 0;
+    record.MG(dia, tarea, contaminante) = estimacion->mg;
+    record.GSD(dia, tarea, contaminante) = estimacion->gsd;
+    return estimacion->Media();
 }
 
 Doble ProbabilidadExceso(const Doble& razon, const Doble& dispersion) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <optional>
+
 #include "core/record.h"
 #include "runtime/array.h"
 
@@ -9,16 +12,58 @@ namespace velmora {
 /// A place without a sample holds 0.
 using Muestras = Array<Doble, 0, 6>;
 
-/// Estimated mean concentration of a row of log-normal samples, in the samples' own unit.
-///
-/// The samples count up to the first that is exactly 0. With m and s the mean and the standard
-/// deviation (divisor n - 1) of their natural logarithms, MG = exp(m) and GSD = exp(s) are stored
-/// in the record at (`dia`, `tarea`, `contaminante`), and the result is MG x F, where F is 1 for
-/// two samples, A x exp(B x GSD) for three to six, and never less than 1.
-///
-/// No sample gives 0 and stores nothing. Throws OperacionNoValida for a single sample (0 / 0),
-/// ArgumentoNoValido for a negative one, SubindiceFueraDeRango outside days 1 to 3, tasks 1 to 3
-/// and contaminants 1 to 6.
+/// Correction factor of the estimated mean for n samples, A x exp(B x GSD).
+struct Correccion {
+    int n;
+    double a;
+    double b;
+};
+
+/// One curve of the ladder: its class holds where A x razon^B is above the dispersion.
+struct Curva {
+    double a;
+    double b;
+    double clase;  ///< per cent
+};
+
+// clang-format off
+inline constexpr std::array<Correccion, 4> kCorrecciones = {{
+    {3, 0.7969, 0.1964},
+    {4, 0.763,  0.228 },
+    {5, 0.7593, 0.2393},
+    {6, 0.7477, 0.251 },
+}};
+
+/// The curves in the order in which they are tried.
+inline constexpr std::array<Curva, 5> kCurvas = {{
+    {1.0026, 0.2357, 0.001},
+    {0.994,  0.2722, 0.01 },
+    {0.9991, 0.3272, 0.1  },
+    {0.9986, 0.4342, 1    },
+    {1.002,  0.6049, 5    },
+}};
+// clang-format on
+
+/// What a row of log-normal samples gives, in the samples' own unit but for the deviation.
+struct Estimacion {
+    Entero n;   ///< samples that counted
+    Doble mg;   ///< geometric mean
+    Doble gsd;  ///< geometric deviation
+
+    /// The estimated mean: MG x F, where F is 1 for two samples, A x exp(B x GSD) for three to six,
+    /// and never less than 1.
+    Doble Media() const;
+};
+
+/// The samples count up to the first that is exactly 0; nothing without any. With m and s the mean
+/// and the standard deviation (divisor n - 1) of their natural logarithms, MG = exp(m) and
+/// GSD = exp(s). Throws OperacionNoValida for a single sample (0 / 0), ArgumentoNoValido for a
+/// negative one.
+std::optional<Estimacion> Estimar(const Muestras& muestras);
+
+/// The estimated mean of the samples, 0 without any. Stores MG and GSD in the record at (`dia`,
+/// `tarea`, `contaminante`) unless there is no sample. Throws as `Estimar` does, and
+/// SubindiceFueraDeRango outside days 1 to 3, tasks 1 to 3 and contaminants 1 to 6.
 Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,
                     Entero contaminante);
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "runtime/doble.h"
+
+namespace velmora {
+
+/// The three sentences for a value up to the low limit, up to the high one, and above.
+struct Veredicto {
+    double bajo;
+    double alto;
+    std::array<std::string_view, 3> frases;
+
+    /// 0 up to the low limit, 1 up to the high one, 2 above.
+    std::size_t Clase(const Doble& valor) const {
+        return valor <= bajo ? 0 : valor <= alto ? 1 : 2;
+    }
+    std::string_view Para(const Doble& valor) const { return frases.at(Clase(valor)); }
+};
+
+// clang-format off
+/// By day, from the first.
+inline constexpr std::array<Veredicto, 3> kVeredictoDelIndice = {{
+    {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
+              "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS",
+              "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
+    {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
+              "SE CONTINUA  CON EL PLAN DE MEDICIONES",
+              "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
+    {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA",
+              "PLAN DE MEDICIONES FINALIZADO",
+              "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
+}};
+
+inline constexpr Veredicto kVeredictoDeLaProbabilidad =
+    {0.1, 5, {" BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS",
+              " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS",
+              "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS"}};
+// clang-format on
+
+}  // namespace velmora
