@@ -126,33 +126,56 @@ std::string_view StringOf(std::string_view linea) {
     return linea.substr(0, linea.find(kComilla));
 }
 
+/// Whether the line is a text between its only two quotes, as the writer leaves it.
+bool IsQuoted(std::string_view linea) {
+    const std::string_view texto = Trimmed(linea);
+    return texto.size() >= 2 && texto.front() == kComilla &&
+           texto.find(kComilla, 1) == texto.size() - 1;
+}
+
 /// Reads each value from the next line. What can't be read leaves its field as it was.
 class LineReader {
 public:
-    explicit LineReader(std::istream& in) : lines_(in) {}
+    LineReader(std::istream& in, ReadingNotes& notes) : lines_(in), notes_(notes) {}
 
     void operator()(std::string& texto) {
-        if (const auto linea = lines_.Next()) texto = FromWindows1252(StringOf(*linea));
+        const auto linea = NextLine();
+        if (!linea) return;
+        texto = FromWindows1252(StringOf(*linea));
+        if (!IsQuoted(*linea)) notes_.unquoted_strings.push_back(notes_.lines);
     }
     void operator()(Entero& numero) {
-        if (const auto leido = NextNumber()) {
-            Intentar([&] { numero = RedondearEntero(*leido); });
-        }
+        ReadNumber([&](double leido) { numero = RedondearEntero(leido); });
     }
     void operator()(Doble& numero) {
-        if (const auto leido = NextNumber()) numero = *leido;
+        ReadNumber([&](double leido) { numero = leido; });
     }
 
 private:
-    /// The number on the next line; nothing when there is none or it is too large for a Double.
-    std::optional<double> NextNumber() {
+    std::optional<std::string_view> NextLine() {
         const auto linea = lines_.Next();
-        if (!linea) return std::nullopt;
+        if (linea) ++notes_.lines;
+        return linea;
+    }
+
+    /// Hands on the number of the next line, unless there is none or it doesn't fit.
+    template <class Store>
+    void ReadNumber(Store store) {
+        const auto linea = NextLine();
+        if (!linea) return;
         const auto numero = NumeroCompleto(Trimmed(*linea), ".");
-        return numero && std::isfinite(*numero) ? numero : std::nullopt;
+        bool leido = false;
+        if (numero && std::isfinite(*numero)) {
+            Intentar([&] {
+                store(*numero);
+                leido = true;
+            });
+        }
+        if (!leido) notes_.unread_numbers.push_back(notes_.lines);
     }
 
     Lines lines_;
+    ReadingNotes& notes_;
 };
 
 std::filesystem::file_type TypeOf(const std::string& file_name) {
@@ -173,10 +196,19 @@ void WriteEvaluation(const std::string& file_name, const EvaluacionRecord& recor
     if (out) ForEachValue(record, LineWriter(out));
 }
 
-void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record) {
+void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record, ReadingNotes& notes) {
     if (TypeOf(file_name) != std::filesystem::file_type::regular) return;
     std::ifstream in(file_name, std::ios::binary);
-    if (in) ForEachValue(record, LineReader(in));
+    if (!in) return;
+    LineReader reader(in, notes);
+    ForEachValue(record, [&](auto& valor) { reader(valor); });
+    notes.more =
+        notes.lines == kLinesOfEvaluation && in.peek() != std::ifstream::traits_type::eof();
+}
+
+void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record) {
+    ReadingNotes unused;
+    ReadEvaluation(file_name, record, unused);
 }
 
 }  // namespace velmora

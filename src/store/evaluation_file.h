@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/record.h"
 
@@ -15,6 +16,18 @@ namespace velmora {
 /// file cut short, its old content gone. Neither is reported.
 void WriteEvaluation(const std::string& file_name, const EvaluacionRecord& record);
 
+/// What a reading of an evaluation file came upon. Lines count from 1.
+struct ReadingNotes {
+    /// Lines of the evaluation that the file holds, up to kLinesOfEvaluation; 0 also for a file
+    /// that can't be opened or isn't a regular one.
+    int lines = 0;
+    bool more = false;                  ///< the file goes on behind them
+    std::vector<int> unread_numbers;    ///< lines whose number couldn't be read
+    std::vector<int> unquoted_strings;  ///< lines of text not between their only two quotes
+};
+
+inline constexpr int kLinesOfEvaluation = 1524;
+
 /// Reads the file into the record, value by value. Each step spends one line, whether it succeeds
 /// or not; a step that fails, be it for want of a file, of a line or of a number, leaves its field
 /// as it was. Nothing is reported. Only regular files are read, at most 1524 lines of them, two MiB
@@ -25,5 +38,8 @@ void WriteEvaluation(const std::string& file_name, const EvaluacionRecord& recor
 /// the line without the blanks around it. A number may have blanks around it; an Integer with
 /// decimals rounds halves to even and must then fit 16 bits.
 void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record);
+
+/// The same, noting what is passed over.
+void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record, ReadingNotes& notes);
 
 }  // namespace velmora
