@@ -2,9 +2,19 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
-#include "report/cells.h"
+#include "report/assembly.h"
+#include "report/day_case.h"
+#include "report/findings.h"
+#include "report/pictures.h"
+#include "report/preliminary.h"
+#include "report/review_day.h"
+#include "report/review_final.h"
+#include "report/verdict.h"
+#include "stats/verdicts.h"
 
 namespace velmora::report {
 
@@ -47,6 +57,8 @@ std::vector<CompanyField> CompanyOf(const EvaluacionRecord& record) {
     }
     return company;
 }
+
+constexpr int kDays = 3;
 
 /// A count of the file cut to what the record has room for.
 int Cut(Entero count, int most) { return std::clamp(count.Valor(), 0, most); }
@@ -104,18 +116,38 @@ SheetRow RowOfSheet(const HojaDelDia& sheet, int row) {
     return made;
 }
 
-Day DayOf(const EvaluacionRecord& record, int day, int days) {
-    const HojaDelDia& sheet = SheetOf(record, day);
-    Day made;
-    made.day = day;
-    made.in_plan = day <= days;
-    made.validated = IsValidated(sheet);
-    if (!made.validated) return made;
+/// What the plain computation gives beside the row.
+void AddPlainFigures(SheetRow& row, const DayCase& day) {
+    row.plain_index = day.exact.rows(row.row).index;
+    row.plain_combined_index = day.exact.combined_index(row.row);
+    const Unit* const rounded = UnitAt(day.rounded.units, row.row);
+    const Unit* const exact = UnitAt(day.exact.units, row.row);
+    if (rounded != nullptr) row.plain_probability = rounded->probability;
+    if (exact != nullptr) row.exact_probability = exact->PercentAboveLimit();
+}
+
+Figure Computed(double number) { return {NumberText(number), number}; }
+
+Conclusion PlainConclusion(const DayCase& day) {
+    const RowVerdict verdict = Summary(VerdictOfPlain(day));
+    const auto& sentences = kVeredictoDelIndice.at(static_cast<std::size_t>(day.day - 1)).frases;
+    std::string_view probability = kVeredictoDeLaProbabilidad.Para(verdict.probability);
+    probability.remove_prefix(std::min(probability.find_first_not_of(' '), probability.size()));
+    return {verdict.over ? "SI" : "NO", Computed(verdict.index), Computed(verdict.probability),
+            std::string(sentences.at(IndexClass(verdict.index))), std::string(probability)};
+}
+
+void FillFromSheet(Day& made, const DayCase& day) {
+    made.validated = true;
+    made.comma = day.comma;
     for (int row = 1; row <= kRows; ++row) {
-        if (IsInUse(sheet, row)) made.rows.push_back(RowOfSheet(sheet, row));
+        if (!day.on_sheet(row)) continue;
+        made.rows.push_back(RowOfSheet(*day.sheet, row));
+        AddPlainFigures(made.rows.back(), day);
     }
+    const HojaDelDia& sheet = *day.sheet;
     made.sheet = {sheet(401), FigureOf(sheet(397)), FigureOf(sheet(398)), sheet(399), sheet(400)};
-    return made;
+    if (day.computed) made.plain = PlainConclusion(day);
 }
 
 std::vector<FinalRow> FinalTableOf(const EvaluacionRecord& record, int tasks) {
@@ -141,27 +173,65 @@ std::vector<FinalRow> FinalTableOf(const EvaluacionRecord& record, int tasks) {
     return table;
 }
 
+/// The days that hold a sheet.
+std::vector<DayCase> CasesOf(const EvaluacionRecord& record) {
+    std::vector<DayCase> days;
+    for (int day = 1; day <= kDays; ++day) {
+        if (IsValidated(SheetOf(record, day))) days.push_back(CaseOf(record, day));
+    }
+    return days;
+}
+
+std::vector<Day> DaysOf(const std::vector<DayCase>& cases, int days_planned) {
+    std::vector<Day> days;
+    for (int day = 1; day <= kDays; ++day) {
+        const auto found = std::find_if(cases.begin(), cases.end(),
+                                        [day](const DayCase& c) { return c.day == day; });
+        Day made;
+        made.day = day;
+        made.in_plan = day <= days_planned;
+        if (found != cases.end()) FillFromSheet(made, *found);
+        if (made.in_plan || made.validated) days.push_back(std::move(made));
+    }
+    return days;
+}
+
+/// All findings, those of no day last.
+std::vector<Finding> FindingsOf(const EvaluacionRecord& record,
+                                const std::vector<DayCase>& planned_days, int cells_read) {
+    std::vector<Finding> all = ReviewPlan(record);
+    const auto add = [&all](std::vector<Finding> more) {
+        std::move(more.begin(), more.end(), std::back_inserter(all));
+    };
+    for (const DayCase& day : planned_days) add(ReviewDay(record, day));
+    add(ReviewFinalTable(record, cells_read));
+    std::stable_sort(all.begin(), all.end(), [](const Finding& a, const Finding& b) {
+        return (a.day == 0 ? kDays + 1 : a.day) < (b.day == 0 ? kDays + 1 : b.day);
+    });
+    return all;
+}
+
 }  // namespace
 
-Report MakeReport(const EvaluacionRecord& record) {
+Report MakeReport(const EvaluacionRecord& record, int cells_read) {
     Report report;
     report.company = CompanyOf(record);
-    report.days_planned = Cut(record.NumJornadas, 3);
+    report.days_planned = Cut(record.NumJornadas, kDays);
     report.tasks_planned = Cut(record.NumTareas, 3);
     report.plan = PlanOf(record, report.days_planned, report.tasks_planned);
     report.agents = AgentsOf(record, report.tasks_planned);
-    for (int day = 1; day <= 3; ++day) {
-        Day made = DayOf(record, day, report.days_planned);
-        if (made.in_plan || made.validated) report.days.push_back(std::move(made));
-    }
+    std::vector<DayCase> days = CasesOf(record);
+    report.days = DaysOf(days, report.days_planned);
+    std::erase_if(days, [&](const DayCase& day) { return day.day > report.days_planned; });
     report.final_table = FinalTableOf(record, report.tasks_planned);
+    report.index_series = IndexSeriesOf(report.final_table, days);
+    report.probability_plots = ProbabilityPlotsOf(days);
+    report.ladder_points = LadderPointsOf(days);
+    report.findings = FindingsOf(record, days, cells_read);
+    report.preliminary_tests = PreliminaryTests(record, days);
     return report;
 }
 
-Report ReadReport(const std::string& file_name) {
-    EvaluacionRecord record;
-    ReadEvaluation(file_name, record);
-    return MakeReport(record);
-}
+Report MakeReport(const EvaluacionRecord& record) { return MakeReport(record, kFinalCells); }
 
 }  // namespace velmora::report

@@ -1,0 +1,96 @@
+#include <algorithm>
+#include <string>
+
+#include "report/review_notes.h"
+#include "stats/verdicts.h"
+
+namespace velmora::report {
+
+namespace {
+
+// The answers and sentences among the entries of a day's sheet.
+constexpr int kHighestIndex = 397;
+constexpr int kHighestProbability = 398;
+constexpr int kIndexSentence = 399;
+constexpr int kProbabilitySentence = 400;
+constexpr int kOverLimit = 401;
+
+std::string YesOrNo(bool yes) { return yes ? "SI" : "NO"; }
+
+/// What the row's question is answered with by the plain computation, and against what.
+std::string PlainAnswer(const RowInput& plan) {
+    const std::string limit = NumberText(plan.ShortLimit());
+    return YesOrNo(ReachesLimit(plan)) + (plan.vla_ec != 0 ? " (VLA-EC: " : " (3 x VLA-ED: ") +
+           limit + ")";
+}
+
+void CompareLimits(ReviewNotes& notes, int row) {
+    const DayCase& day = notes.day;
+    const double minutes = day.cells(row).minutes;
+    const Column limit = minutes == 30 ? Column::VlaEd : Column::VlaEc;
+    const bool of_contaminant = ContaminantOf(row) <= ContaminantsOf(notes.record, TaskOf(row));
+    if (minutes == 15 || minutes == 30) {
+        if (day.Shown(row, limit).value != 0.0) return;
+        notes.Add(FindingKind::NoLimitForSamples, {row},
+                  {"¿Se ha superado?", "SI (" + std::string(HeadingOf(limit)) + " 0)",
+                   PlainAnswer(day.plan(row))},
+                  Part::Limits);
+    } else if (of_contaminant && !day.Cell(row, Column::SamplingMinutes).empty()) {
+        notes.Add(FindingKind::NoSamplingTime, {row},
+                  {"¿Se ha superado?", "T.M. " + day.Cell(row, Column::SamplingMinutes),
+                   PlainAnswer(day.plan(row))},
+                  Part::Limits);
+    }
+}
+
+/// A figure or sentence of the conclusions that doesn't come from the sheet's cells.
+void Doubt(ReviewNotes& notes, std::string what, int entry, std::string plain) {
+    notes.Add(FindingKind::DoesNotFollow, {},
+              {std::move(what), OrBlank((*notes.day.sheet)(entry)), std::move(plain)}, Part::All);
+}
+
+void CompareHighest(ReviewNotes& notes, const char* what, int entry, double of_cells,
+                    double plain) {
+    const std::string& text = (*notes.day.sheet)(entry);
+    if (SameNumber(ReadAsTheSheet(text), of_cells) || ComesFrom(FigureOf(text), plain)) return;
+    Doubt(notes, what, entry, NumberText(plain));
+}
+
+void CompareSentence(ReviewNotes& notes, const char* what, int entry, const Veredicto& verdict,
+                     int number_entry) {
+    const auto sentence = verdict.Para(ReadAsTheSheet((*notes.day.sheet)(number_entry)));
+    if ((*notes.day.sheet)(entry) == sentence) return;
+    Doubt(notes, what, entry, std::string(sentence));
+}
+
+void CompareAnswer(ReviewNotes& notes, bool of_sheet, bool plain) {
+    const auto& cells = notes.day.cells;
+    const bool asked = std::any_of(cells.begin(), cells.end(), [](const RowInput& row) {
+        return row.minutes == 15 || row.minutes == 30;
+    });
+    const std::string& answer = (*notes.day.sheet)(kOverLimit);
+    if (!asked || answer == YesOrNo(of_sheet) || answer == YesOrNo(plain)) return;
+    Doubt(notes, "¿Se ha superado?", kOverLimit, YesOrNo(plain));
+}
+
+}  // namespace
+
+void CompareConclusion(ReviewNotes& notes) {
+    const DayCase& day = notes.day;
+    for (int row = 1; row <= kRows; ++row) {
+        if (day.on_sheet(row) && day.in_plan(row)) CompareLimits(notes, row);
+    }
+    const RowVerdict sheet = Summary(VerdictOfSheet(day));
+    const RowVerdict plain = Summary(VerdictOfPlain(day));
+    CompareHighest(notes, "mayor índice", kHighestIndex, sheet.index, plain.index);
+    CompareHighest(notes, "mayor probabilidad", kHighestProbability, sheet.probability,
+                   plain.probability);
+    CompareAnswer(notes, sheet.over, plain.over);
+    const auto of_day = static_cast<std::size_t>(day.day - 1);
+    CompareSentence(notes, "frase del índice", kIndexSentence, kVeredictoDelIndice.at(of_day),
+                    kHighestIndex);
+    CompareSentence(notes, "frase de la exposición corta", kProbabilitySentence,
+                    kVeredictoDeLaProbabilidad, kHighestProbability);
+}
+
+}  // namespace velmora::report
