@@ -12,14 +12,12 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 #include "qt/keys.h"
 
 namespace velmora {
 
-CellEdit::CellEdit(Entry entry, Filter filter, QWidget* parent)
-    : QLineEdit(parent), entry_(entry), filter_(std::move(filter)) {
+CellEdit::CellEdit(Entry entry, QWidget* parent) : QLineEdit(parent), entry_(entry) {
     setFrame(false);
     if (entry_ == Entry::Filtered)
         setAcceptDrops(false);
@@ -72,7 +70,7 @@ void CellEdit::TextHasChanged(const QString& text) {
     }
     shown_ = line;
     if (line != text) setText(line);
-    if (on_typed) on_typed(line);
+    Q_EMIT Typed(line);
 }
 
 bool CellEdit::IsTooNarrow() const {
@@ -90,12 +88,16 @@ bool CellEdit::event(QEvent* event) {
 
 void CellEdit::keyPressEvent(QKeyEvent* event) {
     TakeCaretBack();
-    if (event->key() == Qt::Key_F2 && on_double_click) {
-        on_double_click();
+    if (event->key() == Qt::Key_F2) {
+        Q_EMIT DoubleClicked();
         return;
     }
     const std::optional<KeyCode> character = CharacterOf(*event);
-    if (character && filter_ && !filter_(*character)) return;  // refused
+    if (character) {
+        bool passes = entry_ == Entry::Free;
+        Q_EMIT KeyPressed(*character, passes);
+        if (!passes) return;
+    }
     if (OpensMenu(*event)) {
         event->ignore();
         return;
@@ -118,7 +120,7 @@ void CellEdit::mouseReleaseEvent(QMouseEvent* event) {
 
 void CellEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     QLineEdit::mouseDoubleClickEvent(event);
-    if (on_double_click && event->button() == Qt::LeftButton) on_double_click();
+    if (event->button() == Qt::LeftButton) Q_EMIT DoubleClicked();
 }
 
 void CellEdit::contextMenuEvent(QContextMenuEvent* event) {
@@ -126,14 +128,14 @@ void CellEdit::contextMenuEvent(QContextMenuEvent* event) {
         QLineEdit::contextMenuEvent(event);
         return;
     }
-    QMenu menu(this);
-    QAction* const copy = menu.addAction(tr("Copiar"));
+    // Not run in a loop of its own: the cell may be left, and gone, while its menu is open.
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* const copy = menu->addAction(tr("Copiar"), this, &QLineEdit::copy);
     copy->setEnabled(hasSelectedText());
-    QAction* const all = menu.addAction(tr("Seleccionar todo"));
+    QAction* const all = menu->addAction(tr("Seleccionar todo"), this, &QLineEdit::selectAll);
     all->setEnabled(!text().isEmpty());
-    const QAction* const chosen = menu.exec(event->globalPos());
-    if (chosen == copy) this->copy();
-    if (chosen == all) selectAll();
+    menu->popup(event->globalPos());
 }
 
 void CellEdit::inputMethodEvent(QInputMethodEvent* event) {

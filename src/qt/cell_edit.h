@@ -2,7 +2,6 @@
 
 #include <QLineEdit>
 
-#include <functional>
 #include <optional>
 
 #include "forms/screen.h"
@@ -21,15 +20,7 @@ public:
         Filtered,  ///< text comes in by the keys that the filter lets pass
     };
 
-    /// Tells whether a character key may reach the cell.
-    using Filter = std::function<bool(KeyCode)>;
-
-    CellEdit(Entry entry, Filter filter, QWidget* parent);
-
-    /// Called for each text that the user gives the cell.
-    std::function<void(const QString&)> on_typed;
-    /// Called at a double click, and at F2, which does the same from the keyboard.
-    std::function<void()> on_double_click;
+    CellEdit(Entry entry, QWidget* parent);
 
     /// Sets what the cell shows, the caret at its end. Of a text too long for the cell the
     /// beginning is what is seen while the cell hasn't the focus.
@@ -39,6 +30,15 @@ public:
     void SetMarked(bool marked);
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+Q_SIGNALS:
+    /// A character key, before it reaches the cell; its filter says whether it may. With nobody to
+    /// say, a free cell takes the key and a filtered one refuses it.
+    void KeyPressed(KeyCode key, bool& passes);
+    /// A text that the user gave the cell.
+    void Typed(const QString& text);
+    /// A double click, or F2, which does the same from the keyboard.
+    void DoubleClicked();
 
 protected:
     bool event(QEvent* event) override;
@@ -59,7 +59,6 @@ private:
     void TextHasChanged(const QString& text);
 
     Entry entry_;
-    Filter filter_;
     QString shown_;  ///< what stands in the cell by right
     /// Where the caret stood, while the cell shows the beginning of a text that it can't show
     /// whole.

@@ -7,8 +7,6 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-#include <utility>
-
 #include "qt/accessible_list.h"
 #include "qt/keys.h"
 
@@ -30,8 +28,7 @@ bool MovesOrPicks(const QKeyEvent& event) {
 
 }  // namespace
 
-ListBox::ListBox(const QStringList& items, Filter filter, QWidget* parent)
-    : QComboBox(parent), filter_(std::move(filter)) {
+ListBox::ListBox(const QStringList& items, QWidget* parent) : QComboBox(parent) {
     InstallAccessibleLists();
     setEditable(true);  // only an editable list shows a text that isn't among its items
     setInsertPolicy(NoInsert);
@@ -77,7 +74,7 @@ void ListBox::PickFromOutside(int item) {
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
     if (const std::optional<KeyCode> character = CharacterOf(*event)) {
-        if (filter_) filter_(*character);
+        Q_EMIT KeyPressed(*character);
         return;
     }
     switch (event->key()) {

@@ -2,8 +2,6 @@
 
 #include <QComboBox>
 
-#include <functional>
-
 #include "forms/screen.h"
 
 namespace velmora {
@@ -15,10 +13,7 @@ class ListBox : public QComboBox {
     Q_PROPERTY(bool Locked READ IsLocked)
 
 public:
-    /// Called with the code of each character key; the list takes none of them.
-    using Filter = std::function<void(KeyCode)>;
-
-    ListBox(const QStringList& items, Filter filter, QWidget* parent);
+    ListBox(const QStringList& items, QWidget* parent);
 
     /// Sets what the list shows.
     void Show(const QString& text);
@@ -30,6 +25,10 @@ public:
 
     void showPopup() override;
 
+Q_SIGNALS:
+    /// A character key; the list takes none of them.
+    void KeyPressed(KeyCode key);
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -37,7 +36,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    Filter filter_;
     QString shown_;  ///< the text that the list was last told to show
     bool locked_ = false;
 };

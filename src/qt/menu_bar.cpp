@@ -13,7 +13,8 @@
 
 namespace velmora {
 
-MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget* parent)
+MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, const QObject& bonds,
+                 QWidget* parent)
     : QMenuBar(parent) {
     InstallAccessibleMenus();
     setAccessibleName(QStringLiteral("Menú"));
@@ -29,13 +30,13 @@ MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget*
             for (const MenuEntry& item : entry.list) {
                 QAction* const line = menu->addAction(ToQt(item.caption));
                 line->setObjectName(ToQt(item.name));
-                connect(line, &QAction::triggered, this, [run, &item] { run(item.Click); });
+                connect(line, &QAction::triggered, &bonds, [run, &item] { run(item.Click); });
             }
             if (entry.Click) moves_at_once_.push_back(action);
         }
         action->setObjectName(ToQt(entry.name));
         if (entry.Click) {
-            connect(action, &QAction::triggered, this, [run, &entry] { run(entry.Click); });
+            connect(action, &QAction::triggered, &bonds, [run, &entry] { run(entry.Click); });
         }
     }
 }

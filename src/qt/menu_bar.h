@@ -18,8 +18,9 @@ class MenuBar : public QMenuBar {
 public:
     using Run = std::function<void(const std::function<void()>&)>;
 
-    /// `run` runs a handler; the entries must outlive the menu bar's use.
-    MenuBar(const std::vector<MenuEntry>& entries, const Run& run, QWidget* parent);
+    /// `run` runs a handler, for as long as `bonds` lives; the entries must outlive `bonds`.
+    MenuBar(const std::vector<MenuEntry>& entries, const Run& run, const QObject& bonds,
+            QWidget* parent);
 
     /// Sets the font of the bar and of its lists.
     void SetFont(const QFont& font);

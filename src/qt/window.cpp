@@ -136,10 +136,7 @@ Window::Window(ScreenChain& chain, WindowHost& host) : chain_(chain), host_(host
     timer_.start();
 }
 
-Window::~Window() {
-    // The widgets go first: one that loses the focus may still call on what it shows.
-    delete takeCentralWidget();
-}
+Window::~Window() = default;
 
 void Window::Run(const std::function<void()>& handler) {
     if (running_) return;
@@ -174,6 +171,7 @@ void Window::closeEvent(QCloseEvent* event) {
 }
 
 void Window::BuildScreen() {
+    bonds_ = std::make_unique<QObject>();
     screen_ = &chain_.Current();
     setUpdatesEnabled(false);
     setObjectName(ToQt(screen_->Name()));
@@ -210,7 +208,8 @@ void Window::BuildScreen() {
 
 void Window::BuildMenu() {
     menu_ = new MenuBar(
-        screen_->Menu(), [this](const std::function<void()>& handler) { Run(handler); }, this);
+        screen_->Menu(), [this](const std::function<void()>& handler) { Run(handler); }, *bonds_,
+        this);
     ScaleMenu();
     setMenuBar(menu_);
 }
@@ -244,8 +243,7 @@ QWidget* Window::MakeWidget(Shown& shown) {
         auto* const button = new QPushButton(canvas_);
         SharePalette(*button);
         button->setAutoDefault(true);  // Enter presses it, as the space bar does
-        connect(button, &QPushButton::clicked, this,
-                [this, &control] { Run(control.events.Click); });
+        Bind(*button, &QPushButton::clicked, [this, &control] { Run(control.events.Click); });
         return button;
     }
     if (std::holds_alternative<Label*>(control.state)) {
@@ -269,21 +267,26 @@ QWidget* Window::MakeCell(Shown& shown) {
     const Control& control = *shown.control;
     const Events& events = control.events;
     const bool free = events.free_text || !events.KeyPress;
-    auto* const cell = new CellEdit(
-        free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered,
-        [this, &control](KeyCode key) { return Filter(control, key); }, canvas_);
+    auto* const cell =
+        new CellEdit(free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered, canvas_);
     cell->setAlignment(AlignmentOf(control.row.look.align));
     const Look& look = control.row.look;
     if (look.fore != kTextoDeVentana || BackOf(look) != kFondoDeVentana) {
         Paint(*cell, look.fore, BackOf(look));
     }
     if (control.row.tab == kSinTab) cell->setFocusPolicy(Qt::NoFocus);
-    cell->on_typed = [this, &shown](const QString& text) {
+    if (events.KeyPress) {
+        Bind(*cell, &CellEdit::KeyPressed,
+             [this, &control](KeyCode key, bool& passes) { Filter(control, key, passes); });
+    }
+    Bind(*cell, &CellEdit::Typed, [&shown](const QString& text) {
         auto& state = *std::get<TextCell*>(shown.control->state);
         state.Text = text.toStdString();
         std::get<TextCell>(shown.state).Text = state.Text;
-    };
-    if (events.DblClick) cell->on_double_click = [this, &events] { Run(events.DblClick); };
+    });
+    if (events.DblClick) {
+        Bind(*cell, &CellEdit::DoubleClicked, [this, &events] { Run(events.DblClick); });
+    }
     return cell;
 }
 
@@ -291,10 +294,15 @@ QWidget* Window::MakeList(Shown& shown) {
     const Control& control = *shown.control;
     QStringList items;
     for (const std::string_view item : control.row.items) items << ToQt(item);
-    auto* const list = new ListBox(
-        items, [this, &control](KeyCode key) { Filter(control, key); }, canvas_);
+    auto* const list = new ListBox(items, canvas_);
     SharePalette(*list);
-    connect(list, &QComboBox::activated, this, [this, &shown, list](int item) {
+    if (control.events.KeyPress) {
+        Bind(*list, &ListBox::KeyPressed, [this, &control](KeyCode key) {
+            bool ignored = false;
+            Filter(control, key, ignored);
+        });
+    }
+    Bind(*list, &QComboBox::activated, [this, &shown, list](int item) {
         auto& state = *std::get<ComboBox*>(shown.control->state);
         auto& seen = std::get<ComboBox>(shown.state);
         seen.Text = shown.control->row.items[static_cast<std::size_t>(item)];
@@ -309,14 +317,12 @@ QWidget* Window::MakeList(Shown& shown) {
     return list;
 }
 
-bool Window::Filter(const Control& control, KeyCode key) {
-    if (!control.events.KeyPress) return true;
-    bool passes = false;
+void Window::Filter(const Control& control, KeyCode key, bool& passes) {
+    passes = false;
     Run([&] {
         control.events.KeyPress(key);
         passes = key != kTeclaRechazada;
     });
-    return passes;
 }
 
 void Window::SetTabOrder() {

@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "core/chain.h"
@@ -63,11 +64,20 @@ private:
     void FocusFirst();
     void ShowChange(Shown& shown);
     void Tick();
-    bool Filter(const Control& control, KeyCode key);
+    void Filter(const Control& control, KeyCode key, bool& passes);
+
+    /// Ties a widget's signal to the screen that is shown, until it is left.
+    template <class Sender, class Signal, class Slot>
+    void Bind(const Sender& sender, Signal signal, Slot slot) {
+        connect(&sender, signal, bonds_.get(), std::move(slot));
+    }
 
     ScreenChain& chain_;
     WindowHost& host_;
     Screen* screen_ = nullptr;  ///< the one that is shown
+    /// Every road from a widget to the screen that is shown is a connection to this: all are cut at
+    /// once when the screen is left, while its widgets, inside an event perhaps, live a little on.
+    std::unique_ptr<QObject> bonds_;
     Canvas* canvas_ = nullptr;
     MenuBar* menu_ = nullptr;
     std::vector<Shown> shown_;

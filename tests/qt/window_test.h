@@ -66,7 +66,11 @@ protected:
     WithSeparator separator{"."};
     EvaluacionRecord record;
     QtHost host;
-    ScreenChain chain{[this](ScreenId id) { return MakeScreen(id, Entorno{record, chain, host}); }};
+    int screens_made = 0;
+    ScreenChain chain{[this](ScreenId id) {
+        ++screens_made;
+        return MakeScreen(id, Entorno{record, chain, host});
+    }};
     std::unique_ptr<Window> window;
     std::unique_ptr<Robot> driver;
     Robot& robot;
