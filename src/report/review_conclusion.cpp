@@ -52,7 +52,9 @@ void Doubt(ReviewNotes& notes, std::string what, int entry, std::string plain) {
 void CompareHighest(ReviewNotes& notes, const char* what, int entry, double of_cells,
                     double plain) {
     const std::string& text = (*notes.day.sheet)(entry);
-    if (SameNumber(ReadAsTheSheet(text), of_cells) || ComesFrom(FigureOf(text), plain)) return;
+    const Figure figure = FigureOf(text);
+    if (figure.value && SameNumber(*figure.value, of_cells)) return;
+    if (ComesFrom(figure, plain)) return;
     Doubt(notes, what, entry, NumberText(plain));
 }
 

@@ -113,9 +113,10 @@ private:
             if (!IsRead(row, kOverallColumn)) continue;
             const auto overall = OverallOf(row);
             const std::string& cell = Cell(row, kOverallColumn);
+            const double shown = FigureOf(cell).value.value_or(0);
             if (cell.empty()) {
                 if (overall.value_or(0) != 0) missing.push_back(row);
-            } else if (!overall || !SameNumber(Read(row, kOverallColumn), *overall)) {
+            } else if (!overall || !SameNumber(shown, *overall)) {
                 Note(FindingKind::StaleFinal, 0, {row}, {"IG", cell, NumberText(overall)});
             } else if (*overall == 0 && Cell(row, IndexColumn(3)).empty()) {
                 zero.push_back(row);

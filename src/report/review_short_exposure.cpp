@@ -47,15 +47,17 @@ bool Agrees(const DayCase& day, const Unit& unit, Column column) {
     const int row = unit.rows.front();
     const auto& number = NumberOf(unit, column);
     if (day.Cell(row, column).empty()) return !number;
-    if (number && SameNumber(day.Read(row, column), *number)) return true;
+    const auto shown = day.Shown(row, column).value;
+    if (!shown) return false;
+    if (number && SameNumber(*shown, *number)) return true;
     const Unit* const plain = UnitAt(day.rounded.units, row);
-    const Figure cell = day.Shown(row, column);
-    return plain != nullptr && NumberOf(*plain, column) && cell.value &&
-           SameNumber(*cell.value, *NumberOf(*plain, column));
+    return plain != nullptr && NumberOf(*plain, column) &&
+           SameNumber(*shown, *NumberOf(*plain, column));
 }
 
 bool AgreesWithClass(const DayCase& day, int row) {
-    const double shown = day.Read(row, Column::Probability);
+    const auto shown = day.Shown(row, Column::Probability).value;
+    if (!shown) return false;
     const Unit* const plain = UnitAt(day.rounded.units, row);
     if (plain != nullptr && plain->probability == shown) return true;
     return ClassOfCurves(day.Read(row, Column::EcPlus), day.Read(row, Column::MgPlus),
@@ -93,7 +95,7 @@ void CompareLostLimit(ReviewNotes& notes, const Unit& unit) {
     if (!unit.ec_plus || exact == nullptr) return;
     const Figure above = day.Shown(first - 1, Column::Probability);
     const bool stays = day.Cell(first - 1, Column::EcPlus).empty() && above.value &&
-                       SameNumber(day.Read(first - 1, Column::Probability), *unit.ec_plus);
+                       SameNumber(*above.value, *unit.ec_plus);
     const Told told{stays ? "Prob." : "EC+",
                     stays ? above.text + " en la fila anterior" : "en blanco",
                     "EC+ " + NumberText(exact->ec_plus) + ", Prob. " + PlainClass(day, first)};

@@ -38,8 +38,7 @@ std::set<double> GroupsOf(const DayCase& day) {
 ByRow<std::optional<double>> WrittenBySheet(const DayCase& day) {
     ByRow<std::optional<double>> written;
     for (int row = 1; row <= kRows; ++row) {
-        const bool alone = day.cells(row).group == 0 && !day.Cell(row, Column::Index).empty();
-        if (alone) written(row) = day.Read(row, Column::Index);
+        if (day.cells(row).group == 0) written(row) = day.Shown(row, Column::Index).value;
     }
     for (int group = 1; group <= kLastGroupSummed; ++group) {
         const std::vector<int> rows = MembersOf(day, group);
@@ -59,7 +58,8 @@ ByRow<std::optional<double>> WrittenBySheet(const DayCase& day) {
 bool IsWritten(const DayCase& day, int row, const std::optional<double>& written) {
     const std::string& cell = day.Cell(row, Column::CombinedIndex);
     if (!written || cell.empty()) return !written && cell.empty();
-    return SameNumber(day.Read(row, Column::CombinedIndex), *written);
+    const auto shown = day.Shown(row, Column::CombinedIndex).value;
+    return shown && SameNumber(*shown, *written);
 }
 
 bool IsPlain(const DayCase& day, int row) {
