@@ -5,6 +5,7 @@
 #include "runtime/array.h"
 #include "runtime/doble.h"
 #include "runtime/entero.h"
+#include "runtime/error.h"
 
 namespace velmora {
 
@@ -52,11 +53,23 @@ struct EvaluacionRecord {
     HojaDelDia HojaSegundoDia;
     HojaDelDia HojaTercerDia;
 
+    /// The sheet of the first, second or third day; SubindiceFueraDeRango for another.
+    HojaDelDia& Hoja(Entero dia) { return this->*SheetOf(dia); }
+    const HojaDelDia& Hoja(Entero dia) const { return this->*SheetOf(dia); }
+
     /// Final table: row = (task - 1) * 6 + contaminant, columns "Nº", name, I1, I2, I3, IG, P1, P2,
     /// P3.
     Array<Array<std::string, 1, 9>, 1, 18> HojaFinal;
 
     friend bool operator==(const EvaluacionRecord&, const EvaluacionRecord&) = default;
+
+private:
+    static HojaDelDia EvaluacionRecord::*SheetOf(Entero dia) {
+        if (dia == 1) return &EvaluacionRecord::HojaPrimerDia;
+        if (dia == 2) return &EvaluacionRecord::HojaSegundoDia;
+        if (dia == 3) return &EvaluacionRecord::HojaTercerDia;
+        throw ErrorEjecucion(TipoError::SubindiceFueraDeRango);
+    }
 };
 
 }  // namespace velmora

@@ -2,110 +2,81 @@
 
 #include "core/numbers.h"
 #include "sheet/form5.h"
+#include "sheet/grid.h"
 #include "stats/verdicts.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr int kEd = 2;
-constexpr int kEc = 3;
-constexpr int kTiempoMuestreo = 5;
-constexpr int kIndice = 14;
-constexpr int kIndiceMas = 15;
+constexpr Color kRedOf30Minutes = 250;  ///< mark of a 30-minute sample over its limit
+constexpr Color kRedOf15Minutes = 255;  ///< mark of a 15-minute sample over its limit
 
-constexpr Color kRojo30 = 250;  ///< mark of a 30-minute sample over its limit
-constexpr Color kRojo15 = 255;  ///< mark of a 15-minute sample over its limit
-
-/// The greatest number in the cells first, first + step, ... , last of an array of cells; 0 when
-/// none is above it.
+/// The greatest number in a column of a grid of so many columns; 0 when none is above it.
 template <class Cells>
-Doble Mayor(const Cells& celdas, int first, int last, int step) {
-    Doble mayor = 0;
-    for (int i = first; i <= last; i += step) {
-        const Doble valor = LeerValor(celdas(i).Text);
-        if (valor > mayor) mayor = valor;
+Doble Greatest(const Cells& cells, int column, int columns) {
+    Doble greatest = 0;
+    for (int row = 0; row < grid::kRows; ++row) {
+        const Doble value = LeerValor(cells(row * columns + column).Text);
+        if (value > greatest) greatest = value;
     }
-    return mayor;
+    return greatest;
 }
 
 }  // namespace
 
 void Form5::Command8_Click() {
-    const Doble x = Mayor(Text1, kIndice, 320, hoja::kColumnas);
-    const Doble y = std::max(Mayor(Text1, kIndiceMas, 321, hoja::kColumnas), x);
+    const Doble x = Greatest(Text1, grid::kIndex, grid::kColumns);
+    const Doble y = std::max(Greatest(Text1, grid::kIndexPlus, grid::kColumns), x);
     Text2.Text = TextoDoble(y);
-    const Doble p = Mayor(Text3, 3, 71, hoja::kColumnas3);
+    const Doble p = Greatest(Text3, grid::kProbability, grid::kColumns3);
     Text4.Text = TextoDoble(p);
-    BuscarMuestraSobreLimite();
-    EscribirVeredictos(y, p);
-    GuardarHoja();
-    LlevarAHojaFinal();
-}
-
-void Form5::BuscarMuestraSobreLimite() {
     // The first sample over its limit ends the search: the 30-minute rows come first.
-    if (HayMuestraSobreLimite(30, kRojo30)) return;
-    HayMuestraSobreLimite(15, kRojo15);
+    if (!MarkSampleOverLimit(30, kRedOf30Minutes)) MarkSampleOverLimit(15, kRedOf15Minutes);
+
+    if (DiaActual < 1 || DiaActual > 3) return;
+    Text5.Text = kVeredictoDelIndice.at(static_cast<std::size_t>(DiaActual.Valor() - 1)).Para(y);
+    Text6.Text = kVeredictoDeLaProbabilidad.Para(p);
+    ForEachEntry([](std::string& entry, TextCell& cell) { entry = cell.Text; });
+    CopyToFinalTable();
 }
 
-bool Form5::HayMuestraSobreLimite(int minutos, Color color) {
-    for (int i = kTiempoMuestreo; i <= 311; i += hoja::kColumnas) {
-        if (Valor(i) != minutos) continue;
-        const Doble limite =
-            minutos == 30 ? 3 * Valor(i - kTiempoMuestreo + kEd) : Valor(i - kTiempoMuestreo + kEc);
-        for (int m = 1; m <= 6; ++m) {
-            TextCell& celda = Text1(i + 1 + m);
-            if (LeerValor(celda.Text) < limite) {
+bool Form5::MarkSampleOverLimit(int minutes, Color color) {
+    for (int R = 1; R <= grid::kRows; ++R) {
+        if (Value(R, grid::kSamplingTime) != minutes) continue;
+        const Doble limit = minutes == 30 ? 3 * Value(R, grid::kEd) : Value(R, grid::kEc);
+        for (int c = grid::kFirstSample; c <= grid::kLastSample; ++c) {
+            // An empty sample is over an empty limit: both read 0, and that is meant.
+            if (Value(R, c) < limit) {
                 Text7.Text = "NO";
                 continue;
             }
             Text7.Text = "SI";
-            celda.BackColor = color;
-            celda.ForeColor = kFondoDeVentana;
+            Cell(R, c).BackColor = color;
+            Cell(R, c).ForeColor = kFondoDeVentana;
             return true;
         }
     }
     return false;
 }
 
-void Form5::EscribirVeredictos(const Doble& indice, const Doble& probabilidad) {
-    if (DiaActual < 1 || DiaActual > 3) return;
-    Text5.Text =
-        kVeredictoDelIndice.at(static_cast<std::size_t>(DiaActual.Valor() - 1)).Para(indice);
-    Text6.Text = kVeredictoDeLaProbabilidad.Para(probabilidad);
-}
-
-void Form5::GuardarHoja() {
-    HojaDelDia* const hoja_del_dia = HojaDelDiaActual();
-    if (hoja_del_dia == nullptr) return;
-    for (int i = 1; i <= 324; ++i) (*hoja_del_dia)(i) = Text1(i - 1).Text;
-    for (int i = 325; i <= 396; ++i) (*hoja_del_dia)(i) = Text3(i - 325).Text;
-    (*hoja_del_dia)(397) = Text2.Text;
-    (*hoja_del_dia)(398) = Text4.Text;
-    (*hoja_del_dia)(399) = Text5.Text;
-    (*hoja_del_dia)(400) = Text6.Text;
-    (*hoja_del_dia)(401) = Text7.Text;
-}
-
-void Form5::LlevarAHojaFinal() {
-    if (DiaActual < 1 || DiaActual > 3) return;
-    const int columna_indice = 2 + DiaActual.Valor();        // "I1", "I2", "I3"
-    const int columna_probabilidad = 6 + DiaActual.Valor();  // "P1", "P2", "P3"
+void Form5::CopyToFinalTable() {
+    const int index_column = 2 + DiaActual.Valor();        // "I1", "I2", "I3"
+    const int probability_column = 6 + DiaActual.Valor();  // "P1", "P2", "P3"
     // An empty cell leaves what an earlier press put into the table.
-    const auto llevar = [this](const std::string& texto, int fila, int columna) {
-        if (!texto.empty()) entorno_.record.HojaFinal(fila, columna) = TextoDoble(LeerValor(texto));
+    const auto copy = [this](const std::string& text, int row, int column) {
+        if (!text.empty()) entorno_.record.HojaFinal(row, column) = TextoDoble(LeerValor(text));
     };
-    for (int fila = 1; fila <= hoja::kFilas; ++fila) {
-        llevar(Text1(fila * 18 - 3).Text, fila, columna_indice);
-        llevar(Text3(fila * 4 - 1).Text, fila, columna_probabilidad);
+    for (int R = 1; R <= grid::kRows; ++R) {
+        copy(Cell(R, grid::kIndexPlus).Text, R, index_column);
+        copy(Cell3(R, grid::kProbability).Text, R, probability_column);
     }
 }
 
 void Form5::IndiceFinal(const Entero& a) {
-    for (int i = 1; i <= hoja::kFilas; ++i) {
-        if (Valor(i * 18 - 12) != i - 1) continue;
-        entorno_.record.HojaFinal(a + 1, i) = TextoDoble(Valor(i * 18 - 4));
+    for (int i = 1; i <= grid::kRows; ++i) {
+        if (Value(i, grid::kAdditive) != i - 1) continue;
+        entorno_.record.HojaFinal(a + 1, i) = TextoDoble(Value(i, grid::kIndex));
     }
 }
 

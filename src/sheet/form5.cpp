@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/numbers.h"
+#include "sheet/grid.h"
 
 namespace velmora {
 
@@ -38,7 +39,7 @@ struct Columna {
 };
 
 // clang-format off
-constexpr std::array<Columna, hoja::kColumnas> kColumnasText1 = {{
+constexpr std::array<Columna, grid::kColumns> kColumnasText1 = {{
     {"Nº",            120,  255, kGrisPalido,     "número"},
     {"Contaminante",  360, 1335, kGrisPalido,     "nombre del contaminante"},
     {"ED",           1680,  495, kGrisPalido,     "VLA-ED"},
@@ -59,7 +60,7 @@ constexpr std::array<Columna, hoja::kColumnas> kColumnasText1 = {{
     {"GSD",          9360,  495, kVerdePalido,    "desviación geométrica GSD"},
 }};
 
-constexpr std::array<Columna, hoja::kColumnas3> kColumnasText3 = {{
+constexpr std::array<Columna, grid::kColumns3> kColumnasText3 = {{
     {"EC+",          9960,  495, kAmarilloPalido, "límite de corta exposición EC+", 6.75},
     {"MG+",         10440,  495, kAmarilloPalido, "media geométrica MG+", 6.75},
     {"GSD+",        10920,  495, kAmarilloPalido, "desviación geométrica GSD+", 6.75},
@@ -121,18 +122,18 @@ constexpr Row kText6{.name = "Text6", .box = {4080, 7800, 7695, 285}, .look = kR
 // clang-format on
 
 constexpr bool EsMuestra(int columna) {
-    return columna >= hoja::kPrimeraMuestra && columna <= hoja::kUltimaMuestra;
+    return columna >= grid::kFirstSample && columna <= grid::kLastSample;
 }
 
 /// Position in the order of the Tab key of a cell of Text1, by sheet row from 0 and column.
 constexpr int TabDe(int fila, int columna) {
-    if (EsMuestra(columna)) return kTabMuestras + fila * 6 + columna - hoja::kPrimeraMuestra;
-    return kTabResto + fila * 12 + (columna < hoja::kPrimeraMuestra ? columna : columna - 6);
+    if (EsMuestra(columna)) return kTabMuestras + fila * 6 + columna - grid::kFirstSample;
+    return kTabResto + fila * 12 + (columna < grid::kFirstSample ? columna : columna - 6);
 }
 
 constexpr int TopDe(int fila) {
-    return kBloques.at(static_cast<std::size_t>(fila / hoja::kFilasPorTarea)).primera_fila +
-           fila % hoja::kFilasPorTarea * kAltoDeFila;
+    return kBloques.at(static_cast<std::size_t>(fila / grid::kRowsPerTask)).primera_fila +
+           fila % grid::kRowsPerTask * kAltoDeFila;
 }
 
 constexpr Row FilaDeCabecera(std::string_view name, int index, const Columna& columna, int top) {
@@ -154,8 +155,8 @@ constexpr Row FilaDeCelda(std::string_view name, int index, const Columna& colum
 
 /// "Tarea 1, contaminante 2, muestra C3"
 std::string Hablado(int fila, const Columna& columna) {
-    return "Tarea " + TextoEntero(fila / hoja::kFilasPorTarea + 1) + ", contaminante " +
-           TextoEntero(fila % hoja::kFilasPorTarea + 1) + ", " + std::string(columna.nombre);
+    return "Tarea " + TextoEntero(fila / grid::kRowsPerTask + 1) + ", contaminante " +
+           TextoEntero(fila % grid::kRowsPerTask + 1) + ", " + std::string(columna.nombre);
 }
 
 }  // namespace
@@ -177,29 +178,29 @@ void Form5::PlaceSheet() {
                                .box = {120, bloque.titulo, 3615, kAltoDeRotulo},
                                .text = bloque.texto,
                                .look = kTitulo});
-        for (int c = 0; c < hoja::kColumnas; ++c) {
-            const int i = t * hoja::kColumnas + c;
+        for (int c = 0; c < grid::kColumns; ++c) {
+            const int i = t * grid::kColumns + c;
             Place(Label7(i),
                   FilaDeCabecera("Label7", i, kColumnasText1.at(static_cast<std::size_t>(c)),
                                  bloque.cabeceras));
         }
-        for (int c = 0; c < hoja::kColumnas3; ++c) {
-            const int i = t * hoja::kColumnas3 + c;
+        for (int c = 0; c < grid::kColumns3; ++c) {
+            const int i = t * grid::kColumns3 + c;
             Place(Label3(i),
                   FilaDeCabecera("Label3", i, kColumnasText3.at(static_cast<std::size_t>(c)),
                                  bloque.cabeceras));
         }
     }
-    for (int fila = 0; fila < hoja::kFilas; ++fila) {
-        for (int c = 0; c < hoja::kColumnas; ++c) {
-            const int i = fila * hoja::kColumnas + c;
+    for (int fila = 0; fila < grid::kRows; ++fila) {
+        for (int c = 0; c < grid::kColumns; ++c) {
+            const int i = fila * grid::kColumns + c;
             const Columna& columna = kColumnasText1.at(static_cast<std::size_t>(c));
             Place(Text1(i), FilaDeCelda("Text1", i, columna, fila, TabDe(fila, c)),
                   {.KeyPress = [this, i](KeyCode& tecla) { Text1_KeyPress(i, tecla); }},
                   Hablado(fila, columna));
         }
-        for (int c = 0; c < hoja::kColumnas3; ++c) {
-            const int i = fila * hoja::kColumnas3 + c;
+        for (int c = 0; c < grid::kColumns3; ++c) {
+            const int i = fila * grid::kColumns3 + c;
             const Columna& columna = kColumnasText3.at(static_cast<std::size_t>(c));
             Place(Text3(i), FilaDeCelda("Text3", i, columna, fila, kTabText3 + i), {},
                   Hablado(fila, columna));
@@ -225,7 +226,7 @@ void Form5::PlaceRestOfScreen() {
     Place(Text5, kText5);
     Place(Text4, kText4);
     Place(Text6, kText6);
-    for (TextCell* celda : {&Text2, &Text4, &Text5, &Text6, &Text7}) celda->Locked = true;
+    for (TextCell* cell : ConclusionCells()) cell->Locked = true;
 
     SetMenu({{"vacio1"},
              {"vacio2"},
@@ -260,7 +261,25 @@ void Form5::PlaceRestOfScreen() {
              {"salir", "Salir", [this] { salir_Click(); }}});
 }
 
-Doble Form5::Valor(int celda) const { return LeerValor(Text1(celda).Text); }
+TextCell& Form5::Cell(int row, int column) { return Text1(grid::Cell(row, column)); }
+const TextCell& Form5::Cell(int row, int column) const { return Text1(grid::Cell(row, column)); }
+TextCell& Form5::Cell3(int row, int column) { return Text3(grid::Cell3(row, column)); }
+
+Doble Form5::Value(int cell) const { return LeerValor(Text1(cell).Text); }
+
+void Form5::Open(Button& button) {
+    button.Visible = true;
+    button.Enabled = true;
+}
+
+void Form5::OpenAfter(int task, Button Form5::*next, Button& after_the_last) {
+    const Entero tasks = entorno_.record.NumTareas;
+    if (tasks == task) {
+        Open(after_the_last);
+    } else if (tasks > task && next != nullptr) {
+        Open(this->*next);
+    }
+}
 
 void Form5::Timer1_Timer() { Label5.Caption = FormatoFecha(entorno_.host.Now()); }
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+
 #include "core/navigation.h"
+#include "core/numbers.h"
 #include "forms/screen.h"
 #include "runtime/array.h"
 
@@ -75,53 +78,42 @@ public:
     Entero DiaActual;  ///< the day that the sheet shows, as the menu passed it; 0 before the first
 
 private:
-    struct ValidacionDeTarea;
-    struct ExposicionCorta;
-    struct Mezcla;
+    class TaskValidation;
+    class ShortExposure;
 
     void PlaceSheet();
     void PlaceRestOfScreen();
 
-    Entero FilasEnUso(const Entero& tarea) const;
-    void DisponerTarea(const Entero& tarea);
-    void RellenarPlan(const Entero& tarea);
-    void AbrirMediciones(const Entero& tarea, const Entero& filas);
-    bool DiaIncoherente(const Entero& dia);
-    void Abrir(Button& boton);
-    void MostrarConclusiones();
-    HojaDelDia* HojaDelDiaActual();
+    // Cells by row, from 1, and column; the columns are named in grid.h.
+    TextCell& Cell(int row, int column);
+    const TextCell& Cell(int row, int column) const;
+    TextCell& Cell3(int row, int column);
+    /// The text of a cell of `Text1` read as a number.
+    Doble Value(int cell) const;
+    Doble Value(int row, int column) const { return LeerValor(Cell(row, column).Text); }
 
-    void ValidarTarea(const ValidacionDeTarea& tarea);
-    bool FaltanLimites(const ValidacionDeTarea& tarea) const;
-    bool HayDatosEnLaPrimeraTarea() const;
-    bool FaltanMuestras(const ValidacionDeTarea& tarea) const;
-    bool HayHuecos(const ValidacionDeTarea& tarea) const;
-    void CalcularFilas(const ValidacionDeTarea& tarea);
-    template <class Cambio>
-    void PorCadaMuestra(int base, Cambio cambio);
+    void Begin(int day);
+    void TakeUpAgain(int day);
+    Entero RowsInUse(const Entero& task) const;
+    void LayOutTask(int task);
+    void FillPlan(int task);
+    void UnlockSamples(int task, const Entero& rows);
+    bool IsRefused(const Entero& day);
+    std::array<TextCell*, 5> ConclusionCells() { return {&Text2, &Text4, &Text5, &Text6, &Text7}; }
+    void SetConclusionsVisible(bool visible);
+    template <class Visitor>
+    void ForEachEntry(Visitor visit);
 
-    void SumarGrupos();
-    void MostrarMediasYDesviaciones();
-    void CopiarIndicesSinGrupo();
-    void RepartirSumas();
+    void Open(Button& button);
+    void OpenAfter(int task, Button Form5::*next, Button& after_the_last);
 
-    void EvaluarExposicionCorta(const ExposicionCorta& tarea);
-    void LlenarFilaSimple(int c, int d, Doble ec);
-    void EvaluarNoAditivos(const ExposicionCorta& tarea);
-    void EvaluarGruposDeUno(const ExposicionCorta& tarea);
-    void LimiteDeMezclas(const ExposicionCorta& tarea);
-    void EstadisticaDeMezclas(const ExposicionCorta& tarea);
-    Mezcla ReunirMezcla(const ExposicionCorta& tarea, int grupo) const;
-    void CalcularProbabilidades(const ExposicionCorta& tarea);
+    void SumGroup(int k);
+    void ShowMeansAndDeviations();
+    void CopyIndicesWithoutGroup();
+    void SpreadSums();
 
-    void BuscarMuestraSobreLimite();
-    bool HayMuestraSobreLimite(int minutos, Color color);
-    void EscribirVeredictos(const Doble& indice, const Doble& probabilidad);
-    void GuardarHoja();
-    void LlevarAHojaFinal();
-
-    /// Text of a cell of `Text1` read as a number.
-    Doble Valor(int celda) const;
+    bool MarkSampleOverLimit(int minutes, Color color);
+    void CopyToFinalTable();
 
     Entorno entorno_;
 
@@ -131,16 +123,15 @@ private:
     Entero CeldaFiltrada;
 };
 
-namespace hoja {
-
-// The sheet's shape, for all of its files.
-inline constexpr int kFilas = 18;
-inline constexpr int kFilasPorTarea = 6;
-inline constexpr int kColumnas = 18;       ///< of Text1
-inline constexpr int kColumnas3 = 4;       ///< of Text3
-inline constexpr int kPrimeraMuestra = 7;  ///< column of C1
-inline constexpr int kUltimaMuestra = 12;  ///< column of C6
-
-}  // namespace hoja
+/// Visits the 401 entries of the present day's sheet in their order, each with the cell whose text
+/// it holds.
+template <class Visitor>
+void Form5::ForEachEntry(Visitor visit) {
+    HojaDelDia& entries = entorno_.record.Hoja(DiaActual);
+    int entry = 0;
+    for (TextCell& cell : Text1) visit(entries(++entry), cell);
+    for (TextCell& cell : Text3) visit(entries(++entry), cell);
+    for (TextCell* cell : ConclusionCells()) visit(entries(++entry), *cell);
+}
 
 }  // namespace velmora

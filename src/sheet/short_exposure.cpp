@@ -1,212 +1,181 @@
 #include <cmath>
+#include <vector>
 
 #include "core/numbers.h"
 #include "sheet/form5.h"
+#include "sheet/grid.h"
 #include "stats/statistics.h"
 
 namespace velmora {
 
-/// What differs between the three buttons.
-struct Form5::ExposicionCorta {
-    int tarea;
-    int base;       ///< first cell of the task in Text1
-    int base3;      ///< first cell of the task in Text3
-    double factor;  ///< turns the A+ cell of a group's first member into its EC+ cell
-    Entero n;       ///< contaminants of the task
+/// One press of a task's button: each contaminant, or each mixture of a task's contaminants that
+/// bear the same number in "A+", against its short-exposure limit.
+class Form5::ShortExposure {
+public:
+    /// What differs between the three buttons. The differences are part of the design.
+    struct Differences {
+        int task;
+        double factor;        ///< turns the A+ cell of a group's first member into its EC+ cell
+        Button Form5::*next;  ///< the next task's button
+    };
 
-    /// First cell of the row of contaminant i in Text1, and in Text3.
-    int Fila(int i) const { return base + (i - 1) * hoja::kColumnas; }
-    int Fila3(int i) const { return base3 + (i - 1) * hoja::kColumnas3; }
+    ShortExposure(Form5& sheet, const Differences& task)
+        : sheet_(sheet),
+          record_(sheet.entorno_.record),
+          differences_(task),
+          task_(task.task),
+          contaminants_(record_.NumContaminantes(task_)) {}
 
-    /// The A+ cells of the task's rows, first and last.
-    int PrimeraMarca() const { return base + 6; }
-    int UltimaMarca() const { return (Entero(base) + Entero(18) * (n - 1) + 6).Valor(); }
-};
+    void Run();
 
-/// The samples of one additive group.
-struct Form5::Mezcla {
-    Array<Array<Doble, 1, 6>, 1, 7> muestras;  ///< rows 1 to 6 by the member's place, 7 the sums
-    int miembros = 0;
-    int primera_marca = 0;  ///< the A+ cell of the first member
+private:
+    using Group = std::vector<int>;  ///< its members, by their place in the task
+
+    int RowOf(int contaminant) const { return grid::RowOf(task_, contaminant); }
+    Doble Value(int contaminant, int column) const {
+        return sheet_.Value(RowOf(contaminant), column);
+    }
+    TextCell& Cell3(int contaminant, int column) {
+        return sheet_.Cell3(RowOf(contaminant), column);
+    }
+
+    Group GroupOf(int number) const;
+    Doble LimitOf(int contaminant, const Doble& ec) const;
+    void JudgeAlone(int contaminant, const Doble& ec);
+    void SetMixtureLimit(const Group& group);
+    Muestras CommonSums(const Group& group) const;
+    void NoteMixture(const Group& group);
+    void SetProbabilities();
+
+    Form5& sheet_;
+    EvaluacionRecord& record_;
+    Differences differences_;
+    int task_;
+    Entero contaminants_;
 };
 
 namespace {
 
-constexpr int kUltimoGrupo = 6;
-
-// Columns of Text1.
-constexpr int kEd = 2;
-constexpr int kEc = 3;
-constexpr int kAditivo = 6;
-constexpr int kMg = 16;
-constexpr int kGsd = 17;
-
-// Columns of Text3.
-constexpr int kEcMas = 0;
-constexpr int kMgMas = 1;
-constexpr int kGsdMas = 2;
-constexpr int kProb = 3;
+constexpr int kLastGroup = 6;
 
 }  // namespace
 
-void Form5::Command5_Click() {
-    EvaluarExposicionCorta({1, 0, 0, 0.222, entorno_.record.NumContaminantes(1)});
-    if (entorno_.record.NumTareas > 1) Abrir(Command6);
-    if (entorno_.record.NumTareas == 1) {
-        Abrir(Command8);
-        MostrarConclusiones();
-    }
-}
+void Form5::Command5_Click() { ShortExposure(*this, {1, 0.222, &Form5::Command6}).Run(); }
 
 void Form5::Command6_Click() {
     // The factor is the first task's: from the third row on it misses the EC+ cell and hits the
-    // Prob. cell of the row above. Required as it stands.
-    EvaluarExposicionCorta({2, 108, 24, 0.222, entorno_.record.NumContaminantes(2)});
-    if (entorno_.record.NumTareas > 2) Abrir(Command7);
-    if (entorno_.record.NumTareas == 2) {
-        Abrir(Command8);
-        MostrarConclusiones();
+    // Prob. cell of the row above. That is meant.
+    ShortExposure(*this, {2, 0.222, &Form5::Command7}).Run();
+}
+
+void Form5::Command7_Click() { ShortExposure(*this, {3, 0.2222, nullptr}).Run(); }
+
+void Form5::ShortExposure::Run() {
+    for (int i = 1; i <= contaminants_.Valor(); ++i) {
+        const Doble a = Value(i, grid::kAdditive);
+        const Doble e = Value(i, grid::kEc);
+        if (a == 0) JudgeAlone(i, e);
     }
-}
-
-void Form5::Command7_Click() {
-    EvaluarExposicionCorta({3, 216, 48, 0.2222, entorno_.record.NumContaminantes(3)});
-    if (entorno_.record.NumTareas == 3) {
-        Abrir(Command8);
-        MostrarConclusiones();
+    for (int k = 1; k <= kLastGroup; ++k) {
+        const Group group = GroupOf(k);
+        if (group.size() == 1) JudgeAlone(group.front(), Value(group.front(), grid::kEc));
     }
-}
-
-void Form5::EvaluarExposicionCorta(const ExposicionCorta& tarea) {
-    EvaluarNoAditivos(tarea);
-    EvaluarGruposDeUno(tarea);
-    LimiteDeMezclas(tarea);
-    EstadisticaDeMezclas(tarea);
-    CalcularProbabilidades(tarea);
-}
-
-/// EC+, MG+ and GSD+ of a row judged by itself; c and d are its first cells in Text1 and Text3, ec
-/// what its "EC" reads.
-void Form5::LlenarFilaSimple(int c, int d, Doble ec) {
-    Text3(d + kEcMas).Text = TextoDoble(ec == 0 ? 3 * Valor(c + kEd) : ec);
-    Text3(d + kMgMas).Text = TextoDoble(Valor(c + kMg));
-    Text3(d + kGsdMas).Text = TextoDoble(Valor(c + kGsd));
-}
-
-void Form5::EvaluarNoAditivos(const ExposicionCorta& tarea) {
-    for (int i = 1; i <= tarea.n.Valor(); ++i) {
-        const Doble a = Valor(tarea.Fila(i) + kAditivo);
-        const Doble e = Valor(tarea.Fila(i) + kEc);
-        if (a == 0) LlenarFilaSimple(tarea.Fila(i), tarea.Fila3(i), e);
+    for (int k = 1; k <= kLastGroup; ++k) SetMixtureLimit(GroupOf(k));
+    for (int k = 1; k <= kLastGroup; ++k) {
+        const Group group = GroupOf(k);
+        if (group.size() >= 2) NoteMixture(group);
     }
+    SetProbabilities();
+    sheet_.OpenAfter(task_, differences_.next, sheet_.Command8);
+    if (record_.NumTareas == task_) sheet_.SetConclusionsVisible(true);
 }
 
-void Form5::EvaluarGruposDeUno(const ExposicionCorta& tarea) {
-    for (int k = 1; k <= kUltimoGrupo; ++k) {
-        int miembros = 0;
-        int ultimo = 0;
-        for (int i = 1; i <= tarea.n.Valor(); ++i) {
-            if (Valor(tarea.Fila(i) + kAditivo) == k) {
-                ++miembros;
-                ultimo = i;
-            }
+Form5::ShortExposure::Group Form5::ShortExposure::GroupOf(int number) const {
+    // The A+ cells from the first row's to the last one's, counted in Integers: a number of
+    // contaminants that only a harmed file can give may be too small for them.
+    const Entero first = grid::Cell(RowOf(1), grid::kAdditive);
+    const Entero last = first + Entero(grid::kColumns) * (contaminants_ - 1);
+    Group group;
+    for (int cell = first.Valor(), place = 1; cell <= last.Valor();
+         cell += grid::kColumns, ++place) {
+        if (sheet_.Value(cell) == number) group.push_back(place);
+    }
+    return group;
+}
+
+/// What "EC" reads, or three times "ED" where that is 0.
+Doble Form5::ShortExposure::LimitOf(int contaminant, const Doble& ec) const {
+    return ec == 0 ? 3 * Value(contaminant, grid::kEd) : ec;
+}
+
+void Form5::ShortExposure::JudgeAlone(int contaminant, const Doble& ec) {
+    Cell3(contaminant, grid::kEcPlus).Text = TextoDoble(LimitOf(contaminant, ec));
+    Cell3(contaminant, grid::kMgPlus).Text = TextoDoble(Value(contaminant, grid::kMg));
+    Cell3(contaminant, grid::kGsdPlus).Text = TextoDoble(Value(contaminant, grid::kGsd));
+}
+
+/// The harmonic mean of the members' limits, weighted by their MMP.
+void Form5::ShortExposure::SetMixtureLimit(const Group& group) {
+    Doble W;
+    Doble S;
+    for (const int i : group) {
+        const Doble mmp = Value(i, grid::kMmp);
+        W += mmp / LimitOf(i, Value(i, grid::kEc));
+        S += mmp;
+    }
+    // Not asked before: a group of one whose limits both read 0 ends the program above, as meant.
+    if (W == 0 || group.size() < 2) return;
+    const int p = grid::Cell(RowOf(group.front()), grid::kAdditive);
+    const double cell = std::floor(static_cast<double>(p) * differences_.factor - 1.3);
+    sheet_.Text3(RedondearEntero(cell)).Text = TextoDoble(S / W);
+}
+
+/// The sums of the members' samples. A sample counts only if every member has it, and the first
+/// that one lacks ends the series.
+Muestras Form5::ShortExposure::CommonSums(const Group& group) const {
+    Array<Muestras, 1, 7> samples;  // 1 to 6 by the member's place, 7 the sums
+    for (const int i : group) {
+        for (int m = 1; m <= 6; ++m) samples(i, m) = Value(i, grid::kFirstSample + m - 1);
+    }
+    Muestras& sums = samples(7);
+    for (int m = 1; m <= 6; ++m) {
+        std::size_t having = 0;
+        for (int i = 1; i <= 6; ++i) {
+            if (samples(i, m) == 0) continue;
+            sums(m) += samples(i, m);
+            ++having;
         }
-        if (miembros != 1) continue;
-        LlenarFilaSimple(tarea.Fila(ultimo), tarea.Fila3(ultimo), Valor(tarea.Fila(ultimo) + kEc));
-    }
-}
-
-/// The limit of each mixture: the harmonic mean of its members' limits, weighted by their MMP.
-void Form5::LimiteDeMezclas(const ExposicionCorta& tarea) {
-    for (int k = 1; k <= kUltimoGrupo; ++k) {
-        Doble W;
-        Doble S;
-        int n = 0;
-        int p = 0;
-        for (int j = tarea.PrimeraMarca(); j <= tarea.UltimaMarca(); j += 18) {
-            const Doble marca = Valor(j);
-            if (marca == 0 || marca != k) continue;
-            if (p == 0) p = j;
-            ++n;
-            const Doble mmp = Valor(j + 7);
-            const Doble ec = Valor(j - 3);
-            W += ec == 0 ? mmp / (3 * Valor(j - 4)) : mmp / ec;
-            S += mmp;
-        }
-        if (W != 0 && n >= 2) {
-            const double celda = std::floor(static_cast<double>(p) * tarea.factor - 1.3);
-            Text3(RedondearEntero(celda)).Text = TextoDoble(S / W);
+        if (having < group.size()) {
+            sums(m) = 0;
+            break;
         }
     }
+    return sums;
 }
 
-Form5::Mezcla Form5::ReunirMezcla(const ExposicionCorta& tarea, int grupo) const {
-    Mezcla mezcla;
-    int r = 0;
-    for (int j = tarea.PrimeraMarca(); j <= tarea.UltimaMarca(); j += 18) {
-        ++r;  // runs over all rows of the task, members or not
-        if (Valor(j) != grupo) continue;
-        ++mezcla.miembros;
-        if (mezcla.primera_marca == 0) mezcla.primera_marca = j;
-        for (int m = 1; m <= 6; ++m) mezcla.muestras(r, m) = Valor(j + m);
-    }
-    return mezcla;
+/// MG+ and GSD+, on the row that the first member's number names.
+void Form5::ShortExposure::NoteMixture(const Group& group) {
+    const LogNormal series(CommonSums(group));
+    const double D = grid::Cell3(RowOf(1), 0);
+    // The mean is noted before the deviation is tried: a series of one sample ends the program
+    // between the two, as meant.
+    const Doble mg = series.GeometricMean();
+    const Doble number = Value(group.front(), grid::kNumber);
+    record_.MGmas(sheet_.DiaActual, task_, RedondearEntero(number)) = mg;
+    sheet_.Text3(RedondearEntero(D + number * 4 - 3)).Text = TextoDoble(mg);
+
+    const Doble gsd = series.GeometricDeviation();
+    record_.GSDmas(sheet_.DiaActual, task_, RedondearEntero(number)) = gsd;
+    sheet_.Text3(RedondearEntero(D + number * 4 - 2)).Text = TextoDoble(gsd);
 }
 
-/// MG+ and GSD+ of each mixture, from the sums of its members' samples.
-void Form5::EstadisticaDeMezclas(const ExposicionCorta& tarea) {
-    EvaluacionRecord& record = entorno_.record;
-    for (int k = 1; k <= kUltimoGrupo; ++k) {
-        Mezcla mezcla = ReunirMezcla(tarea, k);
-        if (mezcla.miembros < 2) continue;
-        auto& fila7 = mezcla.muestras(7);
-
-        // A sample counts only if every member has it; the first that one lacks ends the series.
-        for (int m = 1; m <= 6; ++m) {
-            int q = 0;
-            for (int r = 1; r <= 6; ++r) {
-                if (mezcla.muestras(r, m) == 0) continue;
-                fila7(m) += mezcla.muestras(r, m);
-                ++q;
-            }
-            if (q < mezcla.miembros) {
-                fila7(m) = 0;
-                break;
-            }
-        }
-        Entero z;
-        Doble L;
-        for (int m = 1; m <= 6; ++m) {
-            if (fila7(m) == 0) break;
-            fila7(m) = Logaritmo(fila7(m));
-            L += fila7(m);
-            ++z;
-        }
-        const Doble g = L / z.ComoDoble();
-        // The contaminant's number is read anew from the first member's cell each time.
-        const auto numero = [&] { return Valor(mezcla.primera_marca - 6); };
-
-        const Doble mg_mas = Exponencial(g);
-        record.MGmas(DiaActual, tarea.tarea, RedondearEntero(numero())) = mg_mas;
-        Text3(RedondearEntero(tarea.base3 + numero() * 4 - 3)).Text =
-            TextoDoble(record.MGmas(DiaActual, tarea.tarea, RedondearEntero(numero())));
-
-        Doble Q;
-        for (int m = 1; m <= z.Valor(); ++m) Q += Potencia(Absoluto(g - fila7(m)), 2.0);
-        const Doble gsd_mas = Exponencial(Potencia(Q / (z - 1).ComoDoble(), 0.5));
-        record.GSDmas(DiaActual, tarea.tarea, RedondearEntero(numero())) = gsd_mas;
-        Text3(RedondearEntero(tarea.base3 + numero() * 4 - 2)).Text = TextoDoble(gsd_mas);
-    }
-}
-
-void Form5::CalcularProbabilidades(const ExposicionCorta& tarea) {
-    const int ultima = (Entero(tarea.base3) + (tarea.n - 1) * 4).Valor();
-    for (int i = tarea.base3; i <= ultima; i += 4) {
-        if (Text3(i + kEcMas).Text.empty()) continue;
-        const Doble mg = LeerValor(Text3(i + kMgMas).Text);
-        const Doble razon = LeerValor(Text3(i + kEcMas).Text) / mg;
-        const Doble dispersion = LeerValor(Text3(i + kGsdMas).Text);
-        Text3(i + kProb).Text = TextoDoble(ProbabilidadExceso(razon, dispersion));
+void Form5::ShortExposure::SetProbabilities() {
+    for (int i = 1; i <= contaminants_.Valor(); ++i) {
+        if (Cell3(i, grid::kEcPlus).Text.empty()) continue;
+        const Doble mg = LeerValor(Cell3(i, grid::kMgPlus).Text);
+        const Doble ratio = LeerValor(Cell3(i, grid::kEcPlus).Text) / mg;
+        const Doble dispersion = LeerValor(Cell3(i, grid::kGsdPlus).Text);
+        Cell3(i, grid::kProbability).Text = TextoDoble(ProbabilidadExceso(ratio, dispersion));
     }
 }
 

@@ -1,112 +1,124 @@
 #include "core/numbers.h"
 #include "sheet/form5.h"
+#include "sheet/grid.h"
 #include "stats/statistics.h"
 
 namespace velmora {
 
-/// What differs between the three buttons. The differences are part of the design.
-struct Form5::ValidacionDeTarea {
-    int tarea;
-    int base;  ///< first cell of the task's block in Text1
-    std::string_view sin_datos;
-    bool ultima_fila_con_tiempo_del_primer_dia;
-    Button* siguiente;  ///< the next task's button, none after the last task
+/// One press of a task's button.
+class Form5::TaskValidation {
+public:
+    /// What differs between the three buttons. The differences are part of the design.
+    struct Differences {
+        int task;
+        std::string_view no_data;
+        int row_with_first_days_time;  ///< 0 for none
+        Button Form5::*next;           ///< the next task's button
+    };
 
-    /// First cell of row r (1 to 6, or further on if more are in use) of the block.
-    int Fila(int r) const { return base + hoja::kColumnas * (r - 1); }
+    TaskValidation(Form5& sheet, const Differences& task)
+        : sheet_(sheet), record_(sheet.entorno_.record), differences_(task), task_(task.task) {}
+
+    void Run();
+
+private:
+    int RowOf(int contaminant) const { return grid::RowOf(task_, contaminant); }
+    const std::string& Text(int contaminant, int column) const {
+        return sheet_.Cell(RowOf(contaminant), column).Text;
+    }
+
+    bool LacksLimits() const;
+    bool FirstTaskHasSamples() const;
+    bool LacksSamples() const;
+    bool HasGaps() const;
+    void ComputeRows();
+    Muestras SamplesOf(int contaminant) const;
+    Doble IndexOf(int contaminant, const Doble& mmp) const;
+    template <class Change>
+    void ForEachSample(Change change);
+
+    Form5& sheet_;
+    EvaluacionRecord& record_;
+    Differences differences_;
+    int task_;
 };
 
-namespace {
-
-constexpr int kColumnaEd = 2;
-constexpr int kColumnaEc = 3;
-constexpr int kColumnaMmp = 13;
-constexpr int kColumnaIndice = 14;
-constexpr double kHorasDeJornada = 8;
-
-}  // namespace
-
-void Form5::Command1_Click() { ValidarTarea({1, 0, "No hay datos para operar", false, &Command2}); }
+void Form5::Command1_Click() {
+    TaskValidation(*this, {1, "No hay datos para operar", 0, &Form5::Command2}).Run();
+}
 
 void Form5::Command2_Click() {
     // Row 6 of this task alone takes the first day's time, whatever the day: it is on purpose.
-    ValidarTarea({2, 108, " No hay datos para operar", true, &Command3});
+    TaskValidation(*this, {2, " No hay datos para operar", 6, &Form5::Command3}).Run();
 }
 
 void Form5::Command3_Click() {
-    ValidarTarea({3, 216, " No hay datos para operar", false, nullptr});
+    TaskValidation(*this, {3, " No hay datos para operar", 0, nullptr}).Run();
 }
 
-void Form5::ValidarTarea(const ValidacionDeTarea& tarea) {
-    Host& host = entorno_.host;
-    if (FaltanLimites(tarea)) {
+void Form5::TaskValidation::Run() {
+    Host& host = sheet_.entorno_.host;
+    if (LacksLimits()) {
         host.MsgBox("No se dispone de datos relativos a los contaminantes ");
         return;
     }
-    if (!HayDatosEnLaPrimeraTarea()) {
-        host.MsgBox(tarea.sin_datos);
+    if (!FirstTaskHasSamples()) {
+        host.MsgBox(differences_.no_data);
         return;
     }
-    PorCadaMuestra(tarea.base, [](TextCell& celda) { celda.ForeColor = kTextoDeVentana; });
-    if (FaltanMuestras(tarea)) {
+    ForEachSample([](TextCell& cell) { cell.ForeColor = kTextoDeVentana; });
+    if (LacksSamples()) {
         host.MsgBox("No hay datos suficientes para operar ");
         return;
     }
-    if (HayHuecos(tarea)) {
+    if (HasGaps()) {
         host.MsgBox("No deje espacios vacios");
         return;
     }
-    CalcularFilas(tarea);
-    Text7.Text.clear();
-    PorCadaMuestra(tarea.base, [](TextCell& celda) { celda.BackColor = kFondoDeVentana; });
-
-    const Entero tareas = entorno_.record.NumTareas;
-    if (tareas == tarea.tarea) {
-        Abrir(Command4);
-    } else if (tareas > tarea.tarea && tarea.siguiente != nullptr) {
-        Abrir(*tarea.siguiente);
-    }
+    ComputeRows();
+    sheet_.Text7.Text.clear();
+    ForEachSample([](TextCell& cell) { cell.BackColor = kFondoDeVentana; });
+    sheet_.OpenAfter(task_, differences_.next, sheet_.Command4);
 }
 
-bool Form5::FaltanLimites(const ValidacionDeTarea& tarea) const {
-    const int n = entorno_.record.NumContaminantes(tarea.tarea).Valor();
+bool Form5::TaskValidation::LacksLimits() const {
+    const int n = record_.NumContaminantes(task_).Valor();
     for (int r = 1; r <= n; ++r) {
-        const Doble ed = Valor(tarea.Fila(r) + kColumnaEd);
-        const Doble ec = Valor(tarea.Fila(r) + kColumnaEc);
+        const Doble ed = sheet_.Value(RowOf(r), grid::kEd);
+        const Doble ec = sheet_.Value(RowOf(r), grid::kEc);
         if (ed == 0 && ec == 0) return true;
     }
     return false;
 }
 
-bool Form5::HayDatosEnLaPrimeraTarea() const {
-    // All three buttons look at the first task's samples, not at their own.
-    for (int i = 0; i <= 5; ++i) {
-        for (int j = 0; j <= 5; ++j) {
-            if (!Text1(7 + 18 * i + j).Text.empty()) return true;
+bool Form5::TaskValidation::FirstTaskHasSamples() const {
+    // All three buttons look at the first task's samples, not at their own: it is meant.
+    for (int R = 1; R <= grid::kRowsPerTask; ++R) {
+        for (int c = grid::kFirstSample; c <= grid::kLastSample; ++c) {
+            if (!sheet_.Cell(R, c).Text.empty()) return true;
         }
     }
     return false;
 }
 
-bool Form5::FaltanMuestras(const ValidacionDeTarea& tarea) const {
-    const int n = entorno_.record.NumContaminantes(tarea.tarea).Valor();
+bool Form5::TaskValidation::LacksSamples() const {
+    const int n = record_.NumContaminantes(task_).Valor();
     for (int r = 1; r <= n; ++r) {
-        int llenas = 0;
-        for (int c = hoja::kPrimeraMuestra; c <= hoja::kUltimaMuestra; ++c) {
-            if (!Text1(tarea.Fila(r) + c).Text.empty()) ++llenas;
+        int filled = 0;
+        for (int c = grid::kFirstSample; c <= grid::kLastSample; ++c) {
+            if (!Text(r, c).empty()) ++filled;
         }
-        if (llenas < 2) return true;
+        if (filled < 2) return true;
     }
     return false;
 }
 
-bool Form5::HayHuecos(const ValidacionDeTarea& tarea) const {
-    for (int r = 1; r <= hoja::kFilasPorTarea; ++r) {
-        for (int c = hoja::kPrimeraMuestra; c < hoja::kUltimaMuestra; ++c) {
-            const std::string& izquierda = Text1(tarea.Fila(r) + c).Text;
-            const std::string& derecha = Text1(tarea.Fila(r) + c + 1).Text;
-            if ((izquierda.empty() && !derecha.empty()) ||
-                (LeerValor(izquierda) == 0 && !derecha.empty())) {
+bool Form5::TaskValidation::HasGaps() const {
+    for (int r = 1; r <= grid::kRowsPerTask; ++r) {
+        for (int c = grid::kFirstSample; c < grid::kLastSample; ++c) {
+            const std::string& left = Text(r, c);
+            const std::string& right = Text(r, c + 1);
+            if ((left.empty() && !right.empty()) || (LeerValor(left) == 0 && !right.empty())) {
                 return true;
             }
         }
@@ -114,41 +126,41 @@ bool Form5::HayHuecos(const ValidacionDeTarea& tarea) const {
     return false;
 }
 
-void Form5::CalcularFilas(const ValidacionDeTarea& tarea) {
-    EvaluacionRecord& record = entorno_.record;
-    for (int r = 1; r <= hoja::kFilasPorTarea; ++r) {
-        // The sum of the sample counts bounds the rows, not the number of contaminants.
-        if (record.Muestras30(DiaActual, tarea.tarea) + record.Muestras15(DiaActual, tarea.tarea) <
-            r) {
-            break;
-        }
-        Muestras muestras;
-        for (int c = 0; c <= 5; ++c) {
-            const std::string& texto = Text1(tarea.Fila(r) + hoja::kPrimeraMuestra + c).Text;
-            if (texto.empty() || LeerValor(texto) == 0) break;
-            muestras(c + 1) = LeerValor(texto);
-        }
-        const Doble mmp = MediaEstimada(record, muestras, DiaActual, tarea.tarea, r);
-        Text1(tarea.Fila(r) + kColumnaMmp).Text = FormatoDosDecimales(mmp);
-
-        const bool primer_dia =
-            r == hoja::kFilasPorTarea && tarea.ultima_fila_con_tiempo_del_primer_dia;
-        const Doble vla_ed = record.VlaEd(tarea.tarea, r);
-        Doble indice = 0;
-        if (vla_ed != 0) {
-            const Doble horas =
-                record.TiempoExposicion(primer_dia ? Entero(1) : DiaActual, tarea.tarea);
-            indice = horas * mmp / (vla_ed * kHorasDeJornada);
-        }
-        Text1(tarea.Fila(r) + kColumnaIndice).Text = FormatoDosDecimales(indice);
+void Form5::TaskValidation::ComputeRows() {
+    for (int r = 1; r <= grid::kRowsPerTask; ++r) {
+        // The sum of the sample counts bounds the rows, not the number of contaminants: it is
+        // meant.
+        if (sheet_.RowsInUse(task_) < r) break;
+        const Doble mmp = MediaEstimada(record_, SamplesOf(r), sheet_.DiaActual, task_, r);
+        sheet_.Cell(RowOf(r), grid::kMmp).Text = FormatoDosDecimales(mmp);
+        sheet_.Cell(RowOf(r), grid::kIndex).Text = FormatoDosDecimales(IndexOf(r, mmp));
     }
 }
 
-template <class Cambio>
-void Form5::PorCadaMuestra(int base, Cambio cambio) {
-    for (int r = 0; r < hoja::kFilasPorTarea; ++r) {
-        for (int c = hoja::kPrimeraMuestra; c <= hoja::kUltimaMuestra; ++c) {
-            cambio(Text1(base + hoja::kColumnas * r + c));
+Muestras Form5::TaskValidation::SamplesOf(int contaminant) const {
+    Muestras samples;
+    for (int c = 0; c <= 5; ++c) {
+        const std::string& text = Text(contaminant, grid::kFirstSample + c);
+        if (text.empty() || LeerValor(text) == 0) break;
+        samples(c + 1) = LeerValor(text);
+    }
+    return samples;
+}
+
+Doble Form5::TaskValidation::IndexOf(int contaminant, const Doble& mmp) const {
+    constexpr double kHoursOfWorkday = 8;
+    const Doble vla_ed = record_.VlaEd(task_, contaminant);
+    if (vla_ed == 0) return 0;
+    const bool first_day = contaminant == differences_.row_with_first_days_time;
+    const Doble hours = record_.TiempoExposicion(first_day ? Entero(1) : sheet_.DiaActual, task_);
+    return hours * mmp / (vla_ed * kHoursOfWorkday);
+}
+
+template <class Change>
+void Form5::TaskValidation::ForEachSample(Change change) {
+    for (int r = 1; r <= grid::kRowsPerTask; ++r) {
+        for (int c = grid::kFirstSample; c <= grid::kLastSample; ++c) {
+            change(sheet_.Cell(RowOf(r), c));
         }
     }
 }

@@ -19,26 +19,31 @@ Doble FactorDeCorreccion(Entero n, Doble gsd) {
 
 Doble Estimacion::Media() const { return mg * FactorDeCorreccion(n, gsd); }
 
+LogNormal::LogNormal(const Muestras& samples) {
+    for (int i = 1; i <= 6 && samples(i) != 0; ++i) {
+        logarithms_(i) = Logaritmo(samples(i));
+        sum_ += logarithms_(i);
+        ++size_;
+    }
+}
+
+Doble LogNormal::GeometricMean() const { return Exponencial(Mean()); }
+
+Doble LogNormal::GeometricDeviation() const {
+    const Doble mean = Mean();
+    Doble squares;
+    for (int i = 1; i <= size_.Valor(); ++i) {
+        squares += Potencia(Absoluto(mean - logarithms_(i)), 2.0);
+    }
+    return Exponencial(Potencia(squares / (size_ - 1).ComoDoble(), Doble(1.0) / Doble(2.0)));
+}
+
 std::optional<Estimacion> Estimar(const Muestras& muestras) {
-    Entero n;
-    Doble suma_logaritmos;
-    for (int i = 1; i <= 6; ++i) {
-        if (muestras(i) == 0) break;
-        suma_logaritmos += Logaritmo(muestras(i));
-        ++n;
-    }
-    if (n == 0) return std::nullopt;
-
-    const Doble m = suma_logaritmos / n.ComoDoble();
-    Doble q;
-    for (int i = 1; i <= 6; ++i) {
-        if (muestras(i) == 0) break;
-        q += Potencia(Absoluto(m - Logaritmo(muestras(i))), 2.0);
-    }
-    // A single sample fails here, with 0 / 0: it is not given a value.
-    const Doble s = Potencia(q / (n - 1).ComoDoble(), Doble(1.0) / Doble(2.0));
-
-    return Estimacion{n, Exponencial(m), Exponencial(s)};
+    const LogNormal series(muestras);
+    if (series.Size() == 0) return std::nullopt;
+    // A single sample ends the program here, with 0 / 0: it is meant not to be given a value.
+    const Doble gsd = series.GeometricDeviation();
+    return Estimacion{series.Size(), series.GeometricMean(), gsd};
 }
 
 Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,

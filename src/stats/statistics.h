@@ -27,6 +27,8 @@ struct Curva {
 };
 
 // clang-format off
+/// Given with the method. For GSD from 1.2 to 4 they come within 2 % of the factor of the unbiased
+/// estimator of a log-normal mean with the least variance (D. J. Finney, 1941).
 inline constexpr std::array<Correccion, 4> kCorrecciones = {{
     {3, 0.7969, 0.1964},
     {4, 0.763,  0.228 },
@@ -34,7 +36,10 @@ inline constexpr std::array<Correccion, 4> kCorrecciones = {{
     {6, 0.7477, 0.251 },
 }};
 
-/// The curves in the order in which they are tried.
+/// The curves in the order in which they are tried. Given with the method. Each comes close to
+/// razon^(1 / z), the dispersion at which a log-normal concentration passes `razon` times its
+/// geometric mean with the class's probability; z is the normal quantile, 4.265, 3.719, 3.090,
+/// 2.326 and 1.645. B is within 1.3 % of 1 / z.
 inline constexpr std::array<Curva, 5> kCurvas = {{
     {1.0026, 0.2357, 0.001},
     {0.994,  0.2722, 0.01 },
@@ -43,6 +48,31 @@ inline constexpr std::array<Curva, 5> kCurvas = {{
     {1.002,  0.6049, 5    },
 }};
 // clang-format on
+
+/// The log-normal distribution that a series of samples comes from: those up to the first that is
+/// exactly 0, in the samples' own unit.
+class LogNormal {
+public:
+    /// Throws ArgumentoNoValido for a negative sample within the series.
+    explicit LogNormal(const Muestras& samples);
+
+    /// How many samples there are, 0 to 6.
+    Entero Size() const { return size_; }
+
+    /// exp(m), m the mean of the natural logarithms. Throws OperacionNoValida without samples.
+    Doble GeometricMean() const;
+
+    /// exp(s), s the standard deviation of the natural logarithms, its divisor one less than their
+    /// number. Throws OperacionNoValida for fewer than two samples.
+    Doble GeometricDeviation() const;
+
+private:
+    Doble Mean() const { return sum_ / size_.ComoDoble(); }
+
+    Array<Doble, 1, 6> logarithms_;
+    Doble sum_;
+    Entero size_;
+};
 
 /// What a row of log-normal samples gives, in the samples' own unit but for the deviation.
 struct Estimacion {
@@ -55,10 +85,8 @@ struct Estimacion {
     Doble Media() const;
 };
 
-/// The samples count up to the first that is exactly 0; nothing without any. With m and s the mean
-/// and the standard deviation (divisor n - 1) of their natural logarithms, MG = exp(m) and
-/// GSD = exp(s). Throws OperacionNoValida for a single sample (0 / 0), ArgumentoNoValido for a
-/// negative one.
+/// The `LogNormal` of the samples; nothing without any. Throws OperacionNoValida for a single
+/// sample (0 / 0), ArgumentoNoValido for a negative one.
 std::optional<Estimacion> Estimar(const Muestras& muestras);
 
 /// The estimated mean of the samples, 0 without any. Stores MG and GSD in the record at (`dia`,

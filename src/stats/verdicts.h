@@ -22,7 +22,8 @@ struct Veredicto {
 };
 
 // clang-format off
-/// By day, from the first.
+/// By day, from the first. The third day's lowest sentence has no "/10", though its limit is the
+/// same: that is meant.
 inline constexpr std::array<Veredicto, 3> kVeredictoDelIndice = {{
     {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
               "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS",

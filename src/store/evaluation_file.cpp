@@ -47,9 +47,7 @@ void ForEachValue(Record& record, Visitor&& visit) {
         }
     }
     for (int entrada = HojaDelDia::kFirst; entrada <= HojaDelDia::kLast; ++entrada) {
-        visit(record.HojaPrimerDia(entrada));
-        visit(record.HojaSegundoDia(entrada));
-        visit(record.HojaTercerDia(entrada));
+        for (int dia = 1; dia <= 3; ++dia) visit(record.Hoja(dia)(entrada));
     }
     for (auto& fila : record.HojaFinal) {
         for (auto& celda : fila) visit(celda);
