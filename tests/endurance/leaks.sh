@@ -17,7 +17,7 @@ trap 'rm -f "$log"' EXIT
 QT_QPA_PLATFORM=offscreen valgrind --undef-value-errors=no --leak-check=full \
     --show-leak-kinds=definite,indirect,possible --num-callers=50 \
     --suppressions="$here/valgrind.supp" --log-file="$log" \
-    "$program" "$moves" "$evaluations" "$dialogs" >/dev/null 2>&1
+    "$program" "$moves" "$evaluations" "$dialogs" 1 >/dev/null 2>&1
 status=$?
 
 # Status 1 says that memory isn't flat, which it never is in a run as short as this.
