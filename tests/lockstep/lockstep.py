@@ -16,7 +16,7 @@ from collections import Counter
 sys.dont_write_bytecode = True
 
 from guia import Guia
-from sesion import Sesion
+from sesion import DE_UN_GOLPE, Sesion
 
 AQUI = os.path.dirname(os.path.abspath(__file__))
 RAIZ = os.path.dirname(os.path.dirname(AQUI))
@@ -92,6 +92,8 @@ def una_sesion(opciones, locale, semilla):
         while not diferencias and len(sesion.hechas) < opciones.actions:
             accion = guia.siguiente()
             cuenta[type(sesion.programa.pantalla).__name__ + " " + accion[0]] += 1
+            if accion[0] in DE_UN_GOLPE and azar.random() < 0.4:
+                accion = ["&" + accion[0], *accion[1:]]
             diferencias = sesion.hacer(accion)
         diferencias = diferencias or sesion.cerrar()
         return sesion.hechas, diferencias, cuenta, sesion.salida()

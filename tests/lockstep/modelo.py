@@ -26,6 +26,8 @@ Actions, NAME being a control or a menu entry and PATH starting with "@/" for th
     print accept | print cancel
     put PATH BASE64         writes a file in the session's folder, from outside the program
     restart                 kills the process and starts a new one
+
+A session puts "&" ahead of the name of an action that the next one follows at once.
 """
 
 import base64

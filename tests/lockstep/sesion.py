@@ -10,8 +10,16 @@ from modelo import Programa
 from proceso import LOCALES, Proceso, Terminado
 
 
+# What may be followed at once by the next action: all that has had its effect when it returns.
+DE_UN_GOLPE = ("click", "space", "menu", "type", "im", "double", "pick", "listkeys", "close", "clip")
+
+
 class Sesion:
-    """`hacer` takes an action through both sides and returns the differences after it."""
+    """`hacer` takes an action through both sides and returns the differences after it.
+
+    An action with "&" ahead of its name is kept back: the program gets it in one burst with those
+    that follow, and no turn of its event loop comes between them.
+    """
 
     def __init__(self, ejecutable, complementos, locale):
         self.ejecutable, self.complementos, self.locale = ejecutable, complementos, locale
@@ -22,28 +30,46 @@ class Sesion:
         self.cotejo = Cotejo(self.programa)
         self.proceso = None
         self.hechas = []
+        self.rafaga = []
 
     def abrir(self):
         self.proceso = Proceso(self.ejecutable, self.complementos, self.locale, self.carpeta)
         return self.cotejo.diferencias(self.proceso)
 
     def aplicable(self, accion):
-        return self.programa.aplicable(accion)
+        return self.programa.aplicable([accion[0].removeprefix("&"), *accion[1:]])
 
     def hacer(self, accion):
         self.hechas.append(accion)
-        if accion[0] == "put":
-            return self._poner(accion)
-        if accion[0] == "restart":
-            self.proceso.matar()
-            self.programa.actuar(accion)
-            return self.abrir()
+        espera_otra = accion[0].startswith("&")
+        accion = [accion[0].removeprefix("&"), *accion[1:]]
+        if accion[0] in ("put", "restart"):
+            return self._soltar() or self._desde_fuera(accion)
         enviada = list(accion)
         if accion[0] == "file" and len(accion) == 3:
             enviada[2] = self.programa.ruta(accion[2])
+        self.rafaga.append(enviada)
+        antes = self.programa.pantalla
+        self.programa.actuar(accion)
+        # A box waits, and a screen just entered has no place for a click before it is laid out.
+        sigue = (self.programa.espera, self.programa.estado_final) == (None, None)
+        sigue = sigue and self.programa.pantalla is antes
+        return [] if espera_otra and sigue else self._soltar()
+
+    def _desde_fuera(self, accion):
+        if accion[0] == "put":
+            return self._poner(accion)
+        self.proceso.matar()
+        self.programa.actuar(accion)
+        return self.abrir()
+
+    def _soltar(self):
+        """Lets the program do what was kept back; the differences after it."""
+        rafaga, self.rafaga = self.rafaga, []
+        if not rafaga:
+            return []
         try:
-            self.proceso.enviar(enviada)
-            self.programa.actuar(accion)
+            self.proceso.enviar(rafaga[0] if len(rafaga) == 1 else ["burst", *rafaga])
             self.proceso.recibir()
         except Terminado as fin:
             debido = self.programa.estado_final
@@ -62,11 +88,11 @@ class Sesion:
         return []
 
     def cerrar(self):
-        """Ends the process; differences of what it leaves on the disk."""
+        """Ends the process; differences of its last burst and of what it leaves on the disk."""
         if self.proceso is None:
             return []
+        halladas = self._soltar()
         self.proceso.matar()
-        halladas = []
         for camino in (self.proceso.casa, self.proceso.trabajo):
             for lugar, _, nombres in os.walk(camino):
                 halladas += [f"left behind: {os.path.join(lugar, n)}" for n in nombres]

@@ -348,8 +348,22 @@ QMainWindow* mainWindow() {
     return nullptr;
 }
 
+namespace {
+
+/// One upon the other, without a turn of the event loop between them.
+QString performAll(const QJsonArray& burst) {
+    for (qsizetype i = 1; i < burst.size(); ++i) {
+        const QString trouble = perform(burst.at(i).toArray());
+        if (!trouble.isEmpty()) return trouble;
+    }
+    return {};
+}
+
+}  // namespace
+
 QString perform(const QJsonArray& action) {
     if (action.isEmpty()) return {};
+    if (action.at(0) == QLatin1String("burst")) return performAll(action);
     if (mainWindow() == nullptr) return text("no window");
     const QString verb = action.at(0).toString();
     const QString name = action.at(1).toString();
