@@ -139,7 +139,7 @@ TEST_F(PrintTest, NoPrinterAtAllIsPassedOverWhateverTheDialogsAnswer) {
     EXPECT_EQ(robot.Text("Text1(4)"), "a");
 }
 
-TEST_F(PrintTest, ThePageHasTheScreensColoursWhateverThePrinterIsSetTo) {
+TEST_F(PrintTest, ThePageHasTheScreensColoursAndLiesAcrossWhateverThePrinterIsSetTo) {
     const QString painter = QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
     if (painter.isEmpty()) GTEST_SKIP() << "no pdftoppm";
     host.make_printer = [this, make = host.make_printer] {
@@ -156,6 +156,7 @@ TEST_F(PrintTest, ThePageHasTheScreensColoursWhateverThePrinterIsSetTo) {
     const QImage page(drawn + QStringLiteral(".ppm"));
     ASSERT_FALSE(page.isNull());
     EXPECT_FALSE(page.allGray());
+    EXPECT_GT(page.width(), page.height());
 }
 
 TEST_F(PrintTest, ThePageHoldsTheScreensTextsAndNotTheMenu) {

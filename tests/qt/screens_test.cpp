@@ -169,9 +169,12 @@ TEST_P(ScreenOnWindowTest, EachFontIsAsLargeAndAsBoldAsItsRowTells) {
 
 TEST_P(ScreenOnWindowTest, TheTextStandsOnTheSideThatItsRowTells) {
     for (const Control& control : Shown().Controls()) {
-        const auto* const label = qobject_cast<const QLabel*>(&robot.Find(control.name));
-        if (label == nullptr) continue;
-        const Qt::Alignment side = label->alignment() & Qt::AlignHorizontal_Mask;
+        const QWidget& widget = robot.Find(control.name);
+        const auto* const label = qobject_cast<const QLabel*>(&widget);
+        const auto* const cell = qobject_cast<const QLineEdit*>(&widget);
+        if (label == nullptr && cell == nullptr) continue;
+        const Qt::Alignment side =
+            (label != nullptr ? label->alignment() : cell->alignment()) & Qt::AlignHorizontal_Mask;
         const auto wanted = control.row.look.align == Align::Center  ? Qt::AlignHCenter
                             : control.row.look.align == Align::Right ? Qt::AlignRight
                                                                      : Qt::AlignLeft;

@@ -283,18 +283,17 @@ TEST_P(EachScreensOrderTest, WhereTwoControlsOverlapTheLaterOneIsOnTop) {
     ShowAll();
     window->setFocus();
     const QWidget& canvas = *window->centralWidget();
-    const auto& controls = chain.Current().Controls();
+    std::vector<const QWidget*> widgets;  // in the order of the table
+    for (const Control& control : chain.Current().Controls()) {
+        widgets.push_back(&robot.Find(control.name));
+    }
     std::vector<std::string> wrong;
-    for (std::size_t i = 0; i < controls.size(); ++i) {
-        const QRect below = robot.Find(controls[i].name).geometry();
-        for (std::size_t j = i + 1; j < controls.size(); ++j) {
-            const QWidget& later = robot.Find(controls[j].name);
-            const QRect both = below.intersected(later.geometry());
-            if (both.isEmpty()) continue;
-            const QWidget* const top = canvas.childAt(both.center());
-            if (top == &robot.Find(controls[i].name)) {
-                wrong.push_back(controls[i].name + " over " + controls[j].name);
-            }
+    for (std::size_t i = 0; i < widgets.size(); ++i) {
+        for (std::size_t j = i + 1; j < widgets.size(); ++j) {
+            const QRect both = widgets[i]->geometry().intersected(widgets[j]->geometry());
+            if (both.isEmpty() || canvas.childAt(both.center()) != widgets[i]) continue;
+            wrong.push_back(widgets[i]->objectName().toStdString() + " over " +
+                            widgets[j]->objectName().toStdString());
         }
     }
     EXPECT_THAT(wrong, IsEmpty());
