@@ -1,6 +1,7 @@
 #include "report/pictures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "report/normal.h"
@@ -38,7 +39,8 @@ ProbabilityPlot PlotOf(const DayCase& day, int row) {
     plot.mg = *day.exact.rows(row).mg;
     plot.gsd = *day.exact.rows(row).gsd;
     if (input.vla_ed > 0) plot.vla_ed = input.vla_ed;
-    if (input.ShortLimit() > 0) plot.ec_plus = input.ShortLimit();
+    const double limit = input.ShortLimit();
+    if (limit > 0 && std::isfinite(limit)) plot.ec_plus = limit;
     return plot;
 }
 

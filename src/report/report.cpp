@@ -204,7 +204,7 @@ std::vector<Finding> FindingsOf(const EvaluacionRecord& record,
         std::move(more.begin(), more.end(), std::back_inserter(all));
     };
     for (const DayCase& day : planned_days) add(ReviewDay(record, day));
-    add(ReviewFinalTable(record, cells_read));
+    add(ReviewFinalTable(record, planned_days, cells_read));
     std::stable_sort(all.begin(), all.end(), [](const Finding& a, const Finding& b) {
         return (a.day == 0 ? kDays + 1 : a.day) < (b.day == 0 ? kDays + 1 : b.day);
     });

@@ -71,6 +71,10 @@ void CompareAnswer(ReviewNotes& notes, bool of_sheet, bool plain) {
         return row.minutes == 15 || row.minutes == 30;
     });
     const std::string& answer = (*notes.day.sheet)(kOverLimit);
+    const auto changed = [](const ByRow<bool>& marks) {
+        return std::find(marks.begin(), marks.end(), true) != marks.end();
+    };
+    if (changed(notes.samples_changed) || changed(notes.inputs_changed)) return;
     if (!asked || answer == YesOrNo(of_sheet) || answer == YesOrNo(plain)) return;
     Doubt(notes, "¿Se ha superado?", kOverLimit, YesOrNo(plain));
 }

@@ -24,8 +24,8 @@ constexpr int ProbabilityColumn(int day) { return 6 + day; }
 /// The final table beside the sheets that it was made from.
 class FinalReview {
 public:
-    FinalReview(const EvaluacionRecord& record, int cells_read)
-        : record_(record), cells_read_(cells_read) {}
+    FinalReview(const EvaluacionRecord& record, const std::vector<DayCase>& days, int cells_read)
+        : record_(record), days_(days), cells_read_(cells_read) {}
 
     std::vector<Finding> Run() {
         for (int day = 1; day <= kDays; ++day) CompareDay(day);
@@ -84,9 +84,23 @@ private:
         const std::string& cell = Cell(row, column);
         const std::string& on_sheet = OnSheet(day, row, column);
         if (!IsRead(row, column) || on_sheet.empty()) return;
-        if (!cell.empty() && SameNumber(ReadAsTheSheet(cell), ReadAsTheSheet(on_sheet))) return;
+        const double read = ReadAsTheSheet(cell);
+        if (!cell.empty() && SameNumber(read, ReadAsTheSheet(on_sheet))) return;
+        const auto plain = Plain(day, row, column);
+        if (plain && SameNumber(read, *plain)) return;
         Note(FindingKind::DoesNotFollow, day, {row},
              {HeadingOf(day, column), OrBlank(cell), on_sheet + " en la hoja del día"});
+    }
+
+    /// What the plain computation has for a cell, through the sheet's two decimals.
+    std::optional<double> Plain(int day, int row, int column) const {
+        for (const DayCase& one : days_) {
+            if (one.day != day) continue;
+            if (column == IndexColumn(day)) return one.rounded.combined_index(row);
+            const Unit* const unit = UnitAt(one.rounded.units, row);
+            return unit != nullptr ? unit->probability : std::nullopt;
+        }
+        return std::nullopt;
     }
 
     static std::string HeadingOf(int day, int column) {
@@ -133,6 +147,7 @@ private:
     }
 
     const EvaluacionRecord& record_;
+    const std::vector<DayCase>& days_;
     int cells_read_;
     std::vector<Finding> findings_;
 };
@@ -178,8 +193,9 @@ std::vector<Finding> ReviewPlan(const EvaluacionRecord& record) {
     return findings;
 }
 
-std::vector<Finding> ReviewFinalTable(const EvaluacionRecord& record, int cells_read) {
-    return FinalReview(record, cells_read).Run();
+std::vector<Finding> ReviewFinalTable(const EvaluacionRecord& record,
+                                      const std::vector<DayCase>& days, int cells_read) {
+    return FinalReview(record, days, cells_read).Run();
 }
 
 }  // namespace velmora::report

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/record.h"
-#include "report/report.h"
+#include "report/day_case.h"
 
 namespace velmora::report {
 
@@ -13,9 +13,11 @@ namespace velmora::report {
 /// contaminants on days that have no sheet yet.
 std::vector<Finding> ReviewPlan(const EvaluacionRecord& record);
 
-/// The second reading of the final table, cell by cell against the days' sheets. `cells_read` is
-/// how many of its cells, row by row, the file held: the others are passed over.
-std::vector<Finding> ReviewFinalTable(const EvaluacionRecord& record, int cells_read);
+/// The second reading of the final table, cell by cell against the days' sheets and, where these
+/// hold something else, against the plain computation of the validated `days`. `cells_read` is how
+/// many of its cells, row by row, the file held: the others are passed over.
+std::vector<Finding> ReviewFinalTable(const EvaluacionRecord& record,
+                                      const std::vector<DayCase>& days, int cells_read);
 
 /// The greatest number of cells of the final table.
 inline constexpr int kFinalCells = 18 * 9;

@@ -32,7 +32,8 @@ void ReviewNotes::AddClass(int row, Told told, double exact_class) {
 }
 
 void ReviewNotes::Fault(int row, Column column, std::string plain) {
-    if (faults_(row)) return;
+    const bool excused = AnyRelated({row}, inputs_changed);
+    if (faults_(row) || (excused && !samples_changed(row))) return;
     faults_(row) = {std::string(HeadingOf(column)), OrBlank(day.Cell(row, column)),
                     std::move(plain)};
 }
@@ -48,6 +49,11 @@ std::vector<Finding> ReviewNotes::Finish() {
     std::stable_sort(findings_.begin(), findings_.end(),
                      [&](const Finding& a, const Finding& b) { return place(a) < place(b); });
     return std::move(findings_);
+}
+
+bool ReviewNotes::AnyRelated(const std::vector<int>& rows, const ByRow<bool>& marks) const {
+    const std::vector<int> related = WithGroups(rows);
+    return std::any_of(related.begin(), related.end(), [&](int row) { return marks(row); });
 }
 
 std::vector<int> ReviewNotes::WithGroups(const std::vector<int>& rows) const {

@@ -24,7 +24,8 @@ public:
     /// The same for one that bears on a class of probability other than the plain one.
     void AddClass(int row, Told told, double exact_class);
 
-    /// Notes that a cell of the row doesn't follow. A row makes one finding, with its first cell.
+    /// Notes that a cell of the row doesn't follow. A row makes one finding, with its first cell;
+    /// none where the row, or one of its groups, has other inputs than it was computed from.
     void Fault(int row, Column column, std::string plain);
     bool IsFaulty(int row) const { return faults_(row).has_value(); }
 
@@ -35,6 +36,11 @@ public:
     const DayCase& day;
     ByRow<bool> samples_changed{};  ///< the row's MMP doesn't come from its samples
     ByRow<bool> means_lost{};       ///< the row's MG and GSD were set to zero
+    ByRow<bool> inputs_changed{};   ///< a limit, time or group of the row isn't the plan's
+    ByRow<bool> group_changed{};    ///< its group isn't
+
+    /// Whether one of these rows, or of those that share a group with them, is marked.
+    bool AnyRelated(const std::vector<int>& rows, const ByRow<bool>& marks) const;
 
 private:
     std::vector<int> WithGroups(const std::vector<int>& rows) const;

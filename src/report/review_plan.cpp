@@ -53,6 +53,8 @@ void CompareAgent(ReviewNotes& notes, int row) {
     for (const PlanCell& plan : PlanCellsOf(notes.record, row)) {
         const Figure cell = notes.day.Shown(row, plan.column);
         if (Agree(cell, plan)) continue;
+        if (plan.number) notes.inputs_changed(row) = true;
+        if (plan.column == Column::Group) notes.group_changed(row) = true;
         (cell.text.empty() ? wiped : changed)
             .Add(HeadingOf(plan.column), OrBlank(cell.text), OrBlank(plan.text));
     }

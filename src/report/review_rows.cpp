@@ -62,11 +62,10 @@ std::vector<int> TellingRows(const ReviewNotes& notes, int task) {
     return rows;
 }
 
-/// The hours other than the plan's that all these rows' indices come from; "" when there are none.
-std::string OtherHours(const ReviewNotes& notes, const std::vector<int>& rows, double planned) {
+/// The hours that all these rows' indices come from; "" when there are none.
+std::string HoursOf(const ReviewNotes& notes, const std::vector<int>& rows) {
     std::string all;
     for (int hours = 1; hours <= kMostHours && !rows.empty(); ++hours) {
-        if (hours == planned) continue;
         const bool fit = std::all_of(rows.begin(), rows.end(),
                                      [&](int row) { return IndexComesFrom(notes, row, hours); });
         if (fit) all.append(all.empty() ? "" : " o ").append(NumberText(hours));
@@ -80,7 +79,7 @@ void CompareIndices(ReviewNotes& notes, int task) {
     const bool all_right = std::all_of(
         rows.begin(), rows.end(), [&](int row) { return IndexComesFrom(notes, row, planned); });
     if (all_right) return;
-    const std::string hours = OtherHours(notes, rows, planned);
+    const std::string hours = HoursOf(notes, rows);
     if (!hours.empty()) {
         notes.Add(FindingKind::PlanChanged, rows,
                   {"horas", hours, NumberText(planned) + " en el plan"}, Part::All);

@@ -95,8 +95,10 @@ std::string SumsByTask(const DayCase& day, const std::vector<int>& rows) {
     return tasks > 1 ? text : "";
 }
 
-void CompareGroup(ReviewNotes& notes, const std::vector<int>& rows) {
+void CompareGroup(ReviewNotes& notes, const std::vector<int>& rows,
+                  const ByRow<std::optional<double>>& written) {
     const DayCase& day = notes.day;
+    if (notes.AnyRelated(rows, notes.group_changed)) return;  // that is the finding
     const int first = rows.front();
     const std::string& cell = day.Cell(first, Column::CombinedIndex);
     const std::string heading(HeadingOf(Column::CombinedIndex));
@@ -115,7 +117,7 @@ void CompareGroup(ReviewNotes& notes, const std::vector<int>& rows) {
     for (const int row : rows) {
         const bool has = !day.Cell(row, Column::CombinedIndex).empty() &&
                          SameNumber(day.Read(row, Column::CombinedIndex), SumOf(day, rows));
-        if (!has && !notes.IsFaulty(row) && !IsPlain(day, row)) without.push_back(row);
+        if (!has && IsWritten(day, row, written(row)) && !IsPlain(day, row)) without.push_back(row);
     }
     if (without.empty() || (without.front() == first && day.comma)) return;
     notes.Add(FindingKind::SumNotSpread, without,
@@ -134,7 +136,7 @@ void CompareSums(ReviewNotes& notes) {
         if (IsWritten(day, row, written(row)) || IsPlain(day, row)) continue;
         notes.Fault(row, Column::CombinedIndex, NumberText(day.exact.combined_index(row)));
     }
-    for (const double group : GroupsOf(day)) CompareGroup(notes, MembersOf(day, group));
+    for (const double group : GroupsOf(day)) CompareGroup(notes, MembersOf(day, group), written);
 }
 
 }  // namespace velmora::report

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -90,7 +91,7 @@ protected:
     void PlanLine(int day, int task, int hours, int of15, int contaminants) {
         chain.Settle();
         chain.Go(ScreenId::Form3);
-        const int values[] = {day, task, hours, contaminants - of15, of15, contaminants};
+        const std::array values = {day, task, hours, contaminants - of15, of15, contaminants};
         int list = 2;
         for (const int value : values) {
             Pick(Indexed("Combo1", list++), TextoEntero(value));
@@ -131,13 +132,12 @@ protected:
         Choose(entry);
     }
     void NewDay(int day) {
-        constexpr std::string_view kEntries[] = {"introprimero", "introsegundo", "introtercero"};
-        OpenDay(kEntries[day - 1]);
+        constexpr std::array kEntries = {"introprimero", "introsegundo", "introtercero"};
+        OpenDay(kEntries.at(static_cast<std::size_t>(day - 1)));
     }
     void RecoverDay(int day) {
-        constexpr std::string_view kEntries[] = {"recupprimerdia", "recupsegundodia",
-                                                 "recuptercerdia"};
-        OpenDay(kEntries[day - 1]);
+        constexpr std::array kEntries = {"recupprimerdia", "recupsegundodia", "recuptercerdia"};
+        OpenDay(kEntries.at(static_cast<std::size_t>(day - 1)));
     }
 
     static std::string CellName(int row, int column) {

@@ -49,6 +49,14 @@ const TypedAgent kAcetone{"Acetona", "1210", "0", 30};
 const Samples kToluenesDay = {"120", "95", "150", "110"};
 const Samples kAcetonesDay = {"60", "45", "80"};
 
+const std::vector<Samples> kMixturesDay = {
+    kToluenesDay, {"30", "45", "20", "35"}, {"15", "25", "10", "20"}};
+
+std::vector<TypedAgent> WithGroup(std::string_view group) {
+    return {
+        kToluene, {"Xileno", "221", "442", 15, group}, {"Etilbenceno", "442", "884", 15, group}};
+}
+
 class ReviewTest : public EvaluationTest {
 protected:
     /// Toluene and acetone, of which nothing is to be found.
@@ -252,6 +260,35 @@ TEST_F(ReviewTest, ASentenceOfTheFileChangedByHand) {
                     Field(&Finding::what, "frase del índice")));
 }
 
+TEST_F(ReviewTest, AFigureThatGoesOnToTheFinalTableIsOneFinding) {
+    PlanPlain();
+    WorkPlainDay();
+    Finish();
+    EXPECT_THAT(
+        WithLine(LineOfCell(1, 1, 15), "\".91\"").findings,
+        ElementsAre(Finds(FindingKind::DoesNotFollow, 1, 1, 1, ".91", Expected("toluene.index"))));
+}
+
+TEST_F(ReviewTest, AGroupChangedInTheFileIsOneFinding) {
+    OneDay(WithGroup("2"), kMixturesDay);
+    EXPECT_THAT(WithLine(LineOfCell(1, 3, 6), "\"0\"").findings,
+                ElementsAre(Finds(FindingKind::AgentChanged, 1, 1, 3, "0", "2")));
+}
+
+TEST_F(ReviewTest, ASampleOfAMixtureTypedOverIsOneFinding) {
+    PlanOneTask(1, WithGroup("2"));
+    NewDay(1);
+    int row = 1;
+    for (const Samples& samples : kMixturesDay) TypeSamples(row++, samples);
+    for (const char* const button : {"Command1", "Command4", "Command5"}) Press(button);
+    Type(CellName(2, 8), "60");
+    Press("Command8");
+    EXPECT_THAT(
+        Finish().findings,
+        ElementsAre(AllOf(Field(&Finding::kind, FindingKind::DoesNotFollow),
+                          Field(&Finding::contaminant, 2), Field(&Finding::sheet, "32.77"))));
+}
+
 TEST_F(ReviewTest, AnIndexOfTheFinalTableChangedByHand) {
     PlanPlain();
     WorkPlainDay();
@@ -364,14 +401,6 @@ TEST_F(ReviewTest, TheRowThatTakesTheFirstDaysHoursWhenTheyAreTheSameIsNone) {
         PressAll();
     }
     EXPECT_THAT(Finish().findings, IsEmpty());
-}
-
-const std::vector<Samples> kMixturesDay = {
-    kToluenesDay, {"30", "45", "20", "35"}, {"15", "25", "10", "20"}};
-
-std::vector<TypedAgent> WithGroup(std::string_view group) {
-    return {
-        kToluene, {"Xileno", "221", "442", 15, group}, {"Etilbenceno", "442", "884", 15, group}};
 }
 
 TEST_F(ReviewTest, ASumThatDidNotReachItsMembers) {
