@@ -26,6 +26,7 @@ std::string PlainAnswer(const RowInput& plan) {
 
 void CompareLimits(ReviewNotes& notes, int row) {
     const DayCase& day = notes.day;
+    if (notes.inputs_changed(row)) return;  // that is the finding
     const double minutes = day.cells(row).minutes;
     const Column limit = minutes == 30 ? Column::VlaEd : Column::VlaEc;
     const bool of_contaminant = ContaminantOf(row) <= ContaminantsOf(notes.record, TaskOf(row));
