@@ -17,6 +17,13 @@
 
 namespace velmora {
 
+namespace {
+
+constexpr int kMargin = 2;           // pixels: the line edit's own, left and right
+constexpr int kMostThatFits = 2000;  // characters; a file may bring a million
+
+}  // namespace
+
 CellEdit::CellEdit(Entry entry, QWidget* parent) : QLineEdit(parent), entry_(entry) {
     setFrame(false);
     if (entry_ == Entry::Filtered)
@@ -43,7 +50,7 @@ void CellEdit::ShowBeginning() {
 }
 
 void CellEdit::TakeCaretBack() {
-    if (caret_) setCursorPosition(*caret_);
+    if (caret_ && !hasSelectedText()) setCursorPosition(*caret_);
     caret_.reset();
 }
 
@@ -74,8 +81,7 @@ void CellEdit::TextHasChanged(const QString& text) {
 }
 
 bool CellEdit::IsTooNarrow() const {
-    constexpr int kMargins = 4;  // the line edit's own, left and right
-    return fontMetrics().horizontalAdvance(text()) > width() - kMargins;
+    return fontMetrics().horizontalAdvance(text().left(kMostThatFits)) > width() - 2 * kMargin;
 }
 
 bool CellEdit::event(QEvent* event) {
@@ -111,6 +117,12 @@ void CellEdit::keyPressEvent(QKeyEvent* event) {
     key_passed_ = character.has_value();
     QLineEdit::keyPressEvent(event);
     key_passed_ = false;
+}
+
+void CellEdit::mousePressEvent(QMouseEvent* event) {
+    // A click says itself where the caret goes, in the text as it is seen.
+    caret_.reset();
+    QLineEdit::mousePressEvent(event);
 }
 
 void CellEdit::mouseReleaseEvent(QMouseEvent* event) {
@@ -149,27 +161,38 @@ QVariant CellEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void CellEdit::focusInEvent(QFocusEvent* event) {
-    // A click says itself where the caret goes, in the text as it is seen.
-    if (event->reason() == Qt::MouseFocusReason) caret_.reset();
-    TakeCaretBack();
+    const bool shows_beginning = caret_.has_value();
     QLineEdit::focusInEvent(event);
+    if (shows_beginning && hasSelectedText()) {
+        // All is selected, as everywhere, but from its end to its beginning, which stays in view.
+        setSelection(static_cast<int>(text().size()), -static_cast<int>(text().size()));
+    }
     raise();
 }
 
-/// A dark corner on the right says that the text goes on.
-void CellEdit::MarkAsCut(QPainter& painter) const {
-    const int side = std::max(4, height() / 4);
-    const QPoint corner = rect().topRight();  // the row below covers the lower ones
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x0c, 0x2d, 0x5a));
-    painter.drawPolygon(QPolygon({corner, corner - QPoint(side, 0), corner + QPoint(0, side)}));
+/// Paints the beginning of the text, and "…" where it is cut, over what the line edit painted; the
+/// caret stays in view ahead of it.
+void CellEdit::PaintCut(QPainter& painter) const {
+    const QFontMetrics metrics = fontMetrics();
+    const QString seen =
+        metrics.elidedText(text().left(kMostThatFits), Qt::ElideRight, width() - 2 * kMargin);
+    const bool selected = hasSelectedText();
+    const QPalette& colors = palette();
+    painter.fillRect(rect().adjusted(kMargin + 1, 0, 0, 0),
+                     colors.color(selected ? QPalette::Highlight : QPalette::Base));
+    painter.setFont(font());
+    painter.setPen(colors.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    // As the line edit places its own letters.
+    const int top = (height() - metrics.height() + 1) / 2;
+    painter.drawText(kMargin, top + metrics.ascent(), seen);
 }
 
 void CellEdit::paintEvent(QPaintEvent* event) {
-    const bool cut = !hasFocus() && IsTooNarrow();
-    if (cut) ShowBeginning();
+    const bool too_narrow = IsTooNarrow();
+    if (too_narrow && !hasFocus()) ShowBeginning();
     QLineEdit::paintEvent(event);
     QPainter painter(this);
+    if (too_narrow && caret_) PaintCut(painter);
     const QPalette colors = QApplication::palette();
     if (hasFocus()) {
         painter.setPen(QPen(colors.color(QPalette::Highlight), 2));
@@ -182,7 +205,6 @@ void CellEdit::paintEvent(QPaintEvent* event) {
         painter.setPen(QPen(QColor(0x14, 0x1e, 0x2d), 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
-    if (cut) MarkAsCut(painter);
 }
 
 }  // namespace velmora

@@ -23,11 +23,14 @@ public:
     CellEdit(Entry entry, QWidget* parent);
 
     /// Sets what the cell shows, the caret at its end. Of a text too long for the cell the
-    /// beginning is what is seen while the cell hasn't the focus.
+    /// beginning and "…" are what is seen until a key is pressed or a click goes into the text.
     void Show(const QString& text);
 
     /// Whether the cell is marked beyond its colour: by a frame, and to a screen reader.
     void SetMarked(bool marked);
+
+    /// Whether the cell can't show its text whole.
+    bool IsTooNarrow() const;
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -43,6 +46,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -51,11 +55,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool IsTooNarrow() const;
     void LiftLimit();
     void ShowBeginning();
     void TakeCaretBack();
-    void MarkAsCut(QPainter& painter) const;
+    void PaintCut(QPainter& painter) const;
     void TextHasChanged(const QString& text);
 
     Entry entry_;
