@@ -7,7 +7,7 @@ build_packages=(
     g++ cmake ninja-build
     qt6-base-dev qt6-svg-dev qt6-translations-l10n
     libgtest-dev libgmock-dev
-    fonts-liberation python3-markdown
+    fonts-liberation fonts-dejavu-core python3-markdown
 )
 
 # install_packages <package>...: installs those that are missing, with apt, through sudo where the

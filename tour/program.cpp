@@ -34,8 +34,10 @@ Program::Program(const std::filesystem::path& printed_page, int pace)
     constexpr QSize kPictureSize(1238, 885);
     if (QGuiApplication::platformName() == QStringLiteral("offscreen")) {
         window.resize(kPictureSize);
+        window.show();
+    } else {
+        window.Start();
     }
-    window.show();
     robot.Act("showing the window", [] {});
     robot.pace = pace;
 }

@@ -43,6 +43,6 @@ int main(int argc, char* argv[]) {
 
     velmora::Window window(chain, host);
     host.Attach(window);
-    window.show();
+    window.Start();
     return QApplication::exec();
 }

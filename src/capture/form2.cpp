@@ -81,7 +81,9 @@ constexpr Row FilaDeLaCaja(const Campo& campo, int tab) {
             .index = i,
             .box = {campo.derecha ? 8520 : 2640, campo.top, width, height},
             .text = i == 1 ? kAvisoDelNombre : std::string_view(i == 9 ? " " : ""),
-            .look = {.points = i >= 15 ? 9.75 : 8.25, .back = kFondoDeVentana},
+            .look = {.family = i >= 15 ? Family::MsSansSerif : Family::Arial,
+                     .points = i >= 15 ? 9.75 : 8.25,
+                     .back = kFondoDeVentana},
             .tab = tab,
             .spoken = campo.nombre};
 }

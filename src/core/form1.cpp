@@ -16,10 +16,10 @@ constexpr Box kAreaCliente{0, 0, 11355, 8310};
 constexpr Row kPicture1{.name = "Picture1", .box = {1680, 1200, 9255, 4575},
                         .spoken = "Velmora: evaluación de la exposición a agentes químicos"};
 constexpr Row kLabel1{.name = "Label1", .box = {720, 120, 11055, 615}, .text = "Velmora",
-                      .look = {.points = 14.25, .bold = true, .align = Align::Center, .fore = kAzulOscuro, .back = kBlanco}};
+                      .look = {.family = Family::Verdana, .points = 14.25, .bold = true, .align = Align::Center, .fore = kAzulOscuro, .back = kBlanco}};
 constexpr Row kLabel6{.name = "Label6", .box = {2760, 600, 7935, 255},
                       .text = "Conforme a la norma UNE-689  y  a la Guía de Agentes Químicos",
-                      .look = {.family = Family::Serif, .points = 12, .bold = true, .fore = kAzulOscuro}};
+                      .look = {.family = Family::TimesNewRoman, .points = 12, .bold = true, .fore = kAzulOscuro}};
 constexpr Row kLabel4{.name = "Label4", .box = {5520, 6000, 6255, 375},
                       .text = "Material didactico de apoyo para cursos de actualización  ", .look = {.points = 12}};
 constexpr Row kLabel7{.name = "Label7", .box = {5640, 6480, 3135, 255}, .text = "Version V.1.0        800 x 600 pixels"};

@@ -16,14 +16,18 @@ struct Box {
     int height = 0;
 };
 
+/// The room that the window gives each of the six screens, in twips: as wide and as high as the one
+/// that reaches farthest, so that a letter of one size is equally large on all of them.
+inline constexpr Box kRoomOfAScreen{0, 0, 12375, 8415};
+
 enum class Align : std::uint8_t { Left, Center, Right };
 
-/// Fonts by the family of their letters; the window picks what the machine has.
-enum class Family : std::uint8_t { Sans, Serif };
+/// The faces that controls ask for; the window shows the nearest that the machine has.
+enum class Family : std::uint8_t { Arial, MsSansSerif, TimesNewRoman, Verdana };
 
 /// How a control looks: its font in points, its alignment and its colours.
 struct Look {
-    Family family = Family::Sans;
+    Family family = Family::Arial;
     double points = 8.25;
     bool bold = false;
     Align align = Align::Left;

@@ -1,15 +1,19 @@
 #include "qt/appearance.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QIcon>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QSettings>
 #include <QStyleFactory>
+#include <QStyleOptionComboBox>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -20,23 +24,87 @@ namespace velmora {
 
 namespace {
 
-/// Fusion, with a width for the spacers of the menu bars.
+/// The sizes of the style that grow with the window, the letters of a dialog with them.
+constexpr std::array kGrowing = {
+    QStyle::PM_MessageBoxIconSize,      QStyle::PM_SmallIconSize,
+    QStyle::PM_LargeIconSize,           QStyle::PM_ListViewIconSize,
+    QStyle::PM_ButtonIconSize,          QStyle::PM_ScrollBarExtent,
+    QStyle::PM_IndicatorWidth,          QStyle::PM_IndicatorHeight,
+    QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight,
+    QStyle::PM_LayoutLeftMargin,        QStyle::PM_LayoutTopMargin,
+    QStyle::PM_LayoutRightMargin,       QStyle::PM_LayoutBottomMargin,
+    QStyle::PM_LayoutHorizontalSpacing, QStyle::PM_LayoutVerticalSpacing,
+};
+
+/// A disc with a white sign on it: it stands out from a light ground and from a dark one.
+QIcon SignOnADisc(const QColor& disc, QChar sign) {
+    constexpr int kSide = 256;  // icons are made smaller from it, up to a large projector's
+    QPixmap picture(kSide, kSide);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(disc);
+    painter.drawEllipse(picture.rect().adjusted(4, 4, -4, -4));
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setBold(true);
+    font.setPixelSize(kSide * 3 / 4);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(picture.rect(), Qt::AlignCenter, sign);
+    return QIcon(picture);
+}
+
+/// Fusion, whose sizes follow the window's, and which looks the same on every desktop.
 class Style : public QProxyStyle {
 public:
     Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
+    /// How large things are, 1 at the size of the screens' layout.
+    void SetFactor(double factor) { factor_ = factor; }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        const int size = QProxyStyle::pixelMetric(metric, option, widget);
+        return size > 0 && std::ranges::count(kGrowing, metric) > 0 ? qRound(size * factor_) : size;
+    }
+
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override {
         if (type == CT_MenuBarItem && IsSpacer(option))
-            return {kSpacerWidth, std::max(size.height(), 1)};
-        return QProxyStyle::sizeFromContents(type, option, size, widget);
+            return {qRound(kSpacerWidth * factor_), std::max(size.height(), 1)};
+        const QSize contents = QProxyStyle::sizeFromContents(type, option, size, widget);
+        return type == CT_ComboBox ? contents + QSize(ExtraWidthOfArrow(), 0) : contents;
     }
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
         if (hint == SH_MenuBar_AltKeyNavigation) return 1;
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+        if (hint == SH_DialogButtonLayout) return QDialogButtonBox::WinLayout;
         return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override {
+        QRect place = QProxyStyle::subControlRect(control, option, part, widget);
+        if (control != CC_ComboBox) return place;
+        if (part == SC_ComboBoxArrow) place.setLeft(place.left() - ExtraWidthOfArrow());
+        if (part == SC_ComboBoxEditField) place.setRight(place.right() - ExtraWidthOfArrow());
+        return place;
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override {
+        const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        if (control != CC_ComboBox || list == nullptr) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        QStyleOptionComboBox without_arrow = *list;
+        without_arrow.subControls &= ~SC_ComboBoxArrow;
+        QProxyStyle::drawComplexControl(control, &without_arrow, painter, widget);
+        if (list->subControls.testFlag(SC_ComboBoxArrow)) DrawArrow(*list, *painter, widget);
     }
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -48,6 +116,24 @@ public:
         QProxyStyle::drawControl(element, option, painter, widget);
     }
 
+    /// The signs of the boxes are drawn here: a desktop's own may be white, for a dark ground.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        const QColor blue(0x1f, 0x5f, 0x9e);
+        switch (icon) {
+            case SP_MessageBoxInformation:
+                return SignOnADisc(blue, u'i');
+            case SP_MessageBoxQuestion:
+                return SignOnADisc(blue, u'?');
+            case SP_MessageBoxWarning:
+                return SignOnADisc({0xa8, 0x5a, 0x00}, u'!');
+            case SP_MessageBoxCritical:
+                return SignOnADisc({0xb0, 0x1c, 0x1c}, u'\u00d7');
+            default:
+                return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
 private:
     static constexpr int kSpacerWidth = 14;
 
@@ -55,7 +141,49 @@ private:
         const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
         return item != nullptr && item->text.isEmpty();
     }
+
+    /// What the arrow of a list takes beyond the style's own 19 pixels.
+    int ExtraWidthOfArrow() const {
+        constexpr int kWidth = 19;
+        return qRound(kWidth * factor_) - kWidth;
+    }
+
+    void DrawArrow(const QStyleOptionComboBox& list, QPainter& painter,
+                   const QWidget* widget) const {
+        const QRectF room = subControlRect(CC_ComboBox, &list, SC_ComboBoxArrow, widget);
+        const double half = std::min(4 * factor_, room.height() / 4);
+        const QPointF middle = room.center() + QPointF(0.5, 0.5);
+        QColor color = list.palette.buttonText().color();
+        constexpr int kSoft = 160;
+        color.setAlpha(kSoft);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawPolygon(
+            QPolygonF({middle + QPointF(-half, -half / 2), middle + QPointF(half, -half / 2),
+                       middle + QPointF(0, half / 2)}));
+        painter.restore();
+    }
+
+    double factor_ = 1;
 };
+
+/// The faces by `Family`: the one asked for, and those that stand in for it.
+QStringList FacesOf(Family family) {
+    switch (family) {
+        case Family::MsSansSerif:
+            return {QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"),
+                    QStringLiteral("Liberation Sans")};
+        case Family::TimesNewRoman:
+            return {QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")};
+        case Family::Verdana:
+            return {QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans")};
+        case Family::Arial:
+            break;
+    }
+    return {QStringLiteral("Arial"), QStringLiteral("Liberation Sans")};
+}
 
 QPalette LightPalette() {
     const QColor ink(0x14, 0x1e, 0x2d);
@@ -77,10 +205,11 @@ QPalette LightPalette() {
     return palette;
 }
 
+constexpr int kDialogPoints = 10;
+
 }  // namespace
 
 void DressApplication(QApplication& application) {
-    constexpr int kDialogPoints = 10;
     QApplication::setApplicationName(QStringLiteral("velmora"));
     QApplication::setApplicationDisplayName({});
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
@@ -89,11 +218,24 @@ void DressApplication(QApplication& application) {
     QApplication::setStyle(new Style);  // NOLINT(cppcoreguidelines-owning-memory): taken over
     QApplication::setPalette(LightPalette());
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), kDialogPoints));
+    // No theme is called so: the toolkit's own icons are shown, since a desktop's may be white ones
+    // for a dark ground.
+    QIcon::setThemeName(QStringLiteral("velmora"));
+    QIcon::setFallbackThemeName(QStringLiteral("velmora"));
 
     // The file dialog would keep its history in the user's configuration folder.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 
     SpeakSpanish(application);
+}
+
+void GrowDialogs(double pixels_per_twip) {
+    constexpr double kTwipsPerPixel = 15;  // at the size of the layout
+    static_cast<Style*>(QApplication::style())->SetFactor(pixels_per_twip * kTwipsPerPixel);
+    const QFont font = FontOf({.points = kDialogPoints}, pixels_per_twip);
+    for (const char* const kind : {"QDialog", "QMenu", "QTipLabel"}) {
+        if (QApplication::font(kind) != font) QApplication::setFont(font, kind);
+    }
 }
 
 QColor ToQt(Color color) {
@@ -107,9 +249,9 @@ QColor ToQt(Color color) {
 QFont FontOf(const Look& look, double pixels_per_twip) {
     constexpr double kTwipsPerPoint = 20;
     constexpr double kRoundingSlack = 0.01;
-    QFont font(look.family == Family::Serif ? QStringLiteral("Liberation Serif")
-                                            : QStringLiteral("Liberation Sans"));
-    font.setStyleHint(look.family == Family::Serif ? QFont::Serif : QFont::SansSerif);
+    QFont font;
+    font.setFamilies(FacesOf(look.family));
+    font.setStyleHint(look.family == Family::TimesNewRoman ? QFont::Serif : QFont::SansSerif);
     font.setBold(look.bold);
     const double pixels = look.points * kTwipsPerPoint * pixels_per_twip;
     font.setPixelSize(std::max(1, static_cast<int>(std::floor(pixels + kRoundingSlack))));

@@ -10,9 +10,14 @@ class QWidget;
 
 namespace velmora {
 
-/// Gives the application its one look, whatever the desktop's: Fusion, a light palette, Spanish in
-/// the toolkit's own buttons and dialogs, no file of the toolkit's in the user's folders.
+/// Gives the application its one look, whatever the desktop's: Fusion, a light palette, the
+/// buttons of a box in one order, icons of its own, Spanish in the toolkit's own buttons and
+/// dialogs, no file of the toolkit's in the user's folders.
 void DressApplication(QApplication& application);
+
+/// Makes boxes, dialogs, tool tips, menus of cells and the arrows of lists as large as a screen is
+/// that is shown at `pixels_per_twip`. Takes the application dressed.
+void GrowDialogs(double pixels_per_twip);
 
 /// The colour that a colour number of the forms toolkit stands for.
 QColor ToQt(Color color);

@@ -12,17 +12,6 @@ namespace velmora {
 
 namespace {
 
-/// The client area, grown where a control reaches beyond it to the right or below.
-Box AreaOf(const Screen& screen) {
-    Box area = screen.ClientArea();
-    for (const Control& control : screen.Controls()) {
-        const Box& box = control.row.box;
-        area.width = std::max(area.width, box.left + box.width);
-        area.height = std::max(area.height, box.top + box.height);
-    }
-    return area;
-}
-
 /// The background of "Form2" is the drawing "fondo2"; the first screen has none.
 QString BackgroundOf(const Screen& screen) {
     if (screen.Id() == ScreenId::Form1) return {};
@@ -36,7 +25,7 @@ constexpr QRgb kBottomOfFirst = 0xffcfdde9;
 }  // namespace
 
 Canvas::Canvas(const Screen& screen, QWidget* parent)
-    : QWidget(parent), area_(AreaOf(screen)), background_(BackgroundOf(screen)) {
+    : QWidget(parent), background_(BackgroundOf(screen)) {
     setMinimumSize(320, 240);
 }
 
@@ -52,7 +41,7 @@ QRect Canvas::ToPixels(const Box& box) const {
             QPoint(x(box.left + box.width) - 1, y(box.top + box.height) - 1)};
 }
 
-QRect Canvas::ScreenRect() const { return ToPixels(area_); }
+QRect Canvas::ScreenRect() const { return ToPixels(kRoomOfAScreen); }
 
 void Canvas::LayOut(const Placed& placed) {
     placed.widget->setGeometry(ToPixels(placed.row.box));
@@ -64,9 +53,10 @@ void Canvas::LayOut(const Placed& placed) {
 }
 
 void Canvas::resizeEvent(QResizeEvent* /*event*/) {
-    scale_ = std::min(static_cast<double>(width()) / area_.width,
-                      static_cast<double>(height()) / area_.height);
-    origin_ = {(width() - area_.width * scale_) / 2, (height() - area_.height * scale_) / 2};
+    constexpr Box kRoom = kRoomOfAScreen;
+    scale_ = std::min(static_cast<double>(width()) / kRoom.width,
+                      static_cast<double>(height()) / kRoom.height);
+    origin_ = {(width() - kRoom.width * scale_) / 2, (height() - kRoom.height * scale_) / 2};
     fonts_.clear();
     for (const Placed& placed : placed_) LayOut(placed);
 }

@@ -13,7 +13,7 @@
 namespace velmora {
 
 /// The area below the menu bar: it holds the widgets of one screen and lays them out, all by one
-/// factor, so that the screen fills the window at every size.
+/// factor, the same one for each screen, so that the screen fills the window at every size.
 class Canvas : public QWidget {
     Q_OBJECT
 
@@ -25,9 +25,7 @@ public:
 
     /// Pixels of the window per twip of the screen.
     double PixelsPerTwip() const { return scale_; }
-    /// The area of the screen in twips, everything that stands on it included.
-    Box Area() const { return area_; }
-    /// The screen's area in pixels.
+    /// The screen's room in pixels.
     QRect ScreenRect() const;
 
 protected:
@@ -43,7 +41,6 @@ private:
     void LayOut(const Placed& placed);
     QRect ToPixels(const Box& box) const;
 
-    Box area_;
     Drawing background_;
     std::vector<Placed> placed_;
     std::map<std::tuple<Family, double, bool>, QFont> fonts_;  ///< at the present scale, by look

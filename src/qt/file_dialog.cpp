@@ -1,11 +1,15 @@
 #include "qt/file_dialog.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QMessageBox>
+#include <QScreen>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTreeView>
+#include <QUrl>
 
 #include "qt/text.h"
 
@@ -15,6 +19,34 @@ namespace {
 
 constexpr std::uint32_t kAsksBeforeReplacing = 2;
 constexpr std::uint32_t kAsksBeforeCreating = 8192;
+
+/// The user's documents, where there are any.
+QString DocumentsOrHome() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+/// The evaluations that come with the program: installed, or in the tree that it was built in.
+QString Examples() {
+    QDir above(QCoreApplication::applicationDirPath());
+    do {
+        for (const char* const place : {"share/doc/velmora/examples", "examples"}) {
+            const QDir examples(above.filePath(QLatin1String(place)));
+            if (examples.exists(QStringLiteral("plan-dia-trabajado.doc"))) return examples.path();
+        }
+    } while (above.cdUp());
+    return {};
+}
+
+/// The folders at the side: home, documents, examples; those that there are.
+QList<QUrl> FoldersAtTheSide() {
+    QList<QUrl> folders;
+    for (const QString& folder : {QDir::homePath(), DocumentsOrHome(), Examples()}) {
+        const QUrl url = QUrl::fromLocalFile(folder);
+        if (!folder.isEmpty() && !folders.contains(url)) folders << url;
+    }
+    return folders;
+}
 
 }  // namespace
 
@@ -27,14 +59,17 @@ FileDialog::FileDialog(const CommonDialog& dialog, QWidget* parent)
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setDefaultSuffix(ToQt(dialog.DefaultExt));
-    if (!asks_before_replacing) setLabelText(Accept, tr("Abrir"));
     for (QTreeView* list : findChildren<QTreeView*>()) {
         constexpr int kKind = 2;  // of the columns name, size, kind, date
         list->hideColumn(kKind);
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     }
+    setSidebarUrls(FoldersAtTheSide());
+    const int letter = QFontMetrics(QApplication::font(this)).height();
+    resize((QSize(46, 30) * letter).boundedTo(screen()->availableSize() * 0.9));
+    if (auto* const halves = findChild<QSplitter*>()) halves->setSizes({10 * letter, 36 * letter});
     if (dialog.FileName.empty()) {
-        setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+        setDirectory(DocumentsOrHome());
     } else {
         selectFile(ToQt(dialog.FileName));
     }

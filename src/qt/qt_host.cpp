@@ -12,6 +12,7 @@
 #include <ctime>
 
 #include "qt/file_dialog.h"
+#include "qt/message_box.h"
 #include "qt/text.h"
 
 namespace velmora {
@@ -62,7 +63,7 @@ BoxStyle StyleOf(Estilo estilo) {
 
 QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& title, const QString& text,
                                     const BoxStyle& style) {
-    QMessageBox box(style.icon, title, text, style.buttons, parent);
+    MessageBox box(style.icon, title, text, style.buttons, parent);
     box.setTextFormat(Qt::PlainText);
     if (auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
         icon->setAccessibleName(NameOf(style.icon));

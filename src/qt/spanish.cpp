@@ -19,23 +19,20 @@ struct Gap {
 };
 
 // clang-format off
-constexpr std::array<Gap, 12> kGaps = {{
+constexpr std::array<Gap, 9> kGaps = {{
     {"Double Sided Printing",      "Impresión a doble cara"},
     {"Off",                        "No"},
     {"Long side binding",          "Encuadernar por el lado largo"},
     {"Short side binding",         "Encuadernar por el lado corto"},
-    {"Pages",                      "Páginas"},
-    {"Pages from",                 "Páginas de"},
-    {"Page Set:",                  "Qué páginas:"},
-    {"Color Mode",                 "Color"},
-    {"Current Page",               "Página actual"},
     {"Folder",                     "Carpeta"},
     {"Page Setup Conflicts",       "Ajustes de página incompatibles"},
     {"Page order:",                "Orden de las páginas:"},
+    {"Page Set:",                  "Conjunto de páginas:"},
+    {"Parent Directory",           "Ir al directorio superior"},
 }};
 // clang-format on
 
-/// The texts that the toolkit's own translation doesn't have.
+/// The texts that the toolkit's own translation doesn't have, or has only half in Spanish.
 class Gaps : public QTranslator {
 public:
     using QTranslator::QTranslator;
@@ -53,13 +50,12 @@ public:
 void SpeakSpanish(QApplication& application) {
     const QLocale spanish(QLocale::Spanish, QLocale::Spain);
     QLocale::setDefault(spanish);
-    // Asked in the reverse order: the toolkit's translation first, then the gaps.
-    QApplication::installTranslator(new Gaps(&application));
     auto* const toolkit = new QTranslator(&application);
     if (toolkit->load(spanish, QStringLiteral("qtbase"), QStringLiteral("_"),
                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(toolkit);
     }
+    QApplication::installTranslator(new Gaps(&application));  // the last one is asked first
 }
 
 }  // namespace velmora

@@ -1,7 +1,6 @@
 #include "qt/window.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -114,26 +113,31 @@ double ScaleFor(const QSize& size) {
            kTwipsPerPixel;
 }
 
-/// As large as the display comfortably allows, up to one and a half times the size of the layout.
-QSize StartingSize() {
-    constexpr double kLargest = 1.5;
-    const QScreen* const display = QGuiApplication::primaryScreen();
-    if (display == nullptr) return kLayoutSize;
-    const QSizeF room = QSizeF(display->availableSize()) * 0.92;
-    const double factor = std::clamp(
-        std::min(room.width() / kLayoutSize.width(), room.height() / kLayoutSize.height()), 0.5,
-        kLargest);
-    return (QSizeF(kLayoutSize) * factor).toSize();
-}
-
 }  // namespace
 
+FirstSize FirstSizeOn(const QSize& room) {
+    constexpr double kShare = 0.7;
+    constexpr double kSmallest = 1.2;  // times the layout; below it small letters are hard to read
+    const QSizeF largest = QSizeF(kLayoutSize).scaled(QSizeF(room), Qt::KeepAspectRatio);
+    const QSize size = (largest * kShare).toSize();
+    return {size, size.width() < kSmallest * kLayoutSize.width()};
+}
+
 Window::Window(ScreenChain& chain, WindowHost& host) : chain_(chain), host_(host) {
-    resize(StartingSize());
+    resize(kLayoutSize);
     BuildScreen();
     timer_.setInterval(1);
     connect(&timer_, &QTimer::timeout, this, &Window::Tick);
     timer_.start();
+}
+
+void Window::Start() {
+    const FirstSize first = FirstSizeOn(screen()->availableSize());
+    resize(first.size);
+    if (first.maximized)
+        showMaximized();
+    else
+        show();
 }
 
 Window::~Window() = default;
@@ -216,7 +220,9 @@ void Window::BuildMenu() {
 
 void Window::ScaleMenu() {
     constexpr Look kMenu{.points = 9};
-    menu_->SetFont(FontOf(kMenu, ScaleFor(size())));
+    const double scale = ScaleFor(size());
+    menu_->SetFont(FontOf(kMenu, scale));
+    GrowDialogs(scale);
 }
 
 void Window::resizeEvent(QResizeEvent* event) {

@@ -25,6 +25,16 @@ public:
     virtual void ShowError(std::string_view message) = 0;
 };
 
+/// How large the window is at its start.
+struct FirstSize {
+    QSize size;      ///< where it isn't maximized
+    bool maximized;  ///< or the small letters of the screens could hardly be read
+};
+
+/// About 70 % of the room that a display leaves to windows, in the shape of the screens; maximized
+/// where that is less than 1.2 times their layout.
+FirstSize FirstSizeOn(const QSize& room);
+
 /// The one window. It shows any screen: it builds the widgets from the screen's table, runs the
 /// screen's handlers, and after each shows what they changed. A move keeps the frame, its place,
 /// size and state; its content is destroyed and built anew.
@@ -35,6 +45,9 @@ public:
     Window(ScreenChain& chain, WindowHost& host);
     ~Window() override;
 
+    /// Shows the window for the first time, as large as `FirstSizeOn` tells.
+    void Start();
+
     /// Runs a handler in the one guard of the program: a run-time error shows its message and ends
     /// the process with status 1. Then shows what changed. Handlers don't nest.
     void Run(const std::function<void()>& handler);
@@ -44,6 +57,7 @@ public:
 
     /// Paints the screen's image, fitted into the rectangle.
     void PaintScreen(QPainter& painter, const QRectF& target);
+
 
 protected:
     void closeEvent(QCloseEvent* event) override;

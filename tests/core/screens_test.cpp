@@ -891,7 +891,7 @@ TEST_F(ScreensTest, Form1_TheHeadingIsLargeBoldDarkBlueOnWhiteAndCentred) {
     EXPECT_EQ(heading.fore, 0x800000U);  // blue in the third byte
     EXPECT_EQ(heading.back, 0xFFFFFFU);
     EXPECT_EQ(heading.align, Align::Center);
-    EXPECT_EQ(heading.family, Family::Sans);
+    EXPECT_EQ(heading.family, Family::Verdana);
 }
 
 TEST_F(ScreensTest, Form1_TheLineOnTheNormIsBoldDarkBlueInSerifs) {
@@ -900,7 +900,7 @@ TEST_F(ScreensTest, Form1_TheLineOnTheNormIsBoldDarkBlueInSerifs) {
     EXPECT_EQ(norm.points, 12);
     EXPECT_TRUE(norm.bold);
     EXPECT_EQ(norm.fore, 0x800000U);
-    EXPECT_EQ(norm.family, Family::Serif);
+    EXPECT_EQ(norm.family, Family::TimesNewRoman);
 }
 
 TEST_F(ScreensTest, Form1_TheLineOnItsUseIsTwelvePointsAndTheClockSmallAndBlack) {

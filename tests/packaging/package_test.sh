@@ -61,7 +61,8 @@ check_control() {
     [ "$(field Package)" = "$package" ] || fail "the package is called $(field Package)"
     case $(field Version) in "$version"-*) ;; *) fail "version $(field Version), not $version" ;; esac
     [ "$(field Section)" = science ] || fail "section $(field Section)"
-    for dependency in qt6-translations-l10n fonts-liberation libqt6widgets6 libqt6printsupport6; do
+    for dependency in qt6-translations-l10n fonts-liberation fonts-dejavu-core libqt6widgets6 \
+        libqt6printsupport6; do
         field Depends | tr ',' '\n' | grep -q "^ *$dependency\( \|$\)" ||
             fail "no dependency on $dependency: $(field Depends)"
     done

@@ -133,7 +133,7 @@ class Page(PrintingTest):
         edit = self.program.atspi.Role.TEXT
         name = next(n for n in self.program.everything(dialog) if n.get_role() == edit)
         name.set_text_contents(plan)
-        self.program.press("Abrir", within=dialog)
+        self.program.press("Guardar", within=dialog)
         self.program.gone(dialog)
 
     def area_of_the_screen(self):

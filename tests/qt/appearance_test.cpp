@@ -126,6 +126,10 @@ TEST(SpanishOfTheToolkit, ButtonsAndTheGapsOfItsTranslation) {
     EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancelar"));
     EXPECT_EQ(QCoreApplication::translate("QPrintSettingsOutput", "Double Sided Printing"),
               QStringLiteral("Impresión a doble cara"));
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Parent Directory"),
+              QStringLiteral("Ir al directorio superior"));
+    EXPECT_EQ(QCoreApplication::translate("QPrintPropertiesWidget", "Page Set:"),
+              QStringLiteral("Conjunto de páginas:"));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Saving and restoring by the real file dialog.
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -8,6 +10,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 #include "capture/form2.h"
 #include "final/form6.h"
@@ -235,6 +238,57 @@ TEST_F(RestoringTest, ACancelAfterANameReadsThatFileAgain) {
     EXPECT_EQ(robot.Text("Text1(1)"), "Dos");
 }
 
+/// What a dialog shows where it starts.
+struct Start {
+    std::string folder;
+    std::vector<std::string> at_the_side;
+    std::string way_up;
+};
+
+class StartingFolderTest : public RestoringTest {
+protected:
+    /// The names of the folders at the side, and where the dialog stands.
+    Start Opened() {
+        Start start;
+        robot.on_modal = [&](QDialog& modal) {
+            const auto& dialog = dynamic_cast<QFileDialog&>(modal);
+            start.folder = dialog.directory().path().toStdString();
+            const auto& side = *modal.findChild<QAbstractItemView*>(QStringLiteral("sidebar"));
+            for (int row = 0; row < side.model()->rowCount(); ++row) {
+                const QUrl url = side.model()->index(row, 0).data(Qt::UserRole + 1).toUrl();
+                start.at_the_side.push_back(url.toLocalFile().toStdString());
+            }
+            start.way_up = modal.findChild<QWidget*>(QStringLiteral("toParentButton"))
+                               ->toolTip()
+                               .toStdString();
+        };
+        robot.ExpectFileDialog(std::nullopt);
+        robot.Choose("recuperardatos");
+        return start;
+    }
+
+    const QDir home{QDir::homePath()};
+    /// Those of the tree that the tests were built in.
+    const std::string examples = EXAMPLES;
+};
+
+TEST_F(StartingFolderTest, ItIsHomeWhereThereAreNoDocuments) {
+    const Start start = Opened();
+    EXPECT_EQ(start.folder, home.path().toStdString());
+    EXPECT_THAT(start.at_the_side, ::testing::ElementsAre(home.path().toStdString(), examples));
+    EXPECT_EQ(start.way_up, "Ir al directorio superior");
+}
+
+TEST_F(StartingFolderTest, ItIsDocumentsWhereThereAreSome) {
+    ASSERT_TRUE(home.mkdir(QStringLiteral("Documents")));  // its name on a desktop that names none
+    const std::string documents = home.filePath(QStringLiteral("Documents")).toStdString();
+    const Start start = Opened();
+    EXPECT_EQ(start.folder, documents);
+    EXPECT_THAT(start.at_the_side,
+                ::testing::ElementsAre(home.path().toStdString(), documents, examples));
+    EXPECT_TRUE(home.rmdir(QStringLiteral("Documents")));
+}
+
 TEST_F(RestoringTest, TheDialogIsTheToolkitsOwnInSpanish) {
     std::string accept;
     std::string cancel;
@@ -251,7 +305,7 @@ TEST_F(RestoringTest, TheDialogIsTheToolkitsOwnInSpanish) {
     robot.ExpectFileDialog(std::nullopt);
     robot.Choose("recuperardatos");
     EXPECT_FALSE(native);
-    EXPECT_EQ(accept, "Abrir");
+    EXPECT_EQ(accept, "Guardar");
     EXPECT_EQ(cancel, "Cancelar");
 }
 
