@@ -23,6 +23,7 @@ Program::Program(const std::filesystem::path& printed_page, int pace)
       window(Started(chain), host),
       robot(window) {
     host.Attach(window);
+    host.owner = [this] { return OwnerOf(chain.Current(), record); };
     host.end = [this](int status) { exit_status = status; };
     host.make_printer = [printed_page] {
         auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);

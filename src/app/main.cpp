@@ -43,6 +43,7 @@ int main(int argc, char* argv[]) {
 
     velmora::Window window(chain, host);
     host.Attach(window);
+    host.owner = [&] { return velmora::OwnerOf(chain.Current(), record); };
     window.Start();
     return QApplication::exec();
 }

@@ -27,4 +27,13 @@ std::unique_ptr<Screen> MakeScreen(ScreenId id, const Entorno& entorno) {
     return nullptr;
 }
 
+PageOwner OwnerOf(const Screen& screen, const EvaluacionRecord& record) {
+    constexpr int kCompany = 1;
+    constexpr int kCode = 19;
+    if (const auto* const company = dynamic_cast<const Form2*>(&screen)) {
+        return {company->Text1(kCompany).Text, company->Text1(kCode).Text};
+    }
+    return {record.DatosEmpresa(kCompany), record.DatosEmpresa(kCode)};
+}
+
 }  // namespace velmora

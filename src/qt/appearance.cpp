@@ -212,6 +212,7 @@ constexpr int kDialogPoints = 10;
 void DressApplication(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("velmora"));
     QApplication::setApplicationDisplayName({});
+    QApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/velmora/velmora.svg")));
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

@@ -1,5 +1,7 @@
 #include "qt/qt_host.h"
 
+#include <QApplication>
+#include <QDateTime>
 #include <QLabel>
 #include <QMarginsF>
 #include <QMessageBox>
@@ -13,6 +15,7 @@
 
 #include "qt/file_dialog.h"
 #include "qt/message_box.h"
+#include "qt/paper.h"
 #include "qt/text.h"
 
 namespace velmora {
@@ -121,10 +124,25 @@ void QtHost::ShowPrinter(CommonDialog& dialog) {
 void QtHost::PrintForm() {
     if (!printer_) printer_ = make_printer();
     const std::unique_ptr<QPrinter> printer = std::move(printer_);
+    const Imprint imprint = MakeImprint();
+    printer->setDocName(TitleOf(imprint));
     QPainter painter;
     if (!painter.begin(printer.get())) return;  // no printer: passed over
-    window_->PaintScreen(painter,
-                         QRectF(QPointF(), printer->pageRect(QPrinter::DevicePixel).size()));
+    constexpr double kShape = static_cast<double>(kRoomOfAScreen.width) / kRoomOfAScreen.height;
+    window_->PaintScreen(painter, PaintImprint(painter, *printer, imprint, kShape));
+}
+
+Imprint QtHost::MakeImprint() const {
+    const PageOwner whose = owner ? owner() : PageOwner();
+    const std::tm now = Now();
+    const QDateTime time(QDate(now.tm_year + 1900, now.tm_mon + 1, now.tm_mday),
+                         QTime(now.tm_hour, now.tm_min, now.tm_sec));
+    return {ToQt(whose.company).simplified(),
+            ToQt(whose.code).simplified(),
+            window_->windowTitle().simplified(),
+            ToQt(kTituloDeCaja) + u' ' + QApplication::applicationVersion(),
+            time.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")),
+            window_->CutTexts()};
 }
 
 std::tm QtHost::Now() const {

@@ -5,6 +5,8 @@
 #include <functional>
 #include <memory>
 
+#include "forms/page.h"
+#include "qt/paper.h"
 #include "qt/window.h"
 
 namespace velmora {
@@ -29,8 +31,12 @@ public:
     std::function<void(int)> end;
     /// What gives the printer that is printed on.
     std::function<std::unique_ptr<QPrinter>()> make_printer;
+    /// What tells whose the evaluation on a printed page is; without it, the page doesn't say.
+    std::function<PageOwner()> owner;
 
 private:
+    Imprint MakeImprint() const;
+
     Window* window_ = nullptr;
     std::unique_ptr<QPrinter> printer_;  ///< as the print dialog left it
 };

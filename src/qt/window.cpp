@@ -382,6 +382,16 @@ void Window::Tick() {
     if (clock_ != nullptr) ShowChange(*clock_);
 }
 
+std::vector<QString> Window::CutTexts() const {
+    std::vector<QString> texts;
+    for (const Shown& shown : shown_) {
+        const auto* const cell = qobject_cast<const CellEdit*>(shown.widget);
+        if (cell == nullptr || cell->isHidden() || !cell->IsTooNarrow()) continue;
+        texts.push_back(cell->accessibleName() + QStringLiteral(": ") + cell->text());
+    }
+    return texts;
+}
+
 void Window::PaintScreen(QPainter& painter, const QRectF& target) {
     const QRect source = canvas_->ScreenRect();
     const double factor =

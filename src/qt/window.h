@@ -58,6 +58,8 @@ public:
     /// Paints the screen's image, fitted into the rectangle.
     void PaintScreen(QPainter& painter, const QRectF& target);
 
+    /// The texts of the cells that are too narrow to show them whole, each after the cell's name.
+    std::vector<QString> CutTexts() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -14,6 +14,7 @@ Listen {folder}/socket
 LogLevel warn
 Browsing Off
 PreserveJobFiles Yes
+DirtyCleanInterval 0
 DefaultAuthType None
 <Location />
 Order allow,deny
@@ -128,6 +129,15 @@ class PrintServer:
         spool = os.path.join(self.folder, "spool")
         names = sorted(n for n in os.listdir(spool) if re.fullmatch(r"d\d+-\d+", n))
         return [os.path.join(spool, name) for name in names]
+
+    def records(self):
+        """What the server keeps of the jobs beside their documents, their names among it."""
+        spool = os.path.join(self.folder, "spool")
+        kept = b""
+        for name in sorted(n for n in os.listdir(spool) if re.fullmatch(r"c\d+", n)):
+            with open(os.path.join(spool, name), "rb") as opened:
+                kept += opened.read()
+        return kept
 
     def finished(self):
         """The jobs that have been printed."""

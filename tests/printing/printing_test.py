@@ -149,9 +149,24 @@ class Page(PrintingTest):
 
     def test_the_printed_sheet_is_one_sharp_landscape_page_that_looks_like_the_screen(self):
         self.check_page()
+        self.check_what_stands_in_the_margin()
         self.check_that_letters_are_letters()
         self.check_that_nothing_is_a_large_bitmap()
         self.check_looks()
+
+    def image_on(self, page, resolution):
+        """Left, top, width and height of the screen's image: the ink between the two margins."""
+        band = MARGIN * resolution // 72
+        wide, tall = page.size
+        left, top, width, height = page.cut(0, band, wide, tall - 2 * band).ink()
+        return left, top + band, width, height
+
+    def check_what_stands_in_the_margin(self):
+        margin = self.output("pdftotext", "-layout", "-l", "1").splitlines()[0]
+        self.assertIn("Velmora / h5 CÁLCULOS Y RESULTADOS: PRIMER DIA", margin)
+        title = "Velmora / h5 CÁLCULOS Y RESULTADOS: PRIMER DIA"
+        self.assertIn(title, self.output("pdfinfo"))
+        wait_for("the print job's name", lambda: title.encode() in self.server.records())
 
     def check_page(self):
         told = self.output("pdfinfo")
@@ -160,7 +175,7 @@ class Page(PrintingTest):
         self.assertEqual(tuple(round(float(n)) for n in size), A4_LANDSCAPE)
         # At 72 dots an inch a dot is a point.
         page = picture.of_page(self.document, 72)
-        left, top, width, height = page.ink()
+        left, top, width, height = self.image_on(page, 72)
         right, bottom = page.size[0] - left - width, page.size[1] - top - height
         self.assertGreaterEqual(min(left, top, right, bottom), MARGIN - 1)
         self.assertLessEqual(min(left, top), MARGIN + 2, "as large as the margins let it")
@@ -180,7 +195,7 @@ class Page(PrintingTest):
 
     def check_looks(self):
         page = picture.of_page(self.document, RESOLUTION)
-        printed = page.cut(*page.ink())
+        printed = page.cut(*self.image_on(page, RESOLUTION))
         wide, tall = printed.size
         self.assertAlmostEqual(wide / tall, SHEET, delta=0.005, msg="nothing beyond the screen")
         shown = self.shown_part(printed.size)

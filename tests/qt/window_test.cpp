@@ -28,6 +28,7 @@ std::unique_ptr<Window> WindowTest::MakeWindow() {
     chain.Go(ScreenId::Form1);
     auto made = std::make_unique<Window>(chain, host);
     host.Attach(*made);
+    host.owner = [this] { return OwnerOf(chain.Current(), record); };
     made->show();
     made->activateWindow();
     if (!QTest::qWaitForWindowActive(made.get())) throw std::runtime_error("no active window");
