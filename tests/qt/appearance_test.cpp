@@ -90,9 +90,6 @@ TEST_F(SheetAppearance, ACellTooNarrowForItsTextTellsItWholeInItsToolTip) {
     form5.Text3(0).Text = "536.069661301946";
     window->ShowChanges();
     EXPECT_EQ(ToolTipOver(Cell("Text3(0)")), QStringLiteral("536.069661301946"));
-    const QImage seen = Cell("Text3(0)").grab().toImage();
-    EXPECT_LT(Luminance(seen.pixelColor(seen.width() - 2, 0)), 0.1) << "its corner is dark";
-    EXPECT_GT(Luminance(seen.pixelColor(1, 0)), 0.2) << "the other one isn't";
 }
 
 TEST_F(SheetAppearance, ACellThatShowsAllItsTextHasNoToolTip) {
