@@ -58,6 +58,7 @@ figures <- c(
     class.exact = exact_class(percent_above(0.55, manganese)),
     class.percent = percent_above(0.55, manganese),
     tenth.index = index(c(20, 20), 192),
+    sum.index = 3 * index(c(6.5, 6.5), 192),
     unit.index = index(c(191.5, 191.5), 192),
     overall.mended = (two(index(toluene, 192))^2 * two(index(c(12, 9, 15, 11), 192)))^(1 / 3)
 )

@@ -8,6 +8,7 @@
 #include "report/evaluation_test.h"
 #include "report/expected.h"
 #include "report/report.h"
+#include "report/verdict.h"
 
 // What the second reading finds in evaluations made on the real screens. Each kind has a test that
 // shows it and one, of nearly the same evaluation, that must not show it. Expected figures are
@@ -569,6 +570,28 @@ TEST_F(ReviewTest, AnIndexThatIsOneByRoundingAlone) {
     EXPECT_THAT(
         OneDay({{"Tolueno", "192", "999"}}, {{"191.5", "191.5"}}).findings,
         ElementsAre(Finds(FindingKind::RoundedIndex, 1, 1, 1, "1.", Expected("unit.index"))));
+}
+
+TEST_F(ReviewTest, ASumBelowATenthByRoundingAlone) {
+    const TypedAgent toluene{"Tolueno", "192", "384", 15, "1"};  // three times 0.03 for 0.0339
+    EXPECT_THAT(
+        OneDay({toluene, toluene, toluene}, {{"6.5", "6.5"}, {"6.5", "6.5"}, {"6.5", "6.5"}})
+            .findings,
+        ElementsAre(
+            Finds(FindingKind::RoundedIndex, 1, 1, 1, "0.09", Expected("sum.index"), true)));
+}
+
+TEST(VerdictTest, HangsOnEachOfTwoRowsThatAreBothAboveTheLimit) {
+    report::DayVerdict sheet;
+    report::DayVerdict plain;
+    for (const int row : {1, 2}) {
+        sheet(row).index = 2;
+        plain(row).index = 0.5;
+    }
+    sheet(3).index = plain(3).index = 0.7;
+    EXPECT_TRUE(report::HangsOn(sheet, plain, {1}, report::Part::Index));
+    EXPECT_FALSE(report::HangsOn(sheet, plain, {3}, report::Part::Index));
+    EXPECT_FALSE(report::HangsOn(sheet, plain, {1}, report::Part::Limits));
 }
 
 TEST_F(ReviewTest, AnIndexOfExactlyATenthIsNone) {
