@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# clang-tidy and cppcheck over the program, the guided example, the benchmark and what drives the
-# window in the tests; any finding fails. With --tests, clang-tidy over the tests, which takes half
-# an hour.
+# Bans and arrows of the sources, README's map, clang-tidy and cppcheck over the program, the guided
+# example, the benchmark and what drives the window in the tests; any finding fails. With --tests,
+# clang-tidy over the tests, which takes half an hour.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -22,6 +22,9 @@ if [ "${1:-}" = --tests ]; then
     tidy tests
     exit
 fi
+
+say "Bans and arrows"
+python3 -B scripts/bans.py
 
 say "README's map"
 git ls-files | sed -n 's,^\(src/[^/]*\)/.*,\1,p;t; s,^\([^/]*/\).*,\1,p' | sort -u |

@@ -27,7 +27,7 @@ fs::path TemporaryFor(const fs::path& target) {
     std::random_device chance;
     const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
     fs::path temporary = target;
-    temporary += "." + std::to_string(number) + ".tmp";
+    temporary += "." + std::to_string(number) + ".tmp";  // plain: a name, 64 bits
     return temporary;
 }
 

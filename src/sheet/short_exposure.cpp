@@ -15,7 +15,7 @@ public:
     /// What differs between the three buttons. The differences are part of the design.
     struct Differences {
         int task;
-        double factor;        ///< turns the A+ cell of a group's first member into its EC+ cell
+        double factor;        ///< plain: turns the A+ cell of a group's first member into its EC+ cell
         Button Form5::*next;  ///< the next task's button
     };
 
@@ -126,6 +126,7 @@ void Form5::ShortExposure::SetMixtureLimit(const Group& group) {
     // Not asked before: a group of one whose limits both read 0 ends the program above, as meant.
     if (W == 0 || group.size() < 2) return;
     const int p = grid::Cell(RowOf(group.front()), grid::kAdditive);
+    // plain: in unchecked arithmetic, whose rounding decides which cell is hit
     const double cell = std::floor(static_cast<double>(p) * differences_.factor - 1.3);
     sheet_.Text3(RedondearEntero(cell)).Text = TextoDoble(S / W);
 }
@@ -156,7 +157,7 @@ Muestras Form5::ShortExposure::CommonSums(const Group& group) const {
 /// MG+ and GSD+, on the row that the first member's number names.
 void Form5::ShortExposure::NoteMixture(const Group& group) {
     const LogNormal series(CommonSums(group));
-    const double D = grid::Cell3(RowOf(1), 0);
+    const Doble D = grid::Cell3(RowOf(1), 0);
     // The mean is noted before the deviation is tried: a series of one sample ends the program
     // between the two, as meant.
     const Doble mg = series.GeometricMean();

@@ -11,31 +11,8 @@ import subprocess
 import sys
 import unittest
 
-# What a room uses; in app, what each file does, since not all of them know Qt.
-ARROWS = {
-    "runtime": [],
-    "forms": ["runtime"],
-    "core": ["forms"],
-    "stats": ["core"],
-    "store": ["core"],
-    "capture": ["store"],
-    "sheet": ["stats"],
-    "final": ["store"],
-    "qt": ["core", "<Qt>"],
-    "report": ["stats", "store"],
-    "app/screens.cpp": ["app", "capture", "sheet", "final"],
-    "app/main.cpp": ["app/screens.cpp", "qt"],
-    "app/informe.cpp": ["report"],
-}
-
-
-def reached_from(room):
-    """Whose headers a room may include: its own and those at the end of its arrows."""
-    rooms = set() if "/" in room else {room}
-    for target in ARROWS.get(room, []):
-        rooms |= reached_from(target)
-    return rooms
-
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+from arrows import ARROWS, reached_from, room_of
 
 class Compiler:
     """One source's compile command, put to other texts."""
@@ -74,17 +51,14 @@ class ArrowsTest(unittest.TestCase):
                 self.compilers[str(path.relative_to(source / "src"))] = Compiler(entry)
         self.assertGreater(len(self.compilers), 20)
 
-    def arrows_of(self, file):
-        return file if file in ARROWS else file.split("/")[0]
-
     def test_a_source_finds_the_headers_at_the_end_of_its_arrows_and_no_others(self):
         by_command = {}
         for file, compiler in self.compilers.items():
-            by_command.setdefault((self.arrows_of(file), tuple(compiler.words)), (file, compiler))
+            by_command.setdefault((room_of(file), tuple(compiler.words)), (file, compiler))
         for file, compiler in by_command.values():
             with self.subTest(file):
-                self.assertIn(self.arrows_of(file), ARROWS)
-                self.assertEqual(compiler.found(self.headers), reached_from(self.arrows_of(file)))
+                self.assertIn(room_of(file), ARROWS)
+                self.assertEqual(compiler.found(self.headers), reached_from(room_of(file)))
 
     def test_an_include_against_the_arrows_does_not_compile(self):
         for file, header in (("core/chain.cpp", "sheet/form5.h"),
