@@ -276,6 +276,7 @@ void Form3::Combo1_KeyPress(int /*Index*/, KeyCode& tecla) { tecla = kTeclaRecha
 void Form3::Text1_KeyPress(int /*Index*/, KeyCode& tecla) { tecla = kTeclaRechazada; }
 
 void Form3::Combo1_Click(int Index) {
+    // A list's number read as text: it is meant, and gives the number.
     const Doble indice = LeerValor(TextoEntero(Index));
     // The limit is looked at when the 15-minute count is picked, and at no other pick.
     if (indice == 6 && LeerValor(Combo1(6).Text) + LeerValor(Combo1(5).Text) > 6) {

@@ -35,7 +35,7 @@ struct Columna {
     int width;
     Color fondo;
     std::string_view nombre;  ///< as a screen reader says it
-    double puntos = 8.25;     ///< of the cells' letters
+    double points = 8.25;     ///< of the cells' letters
 };
 
 // clang-format off
@@ -149,7 +149,7 @@ constexpr Row FilaDeCelda(std::string_view name, int index, const Columna& colum
     return {.name = name,
             .index = index,
             .box = {columna.left, TopDe(fila), columna.width, kAltoDeCelda},
-            .look = {.points = columna.puntos, .back = columna.fondo},
+            .look = {.points = columna.points, .back = columna.fondo},
             .tab = tab};
 }
 

@@ -15,7 +15,7 @@ public:
     /// What differs between the three buttons. The differences are part of the design.
     struct Differences {
         int task;
-        double factor;        ///< plain: turns the A+ cell of a group's first member into its EC+ cell
+        double factor;        ///< plain: from a group's first A+ cell to its EC+ cell
         Button Form5::*next;  ///< the next task's button
     };
 
