@@ -27,7 +27,7 @@ say "Bans and arrows"
 python3 -B scripts/bans.py
 
 say "README's map"
-git ls-files | sed -n 's,^\(src/[^/]*\)/.*,\1,p;t; s,^\([^/]*/\).*,\1,p' | sort -u |
+git ls-files | sed -n 's,^\(src/[^/]*\)/.*,\1,p;t; /^src/d; s,^\([^/]*/\).*,\1,p' | sort -u |
     while read -r folder; do
         grep -qE "(^|  )$folder( |$)" README.md ||
             { echo "README.md doesn't say what $folder holds" >&2; exit 1; }

@@ -37,7 +37,7 @@ void Form5::Command8_Click() {
     if (DiaActual < 1 || DiaActual > 3) return;
     Text5.Text = kVeredictoDelIndice.at(static_cast<std::size_t>(DiaActual.Valor() - 1)).Para(y);
     Text6.Text = kVeredictoDeLaProbabilidad.Para(p);
-    ForEachEntry([](std::string& entry, TextCell& cell) { entry = cell.Text; });
+    ForEachEntry([](std::string& entry, const TextCell& cell) { entry = cell.Text; });
     CopyToFinalTable();
 }
 
