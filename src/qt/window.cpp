@@ -183,6 +183,8 @@ void Window::BuildScreen() {
     BuildMenu();
 
     // The widgets being left may still be inside an event of theirs: they go when it is over.
+    // What has the focus may be known to the window alone, which would keep it beyond its life.
+    if (QWidget* const focused = focusWidget()) focused->clearFocus();
     QWidget* const left = takeCentralWidget();
     if (left != nullptr) {
         left->hide();
