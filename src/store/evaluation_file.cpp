@@ -71,15 +71,19 @@ private:
     std::ostream& out_;
 };
 
-/// The lines of a file, in a memory that doesn't grow with it: what a line has beyond two MiB is
-/// passed over, and beyond the first 64 MiB the file is taken as ended.
+/// The lines of a file, in a memory that doesn't grow with it: what a line has beyond 64 KiB is
+/// passed over, as is, once the lines have come to a MiB, what one has beyond 256 bytes. That is
+/// more than anybody types, and as much as text cells lay out without keeping their user waiting:
+/// their layout is the toolkit's, and takes in the whole text. Beyond the first 64 MiB the file is
+/// taken as ended.
 class Lines {
 public:
     explicit Lines(std::istream& in) : in_(in) {}
 
     /// The next line without its end, up to the next call; nothing at the end of the file.
     std::optional<std::string_view> Next() {
-        const std::streamsize room = std::min(kMaximoDeLinea, queda_);
+        const std::streamsize room =
+            std::min({kMaximoDeLinea, std::max(kSiempre, holgura_), queda_});
         if (room == 0) return std::nullopt;
         in_.getline(linea_.get(), room + 1);
         const std::streamsize leidos = in_.gcount();  // the line's end, where it has one, too
@@ -89,6 +93,7 @@ public:
         const bool con_fin = !cortada && !in_.eof();
         std::string_view linea(linea_.get(), static_cast<std::size_t>(leidos - (con_fin ? 1 : 0)));
         queda_ -= leidos;
+        holgura_ -= leidos;
         if (cortada) {
             in_.clear();
             in_.ignore(queda_, '\n');
@@ -100,10 +105,12 @@ public:
     }
 
 private:
-    static constexpr std::streamsize kMaximoDeLinea = std::streamsize{2} << 20U;
+    static constexpr std::streamsize kMaximoDeLinea = std::streamsize{64} << 10U;
+    static constexpr std::streamsize kSiempre = 256;
 
     std::istream& in_;
     std::streamsize queda_ = std::streamsize{64} << 20U;
+    std::streamsize holgura_ = std::streamsize{1} << 20U;  ///< for lines longer than `kSiempre`
     // A place more for the zero that getline adds. NOLINTNEXTLINE(modernize-avoid-c-arrays)
     std::unique_ptr<char[]> linea_ = std::make_unique_for_overwrite<char[]>(kMaximoDeLinea + 1);
 };

@@ -30,8 +30,8 @@ inline constexpr int kLinesOfEvaluation = 1524;
 
 /// Reads the file into the record, value by value. Each step spends one line, whether it succeeds
 /// or not; a step that fails, be it for want of a file, of a line or of a number, leaves its field
-/// as it was. Nothing is reported. Only regular files are read, at most 1524 lines of them, two MiB
-/// of each line and 64 MiB in all.
+/// as it was. Nothing is reported. Only regular files are read, at most 1524 lines of them and
+/// 64 MiB; of each line 64 KiB or, once the lines have come to a MiB, 256 bytes.
 ///
 /// A line ends with LF or CR LF, and the last one may lack its end. A string is what stands between
 /// the first double quote of its line and the next one, or the end of the line; without any quote,

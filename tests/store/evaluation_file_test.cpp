@@ -675,13 +675,13 @@ TEST_F(EvaluationFileTest, ZeroBytesArePartOfAString) {
 
 TEST_F(EvaluationFileTest, ALongLineComesBackWhole) {
     EvaluacionRecord record;
-    record.DatosEmpresa(1) = std::string(1000000, 'x');
+    record.DatosEmpresa(1) = std::string(60000, 'x');
     record.DatosEmpresa(2) = "y";
     EXPECT_EQ(Restored(Saved(record)), record);
 }
 
 TEST_F(EvaluationFileTest, AnOverlongLineIsCutAndTheNextOneReadAsUsual) {
-    constexpr std::size_t kKeptBytes = std::size_t{2} << 20U;
+    constexpr std::size_t kKeptBytes = std::size_t{64} << 10U;
     const EvaluacionRecord restored =
         Restored('"' + std::string(3 * kKeptBytes, 'x') + "\"\r\n\"siguiente\"\r\n");
     EXPECT_EQ(restored.DatosEmpresa(1).size(), kKeptBytes - 1);  // the quote is one of them
@@ -689,7 +689,7 @@ TEST_F(EvaluationFileTest, AnOverlongLineIsCutAndTheNextOneReadAsUsual) {
 }
 
 TEST_F(EvaluationFileTest, ACrBeyondTheCutIsDroppedWithTheRestOfItsLine) {
-    constexpr std::size_t kKeptBytes = std::size_t{2} << 20U;
+    constexpr std::size_t kKeptBytes = std::size_t{64} << 10U;
     const std::string kept = '"' + std::string(kKeptBytes - 1, 'x');
     const EvaluacionRecord restored = Restored(kept + "\ry\r\n\"siguiente\"\r\n");
     EXPECT_EQ(restored.DatosEmpresa(1).size(), kKeptBytes - 1);  // the quote is one of them
@@ -698,16 +698,27 @@ TEST_F(EvaluationFileTest, ACrBeyondTheCutIsDroppedWithTheRestOfItsLine) {
 }
 
 TEST_F(EvaluationFileTest, ALineOfExactlyTheLengthThatIsKeptComesBackWhole) {
-    constexpr std::size_t kKeptBytes = std::size_t{2} << 20U;
+    constexpr std::size_t kKeptBytes = std::size_t{64} << 10U;
     const std::string line = '"' + std::string(kKeptBytes - 3, 'x') + "\ry";
     const EvaluacionRecord restored = Restored(line + "\r\n");
     EXPECT_EQ(restored.DatosEmpresa(1), line.substr(1));
 }
 
+TEST_F(EvaluationFileTest, OnceTheLinesHaveComeToAMiBALineKeeps256Bytes) {
+    const std::string line = '"' + std::string(70000, 'x') + "\"\r\n";
+    std::string file;
+    for (int i = 0; i < 19; ++i) file += line;
+    const EvaluacionRecord restored = Restored(file + "3\r\n");
+    EXPECT_EQ(restored.DatosEmpresa(16).size(), 65535) << "16 x 64 KiB are a MiB";
+    EXPECT_EQ(restored.DatosEmpresa(17).size(), 255);
+    EXPECT_EQ(restored.DatosEmpresa(19).size(), 255);
+    EXPECT_EQ(restored.NumJornadas, 3);
+}
+
 TEST_F(EvaluationFileTest, OneOverlongLineWithoutAnEndSpendsOneStep) {
     const EvaluacionRecord before = DistinctValues(0).record;
     EvaluacionRecord restored = Restored(std::string(20'000'000, '0'), before);
-    EXPECT_EQ(restored.DatosEmpresa(1).size(), std::size_t{2} << 20U);
+    EXPECT_EQ(restored.DatosEmpresa(1).size(), std::size_t{64} << 10U);
     restored.DatosEmpresa(1) = before.DatosEmpresa(1);
     EXPECT_EQ(restored, before);
 }
@@ -746,7 +757,7 @@ TEST_F(EvaluationFileTest, TheLastByteOfThe64MiBIsALineAndTheNextByteIsNone) {
 }
 
 TEST_F(EvaluationFileTest, ANumberOfManyDigitsIsRead) {
-    const std::string zeros(1000000, '0');
+    const std::string zeros(60000, '0');
     EXPECT_EQ(Restored(FreshFileWithLine(22, zeros + "8.5")).TiempoExposicion(1, 1), 8.5);
     EXPECT_EQ(Restored(FreshFileWithLine(20, zeros + "3")).NumJornadas, 3);
 }
