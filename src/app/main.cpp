@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QLocale>
 
+#include <algorithm>
 #include <csignal>
 #include <iostream>
 #include <string>
@@ -31,7 +32,10 @@ int main(int argc, char* argv[]) {
     velmora::FijarSeparadorDecimal(separator);
     if (separator != ".") std::cerr << kNotAPoint << separator << '\n';
 
-    QApplication application(argc, argv);
+    // No argument is the toolkit's: it would take style sheets, platforms and plug-in paths from
+    // them.
+    int count = std::min(argc, 1);
+    QApplication application(count, argv);
     velmora::DressApplication(application);
 
     velmora::EvaluacionRecord record;

@@ -9,6 +9,7 @@
 
 #include <vector>
 
+#include "qt/accessible_text.h"
 #include "qt/list_box.h"
 
 namespace velmora {
@@ -17,7 +18,7 @@ namespace {
 
 /// A list. The toolkit's own interface of one gives the text shown as the name, and lets the text
 /// be written from outside. The text is read here, and changes only by a pick.
-class AccessibleList : public QAccessibleWidget, public QAccessibleTextInterface {
+class AccessibleList : public QAccessibleWidget, public AccessibleText {
 public:
     explicit AccessibleList(ListBox& list)
         : QAccessibleWidget(&list, QAccessible::ComboBox), list_(&list) {}

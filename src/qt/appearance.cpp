@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QIcon>
+#include <QLabel>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
@@ -75,6 +76,14 @@ public:
             return {qRound(kSpacerWidth * factor_), std::max(size.height(), 1)};
         const QSize contents = QProxyStyle::sizeFromContents(type, option, size, widget);
         return type == CT_ComboBox ? contents + QSize(ExtraWidthOfArrow(), 0) : contents;
+    }
+
+    using QProxyStyle::polish;
+    /// No label guesses that a text is markup: those of the toolkit's own boxes and of tool tips
+    /// show names of files and texts of cells, which come from anywhere.
+    void polish(QWidget* widget) override {
+        QProxyStyle::polish(widget);
+        if (auto* const label = qobject_cast<QLabel*>(widget)) label->setTextFormat(Qt::PlainText);
     }
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "qt/accessible_text.h"
 #include "qt/keys.h"
 
 namespace velmora {
@@ -25,6 +26,7 @@ constexpr int kMostThatFits = 2000;  // characters; a file may bring a million
 }  // namespace
 
 CellEdit::CellEdit(Entry entry, QWidget* parent) : QLineEdit(parent), entry_(entry) {
+    InstallAccessibleTexts();
     setFrame(false);
     if (entry_ == Entry::Filtered)
         setAcceptDrops(false);
@@ -84,9 +86,15 @@ bool CellEdit::IsTooNarrow() const {
     return fontMetrics().horizontalAdvance(text().left(kMostThatFits)) > width() - 2 * kMargin;
 }
 
+QString CellEdit::TipText() const {
+    constexpr int kLongest = 160;
+    const QString whole = text();
+    return whole.size() <= kLongest ? whole : whole.left(kLongest) + QStringLiteral("…");
+}
+
 bool CellEdit::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && IsTooNarrow()) {
-        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), text(), this);
+        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), TipText(), this);
         return true;
     }
     return QLineEdit::event(event);

@@ -55,6 +55,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// What the tool tip says of a text that doesn't fit: its beginning, where it is long.
+    QString TipText() const;
     void LiftLimit();
     void ShowBeginning();
     void TakeCaretBack();

@@ -90,7 +90,11 @@ void FileDialog::accept() {
 }
 
 bool FileDialog::ConfirmsCreating(const QString& name) {
-    const QString question = tr("%1 no existe.\n¿Desea crearlo?").arg(QFileInfo(name).fileName());
+    const QFileInfo file(name);
+    // Of a name that ends in a slash nothing but the extension is left: it stands for its folder.
+    const bool is_folder = file.completeBaseName().isEmpty() && !file.dir().exists();
+    const QString last = is_folder ? file.dir().dirName() : file.fileName();
+    const QString question = tr("%1 no existe.\n¿Desea crearlo?").arg(last);
     return QMessageBox::question(this, windowTitle(), question, QMessageBox::Yes | QMessageBox::No,
                                  QMessageBox::Yes) == QMessageBox::Yes;
 }

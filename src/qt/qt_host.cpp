@@ -14,6 +14,7 @@
 #include <ctime>
 
 #include "qt/file_dialog.h"
+#include "qt/local_time.h"
 #include "qt/message_box.h"
 #include "qt/paper.h"
 #include "qt/text.h"
@@ -145,11 +146,6 @@ Imprint QtHost::MakeImprint() const {
             window_->CutTexts()};
 }
 
-std::tm QtHost::Now() const {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return local;
-}
+std::tm QtHost::Now() const { return LocalTime(std::time(nullptr)); }
 
 }  // namespace velmora

@@ -366,6 +366,71 @@ class Keyboard(DesktopTest):
         wait_for(f"{name!r} active", lambda: entry.get_state_set().contains(focused))
 
 
+class Words(DesktopTest):
+    """A screen reader that goes through a text part by part gets an answer to every question."""
+
+    EXAMPLE = os.path.join(os.path.dirname(__file__), "../../examples/tres-dias-tres-tareas.doc")
+
+    def setUp(self):
+        super().setUp()
+        self.asked = set()
+        self.start()
+
+    def ask_everything(self, within=None):
+        for node in self.program.everything(within):
+            if node.get_text_iface() is not None:
+                self.ask_about(node)
+
+    def ask_about(self, node):
+        text = desktop.text_of(node)
+        if (node.get_role(), text) in self.asked:
+            return
+        self.asked.add((node.get_role(), text))
+        questions = self.program.atspi.Text
+        kinds = self.program.atspi.TextBoundaryType
+        boundaries = (kinds.CHAR, kinds.WORD_START, kinds.WORD_END, kinds.SENTENCE_START,
+                      kinds.SENTENCE_END, kinds.LINE_START, kinds.LINE_END)
+        for offset in range(len(text) + 1):
+            for boundary in boundaries:
+                for ask in (questions.get_text_before_offset, questions.get_text_at_offset,
+                            questions.get_text_after_offset):
+                    part = ask(node, offset, boundary)
+                    begin, end = max(part.start_offset, 0), max(part.end_offset, 0)
+                    self.assertEqual(part.content, text[begin:end], (text, offset, boundary))
+
+    def test_texts_at_whose_end_a_word_ends_or_none_stands(self):
+        for text in ("Acme", "2026", "0.19", " ", ".", ".61", "---", "----", "Añil, S.A."):
+            self.program.write("Parcela", text)
+            self.ask_about(self.program.find("Parcela", self.program.atspi.Role.TEXT))
+
+    def test_every_text_of_every_screen_and_of_the_file_dialog(self):
+        program = self.program
+        program.press("Recuperar datos")
+        dialog = program.box()
+        edit = program.atspi.Role.TEXT
+        name = next(n for n in program.everything(dialog) if n.get_role() == edit)
+        name.set_text_contents(os.path.realpath(self.EXAMPLE))
+        self.ask_about(name)
+        program.press("Guardar", within=dialog)
+        program.gone(dialog)
+        self.ask_everything()
+        program.choose("Continuar", "Datos iniciales: Jornadas y Tareas")
+        self.arrive("h3")
+        self.ask_everything()
+        program.choose("Continuar/Regresar", "Contaminantes")
+        self.arrive("h4")
+        program.pick("Tarea", "1")
+        self.ask_everything()
+        program.choose("Continuar/Regresar", "Cálculos")
+        self.arrive("h5")
+        program.choose("Recuperar datos/cálculos", "Primer dia")
+        self.ask_everything()
+        program.choose("Continuar/Regresar", "Resultado final")
+        self.arrive("h6")
+        self.ask_everything()
+        self.assertGreater(len(self.asked), 50)
+
+
 if __name__ == "__main__":
     if "VELMORA" not in os.environ and len(sys.argv) > 1 and os.path.exists(sys.argv[1]):
         os.environ["VELMORA"] = os.path.abspath(sys.argv.pop(1))

@@ -21,7 +21,7 @@ class Terminado(Exception):
 
 
 class Proceso:
-    def __init__(self, ejecutable, complementos, locale, carpeta):
+    def __init__(self, ejecutable, complementos, locale, carpeta, argumentos=()):
         self.casa = os.path.join(carpeta, "casa")
         self.trabajo = os.path.join(carpeta, "trabajo")
         for camino in (self.casa, self.trabajo):
@@ -47,7 +47,7 @@ class Proceso:
         entorno.update({k: v for k, v in os.environ.items() if k.endswith("SAN_OPTIONS")})
         self.salida = open(os.path.join(carpeta, "salida.txt"), "ab")
         self.hijo = subprocess.Popen(
-            [ejecutable],
+            [ejecutable, *argumentos],
             env=entorno,
             cwd=self.trabajo,
             stdin=subprocess.DEVNULL,

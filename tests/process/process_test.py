@@ -54,10 +54,10 @@ class ProcessTest(unittest.TestCase):
         self.process = None
         self.addCleanup(self.kill)
 
-    def start(self, locale="punto"):
+    def start(self, locale="punto", arguments=()):
         self.kill()
         self.process = Proceso(
-            os.environ["VELMORA"], os.environ["VELMORA_DRIVER"], locale, self.folder
+            os.environ["VELMORA"], os.environ["VELMORA_DRIVER"], locale, self.folder, arguments
         )
         self.assertEqual(self.process.ventana, ["Form1", ".     Velmora / h1"])
 
@@ -122,6 +122,11 @@ class ProcessTest(unittest.TestCase):
 
 
 class Ending(ProcessTest):
+    def test_arguments_of_the_toolkit_are_none_of_the_programs(self):
+        self.start(arguments=("-platform", "nosuch", "-style", "windows"))
+        self.do("menu", "salir")
+        self.assertEqual(self.status_after("answer", "yes"), 0)
+
     def test_salir_answered_yes_ends_with_status_0(self):
         self.start()
         self.do("menu", "salir")

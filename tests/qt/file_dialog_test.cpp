@@ -71,6 +71,20 @@ TEST_F(SavingTest, ANameWithAPointKeepsItsEnd) {
     EXPECT_FALSE(Exists("plan.v2.doc"));
 }
 
+TEST_F(SavingTest, AFolderThatDoesNotExistIsAskedAboutByItsName) {
+    robot.ExpectFileDialog(Path("nueva") + "/");
+    robot.ExpectPrompt("nueva no existe.", QMessageBox::No);
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("guardararchivo");
+}
+
+TEST_F(SavingTest, OfANameWithQuotesWhatStandsBetweenTheFirstTwoCounts) {
+    robot.ExpectFileDialog("plan \"" + Path("interior") + "\" resto");
+    robot.ExpectPrompt("interior.doc no existe.", QMessageBox::Yes);
+    robot.Choose("guardararchivo");
+    EXPECT_TRUE(Exists("interior.doc"));
+}
+
 TEST_F(SavingTest, ANameWithAccentsAndBlanksIsWrittenAndReadAgain) {
     SaveNew("Evaluación de señales, año 2");
     ASSERT_TRUE(Exists("Evaluación de señales, año 2.doc"));
