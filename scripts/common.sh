@@ -5,7 +5,7 @@ say() { printf '\n== %s\n' "$*"; }
 # Packages that building and running the program takes, on Debian 12.
 build_packages=(
     g++ cmake ninja-build
-    qt6-base-dev qt6-svg-dev qt6-translations-l10n
+    qt6-base-dev qt6-svg-dev qt6-translations-l10n libcups2-dev
     libgtest-dev libgmock-dev
     fonts-liberation fonts-dejavu-core python3-markdown
 )

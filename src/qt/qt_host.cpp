@@ -17,6 +17,7 @@
 #include "qt/local_time.h"
 #include "qt/message_box.h"
 #include "qt/paper.h"
+#include "qt/print_server.h"
 #include "qt/text.h"
 
 namespace velmora {
@@ -111,6 +112,7 @@ void QtHost::ShowSave(CommonDialog& dialog) {
 
 void QtHost::ShowPrinter(CommonDialog& dialog) {
     window_->ShowChanges();
+    if (!PrintServerAnswers()) return;  // passed over, as a machine without printers is
     printer_ = make_printer();
     printer_->setPageOrientation(QPageLayout::Landscape);
     printer_->setColorMode(QPrinter::Color);  // some start out grey
@@ -123,8 +125,9 @@ void QtHost::ShowPrinter(CommonDialog& dialog) {
 }
 
 void QtHost::PrintForm() {
-    if (!printer_) printer_ = make_printer();
+    if (!printer_ && PrintServerAnswers()) printer_ = make_printer();
     const std::unique_ptr<QPrinter> printer = std::move(printer_);
+    if (!printer) return;
     const Imprint imprint = MakeImprint();
     printer->setDocName(TitleOf(imprint));
     QPainter painter;

@@ -4,6 +4,7 @@ import os
 import pwd
 import re
 import shutil
+import socket
 import subprocess
 import time
 
@@ -50,6 +51,23 @@ FileDevice Yes
 def tool(name):
     """The path of a tool of the print server; it may be on an administrator's path alone."""
     return shutil.which(name, path=os.environ.get("PATH", "") + ":/usr/sbin:/sbin")
+
+
+class SilentServer:
+    """Takes connections and never answers."""
+
+    def __init__(self, folder):
+        os.mkdir(folder, 0o755)
+        self.path = os.path.join(folder, "socket")
+        self.listening = socket.socket(socket.AF_UNIX)
+        self.listening.bind(self.path)
+        self.listening.listen(16)
+
+    def environment(self):
+        return {"CUPS_SERVER": self.path}
+
+    def close(self):
+        self.listening.close()
 
 
 class PrintServer:

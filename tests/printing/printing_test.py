@@ -16,7 +16,7 @@ for neighbour in ("accessibility", "process"):
 import desktop  # noqa: E402
 import picture  # noqa: E402
 from desktop import wait_for  # noqa: E402
-from print_server import PrintServer  # noqa: E402
+from print_server import PrintServer, SilentServer  # noqa: E402
 
 TOOLS = ("cupsd", "lpadmin", "lpstat", "pdfinfo", "pdftotext", "pdfimages", "pdftoppm")
 
@@ -41,12 +41,15 @@ class PrintingTest(unittest.TestCase):
 
     def setUp(self):
         place = os.path.join(desktop.folder(), self.id().rsplit(".", 1)[-1][:20])
-        self.server = PrintServer(place, self.queues)
+        self.server = self.start_server(place)
         self.addCleanup(self.server.close)
         self.program = desktop.Program(os.environ["VELMORA"], self.server.environment())
         self.addCleanup(self.program.close)
         self.program.press("Iniciar")
         self.arrive("h2")
+
+    def start_server(self, place):
+        return PrintServer(place, self.queues)
 
     def arrive(self, page):
         wait_for(page, lambda: f"Velmora / {page}" in self.program.title())
@@ -105,6 +108,16 @@ class NoPrinter(PrintingTest):
         left = [f for place in ("work", "home") for _, _, fs in
                 os.walk(os.path.join(desktop.folder(), place)) for f in fs]
         self.assertEqual([f for f in left if f.endswith((".pdf", ".ps"))], [])
+
+
+class NoAnswer(PrintingTest):
+    def start_server(self, place):
+        return SilentServer(place)
+
+    def test_a_server_that_never_answers_is_given_up(self):
+        self.program.press("Imprimir")
+        self.program.answer("Sí")
+        self.expect_still_there()
 
 
 class Page(PrintingTest):
