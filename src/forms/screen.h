@@ -82,6 +82,10 @@ public:
 
     std::string Caption;  ///< of the window
 
+    /// Set by a handler that has laid the screen out anew: the focus goes to the first control, and
+    /// the window takes the wish back.
+    bool LaidOutAnew = false;
+
 protected:
     Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock);
 

@@ -25,7 +25,7 @@ constexpr QRgb kBottomOfFirst = 0xffcfdde9;
 }  // namespace
 
 Canvas::Canvas(const Screen& screen, QWidget* parent)
-    : QWidget(parent), background_(BackgroundOf(screen)) {
+    : QWidget(parent), background_(BackgroundOf(screen)), frames_(new Frames(this)) {
     setMinimumSize(320, 240);
 }
 
@@ -59,6 +59,7 @@ void Canvas::resizeEvent(QResizeEvent* /*event*/) {
     origin_ = {(width() - kRoom.width * scale_) / 2, (height() - kRoom.height * scale_) / 2};
     fonts_.clear();
     for (const Placed& placed : placed_) LayOut(placed);
+    frames_->Resize(scale_);
 }
 
 void Canvas::paintEvent(QPaintEvent* /*event*/) {

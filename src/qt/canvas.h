@@ -9,6 +9,7 @@
 
 #include "forms/screen.h"
 #include "qt/drawing.h"
+#include "qt/frames.h"
 
 namespace velmora {
 
@@ -42,6 +43,7 @@ private:
     QRect ToPixels(const Box& box) const;
 
     Drawing background_;
+    Frames* frames_;
     std::vector<Placed> placed_;
     std::map<std::tuple<Family, double, bool>, QFont> fonts_;  ///< at the present scale, by look
     double scale_ = 0;

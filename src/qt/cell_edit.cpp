@@ -59,8 +59,12 @@ void CellEdit::TakeCaretBack() {
 void CellEdit::SetMarked(bool marked) {
     marked_ = marked;
     setAccessibleDescription(marked ? tr("Sobre el límite") : QString());
-    if (marked) raise();  // or the row below would cover the frame's foot
     update();
+}
+
+QColor CellEdit::FrameColor() const {
+    constexpr QRgb kMark = 0xff141e2d;
+    return marked_ ? QColor(kMark) : QColor();
 }
 
 void CellEdit::TextHasChanged(const QString& text) {
@@ -107,15 +111,17 @@ void CellEdit::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const std::optional<KeyCode> character = CharacterOf(*event);
-    if (character) {
-        bool passes = entry_ == Entry::Free;
-        Q_EMIT KeyPressed(*character, passes);
-        if (!passes) return;
-    }
     if (OpensMenu(*event)) {
         event->ignore();
         return;
     }
+    bool passes = entry_ == Entry::Free || !character;
+    if (character) Q_EMIT KeyPressed(*character, passes);
+    if (IsEnter(*event)) {
+        focusNextChild();  // no part of the cell: it goes on whatever the filter says
+        return;
+    }
+    if (!passes) return;
     const bool copies = event->key() == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier;
     if (entry_ == Entry::Filtered && !character && !IsMovement(*event) && !copies) {
         event->ignore();
@@ -170,12 +176,23 @@ QVariant CellEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
 
 void CellEdit::focusInEvent(QFocusEvent* event) {
     const bool shows_beginning = caret_.has_value();
+    const bool by_key =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (entry_ == Entry::Filtered && by_key) {
+        // Selected, the text would go with the first digit: a key adds to its end.
+        QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
+        QLineEdit::focusInEvent(&plain);
+        if (shows_beginning)
+            caret_ = static_cast<int>(text().size());
+        else
+            end(false);
+        return;
+    }
     QLineEdit::focusInEvent(event);
     if (shows_beginning && hasSelectedText()) {
         // All is selected, as everywhere, but from its end to its beginning, which stays in view.
         setSelection(static_cast<int>(text().size()), -static_cast<int>(text().size()));
     }
-    raise();
 }
 
 /// Paints the beginning of the text, and "…" where it is cut, over what the line edit painted; the
@@ -201,18 +218,8 @@ void CellEdit::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     QPainter painter(this);
     if (too_narrow && caret_) PaintCut(painter);
-    const QPalette colors = QApplication::palette();
-    if (hasFocus()) {
-        painter.setPen(QPen(colors.color(QPalette::Highlight), 2));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
-    } else {
-        painter.setPen(QColor(0x9a, 0xa7, 0xb5));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
-    if (marked_) {
-        painter.setPen(QPen(QColor(0x14, 0x1e, 0x2d), 2));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
-    }
+    painter.setPen(QColor(0x9a, 0xa7, 0xb5));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 }  // namespace velmora

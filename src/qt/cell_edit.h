@@ -32,6 +32,9 @@ public:
     /// Whether the cell can't show its text whole.
     bool IsTooNarrow() const;
 
+    /// The colour of the frame that the cell is to have above all, none for an invalid colour.
+    QColor FrameColor() const;
+
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 Q_SIGNALS:

@@ -5,6 +5,7 @@
 namespace velmora {
 
 std::optional<KeyCode> CharacterOf(const QKeyEvent& event) {
+    if (OpensMenu(event)) return std::nullopt;
     constexpr KeyCode kEnter = 13;
     constexpr KeyCode kEscape = 27;
     switch (event.key()) {
@@ -23,7 +24,6 @@ std::optional<KeyCode> CharacterOf(const QKeyEvent& event) {
         default:
             break;
     }
-    if (OpensMenu(event)) return std::nullopt;
     if (event.modifiers().testFlag(Qt::ControlModifier) &&
         !event.modifiers().testFlag(Qt::AltModifier)) {
         if (event.key() < Qt::Key_A || event.key() > Qt::Key_BracketRight) return std::nullopt;
@@ -37,6 +37,10 @@ std::optional<KeyCode> CharacterOf(const QKeyEvent& event) {
 bool OpensMenu(const QKeyEvent& event) {
     return event.modifiers().testFlag(Qt::AltModifier) &&
            !event.modifiers().testFlag(Qt::ControlModifier);
+}
+
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 bool IsMovement(const QKeyEvent& event) {

@@ -17,6 +17,9 @@ MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, const QO
                  QWidget* parent)
     : QMenuBar(parent) {
     InstallAccessibleMenus();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (now == this && before != nullptr && before->window() == window()) before_ = before;
+    });
     setAccessibleName(QStringLiteral("Menú"));
     setNativeMenuBar(false);
     for (const MenuEntry& entry : entries) {
@@ -26,6 +29,7 @@ MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, const QO
         } else {
             QMenu* const menu = addMenu(ToQt(entry.caption));
             menu->setAccessibleName(menu->title());
+            menu->installEventFilter(this);
             action = menu->menuAction();
             for (const MenuEntry& item : entry.list) {
                 QAction* const line = menu->addAction(ToQt(item.caption));
@@ -49,20 +53,44 @@ void MenuBar::SetFont(const QFont& font) {
 }
 
 void MenuBar::TakeKeyboard() {
-    const auto entries = actions();
-    const auto first = std::ranges::find_if(
-        entries, [](const QAction* entry) { return !entry->text().isEmpty(); });
-    if (first == entries.end()) return;
-    setFocus(Qt::MenuBarFocusReason);
-    setActiveAction(*first);
+    // The toolkit remembers who had the keyboard only when Alt takes it.
+    QKeyEvent press(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::NoModifier);
+    QMenuBar::eventFilter(this, &press);
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier);
+    QMenuBar::eventFilter(this, &release);
+}
+
+bool MenuBar::StandsOnSpacer() const {
+    return activeAction() != nullptr && activeAction()->text().isEmpty();
+}
+
+void MenuBar::focusInEvent(QFocusEvent* event) {
+    QMenuBar::focusInEvent(event);
+    if (!StandsOnSpacer()) return;
+    QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+    keyPressEvent(&right);
+}
+
+bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
+    auto* const list = qobject_cast<QMenu*>(watched);
+    if (list == nullptr || event->type() != QEvent::KeyPress) {
+        return QMenuBar::eventFilter(watched, event);
+    }
+    auto* const key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_Escape) return QMenuBar::eventFilter(watched, event);
+    list->close();
+    QMenuBar::keyPressEvent(key);
+    return true;
 }
 
 void MenuBar::keyPressEvent(QKeyEvent* event) {
     QMenuBar::keyPressEvent(event);
+    // A box of the entry that was pressed has taken the keyboard: it goes back past the bar.
+    const bool is_over = activeAction() == nullptr && window()->focusWidget() == this;
+    if (is_over && before_) before_->setFocus(Qt::OtherFocusReason);
     if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) return;
     // The spacers are no place to stop at.
-    for (qsizetype i = 0; i < actions().size(); ++i) {
-        if (activeAction() == nullptr || !activeAction()->text().isEmpty()) return;
+    for (qsizetype i = 0; i < actions().size() && StandsOnSpacer(); ++i) {
         QKeyEvent again(QEvent::KeyPress, event->key(), event->modifiers());
         QMenuBar::keyPressEvent(&again);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMenuBar>
+#include <QPointer>
 
 #include <functional>
 #include <vector>
@@ -25,7 +26,8 @@ public:
     /// Sets the font of the bar and of its lists.
     void SetFont(const QFont& font);
 
-    /// Gives the bar the keyboard, on its first entry.
+    /// Gives the bar the keyboard, on its first title, as Alt alone does. Escape gives it back to
+    /// what had it, also from an open list.
     void TakeKeyboard();
 
     /// Whether the entry is a title that runs a handler of its own at a press.
@@ -38,8 +40,13 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool StandsOnSpacer() const;
+
+    QPointer<QWidget> before_;             ///< had the keyboard before the bar
     std::vector<QAction*> moves_at_once_;  ///< titles with a handler of their own
 };
 

@@ -29,6 +29,7 @@ struct Window::Shown {
     const Control* control;
     State state;  ///< at first that of a widget just made: a control as it is by default
     QWidget* widget = nullptr;
+    int opened = 0;  ///< of a button: its place in the order in which they opened; 0 while closed
 
     explicit Shown(const Control& shown)
         : control(&shown), state(std::visit(Fresh{}, shown.state)) {}
@@ -159,6 +160,7 @@ void Window::Run(const std::function<void()>& handler) {
         ShowChanges();
     else
         BuildScreen();
+    if (std::exchange(screen_->LaidOutAnew, false)) FocusFirst();
     chain_.Settle();
 }
 
@@ -195,6 +197,7 @@ void Window::BuildScreen() {
     shown_.clear();
     shown_.reserve(screen_->Controls().size());
     clock_ = nullptr;
+    openings_ = 0;
     for (const Control& control : screen_->Controls()) {
         Shown& shown = shown_.emplace_back(control);
         shown.widget = MakeWidget(shown);
@@ -233,12 +236,24 @@ void Window::resizeEvent(QResizeEvent* event) {
 }
 
 void Window::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F10) {
-        menu_->TakeKeyboard();
-    } else if (event->key() == Qt::Key_F11) {
-        setWindowState(windowState() ^ Qt::WindowFullScreen);
-    } else {
+    constexpr auto kNone = ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    if ((event->modifiers() & kNone) != Qt::NoModifier) {
         QMainWindow::keyPressEvent(event);
+        return;
+    }
+    switch (event->key()) {
+        case Qt::Key_F6:
+            return FocusNewestButton();
+        case Qt::Key_F10:
+            return menu_->TakeKeyboard();
+        case Qt::Key_F11:
+            return setWindowState(windowState() ^ Qt::WindowFullScreen);
+        case Qt::Key_Up:
+            return FocusRow(-1);
+        case Qt::Key_Down:
+            return FocusRow(1);
+        default:
+            QMainWindow::keyPressEvent(event);
     }
 }
 
@@ -353,6 +368,30 @@ void Window::FocusFirst() {
     if (first != nullptr) first->widget->setFocus(Qt::OtherFocusReason);
 }
 
+/// Of buttons that opened at the same time, the newest is the last in the screen's table.
+void Window::FocusNewestButton() {
+    const auto newest = std::ranges::max_element(shown_, {}, &Shown::opened);
+    if (newest != shown_.end() && newest->opened > 0) newest->widget->setFocus();
+}
+
+/// Gives the focus to the nearest cell of the same column above (-1) or below (1).
+void Window::FocusRow(int step) {
+    const auto here = std::ranges::find(shown_, focusWidget(), &Shown::widget);
+    if (here == shown_.end() || !std::holds_alternative<TextCell>(here->state)) return;
+    const Box& from = here->control->row.box;
+    const auto distance = [&](const Shown& shown) {
+        return (shown.control->row.box.top - from.top) * step;
+    };
+    const Shown* nearest = nullptr;
+    for (const Shown& shown : shown_) {
+        if (!std::holds_alternative<TextCell>(shown.state) || !shown.CanTakeFocus()) continue;
+        if (shown.control->row.box.left != from.left || distance(shown) <= 0) continue;
+        if (nearest == nullptr || distance(shown) < distance(*nearest)) nearest = &shown;
+    }
+    if (nearest == nullptr) return;
+    nearest->widget->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+}
+
 void Window::ShowChanges() {
     const QString title = ToQt(screen_->Caption);
     if (title != windowTitle()) setWindowTitle(title);
@@ -376,6 +415,10 @@ void Window::ShowChange(Shown& shown) {
         show(*label, static_cast<QLabel&>(*shown.widget));
     } else if (const auto* button = std::get_if<Button*>(&state)) {
         show(*button, static_cast<QPushButton&>(*shown.widget));
+        if (!shown.CanTakeFocus())
+            shown.opened = 0;
+        else if (shown.opened == 0)
+            shown.opened = ++openings_;
     }
 }
 

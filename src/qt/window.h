@@ -78,6 +78,8 @@ private:
     QWidget* MakeList(Shown& shown);
     void SetTabOrder();
     void FocusFirst();
+    void FocusNewestButton();
+    void FocusRow(int step);
     void ShowChange(Shown& shown);
     void Tick();
     void Filter(const Control& control, KeyCode key, bool& passes);
@@ -100,6 +102,7 @@ private:
     Shown* clock_ = nullptr;
     QTimer timer_;
     bool running_ = false;
+    int openings_ = 0;  ///< of buttons, since the screen was built
 };
 
 }  // namespace velmora

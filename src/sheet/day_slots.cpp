@@ -84,6 +84,7 @@ void Form5::limpia(const Entero& /*c*/) {
     }
     for (Label& heading : Label3) heading.Visible = false;
     for (TextCell& cell : Text3) Close(cell);
+    LaidOutAnew = true;
     // Hidden only: the five cells keep their text until the conclusions are validated again.
     SetConclusionsVisible(false);
 }

@@ -85,11 +85,12 @@ constexpr int kAltoDeFila = 240; ///< cells are 285 high: neighbours overlap a l
 constexpr int kAltoDeCelda = 285;
 constexpr int kAltoDeRotulo = 255;
 
-// The Tab key runs through the samples of all rows, then through the rest of Text1, then on.
+// The Tab key runs through the samples of all rows, then the buttons, then the rest of the cells.
 constexpr int kTabMuestras = 0;
-constexpr int kTabResto = 108;
-constexpr int kTabText3 = 324;
-constexpr int kTabBotones = 396;
+constexpr int kTabBotones = 108;
+constexpr int kTabResto = 116;
+constexpr int kTabText3 = 332;
+constexpr int kTabRespuestas = 404;
 
 constexpr Row kCommand1{.name = "Command1", .box = { 3840,  120, 4335, 255}, .text = "Validar 1ª tarea", .tab = kTabBotones};
 constexpr Row kCommand2{.name = "Command2", .box = { 3840, 2400, 6015, 255}, .text = "Validar 2ª tarea", .tab = kTabBotones + 1};
@@ -109,15 +110,15 @@ constexpr Row kLabel2{.name = "Label2", .box = {120, 7440, 3255, 255}, .text = "
 constexpr Row kLabel4{.name = "Label4", .box = {120, 7800, 3255, 255}, .text = "Probabilidad de superar corta exposición:", .look = kRotulo};
 constexpr Row kLabel5{.name = "Label5", .box = {9840, 8160, 2535, 255}, .look = kAspectoDelReloj};
 
-constexpr Row kText7{.name = "Text7", .box = {3360, 7080,  615, 285}, .look = kRespuesta, .tab = kTabBotones + 8,
+constexpr Row kText7{.name = "Text7", .box = {3360, 7080,  615, 285}, .look = kRespuesta, .tab = kTabRespuestas,
                      .spoken = "¿Se ha superado 3 x VLA-ED o VLA-EC?"};
-constexpr Row kText2{.name = "Text2", .box = {3360, 7440,  615, 285}, .look = kRespuesta, .tab = kTabBotones + 9,
+constexpr Row kText2{.name = "Text2", .box = {3360, 7440,  615, 285}, .look = kRespuesta, .tab = kTabRespuestas + 1,
                      .spoken = "Mayor índice calculado, simple y aditivo"};
-constexpr Row kText5{.name = "Text5", .box = {4080, 7440, 7695, 285}, .look = kRespuesta, .tab = kTabBotones + 10,
+constexpr Row kText5{.name = "Text5", .box = {4080, 7440, 7695, 285}, .look = kRespuesta, .tab = kTabRespuestas + 2,
                      .spoken = "Conclusión sobre el índice"};
-constexpr Row kText4{.name = "Text4", .box = {3360, 7800,  615, 285}, .look = kRespuesta, .tab = kTabBotones + 11,
+constexpr Row kText4{.name = "Text4", .box = {3360, 7800,  615, 285}, .look = kRespuesta, .tab = kTabRespuestas + 3,
                      .spoken = "Probabilidad de superar corta exposición"};
-constexpr Row kText6{.name = "Text6", .box = {4080, 7800, 7695, 285}, .look = kRespuesta, .tab = kTabBotones + 12,
+constexpr Row kText6{.name = "Text6", .box = {4080, 7800, 7695, 285}, .look = kRespuesta, .tab = kTabRespuestas + 4,
                      .spoken = "Conclusión sobre la probabilidad"};
 // clang-format on
 

@@ -36,6 +36,11 @@ TECLAS_LIBRES = (
 EMPRESAS = ("Pinturas Ñandú, S.L.", "ACME & Cía", " ", "Taller «El 3»", 'La "Buena"', "Ωmega 😀")
 
 
+def _hasta_intro(teclas):
+    """Enter leaves the cell: nothing is typed into it after that."""
+    return teclas[: teclas.index("<ENTER>") + 1] if "<ENTER>" in teclas else teclas
+
+
 class Guia:
     """Gives the next action for the model's present state."""
 
@@ -183,7 +188,7 @@ class Guia:
             if self.azar.random() < 0.1:
                 yield ["clip", "pegado ñ"]
                 teclas = [self.azar.choice(("<C-V>", "<S-INS>")), *teclas]
-            yield ["type", celda, teclas]
+            yield ["type", celda, _hasta_intro(teclas)]
         if self.azar.random() < 0.1:
             yield ["type", "Text1(1)", ["<S-HOME>", self.azar.choice(("<BS>", "<DEL>"))]]
             yield self._entrada(self.azar.choice(("datosiniciales", "calculos")))
@@ -404,7 +409,8 @@ class Guia:
         celda = self.azar.choice(celdas)
         filtrada = self.programa.pantalla.filtrada(celda)
         teclas = TECLAS_FILTRADAS if filtrada else TECLAS_LIBRES
-        return ["type", celda, self.azar.choices(teclas, k=self.azar.randint(1, 6))]
+        elegidas = self.azar.choices(teclas, k=self.azar.randint(1, 6))
+        return ["type", celda, _hasta_intro(elegidas)]
 
     def _roce_lista(self):
         listas = self._visibles("list")

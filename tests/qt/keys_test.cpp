@@ -58,6 +58,8 @@ const std::vector<Pressed> kRows = {
     {"CtrlShiftZ",          Qt::Key_Z,         Qt::ControlModifier | Qt::ShiftModifier, "\x1a", 26},
     {"CtrlBracket",         Qt::Key_BracketLeft, Qt::ControlModifier, "\x1b", 27},
     {"CtrlDigit",           Qt::Key_5,         Qt::ControlModifier, "5",      kNo},
+    {"BackspaceByAlt",      Qt::Key_Backspace, Qt::AltModifier,     "\b",     kNo},
+    {"EnterByAlt",          Qt::Key_Return,    Qt::AltModifier,     "\r",     kNo},
     {"AltLetter",           Qt::Key_A,         Qt::AltModifier,     "a",      kNo},
     {"AltDigit",            Qt::Key_5,         Qt::AltModifier,     "5",      kNo},
     {"Delete",              Qt::Key_Delete,    Qt::NoModifier,      "\x7f",   kNo},
