@@ -28,10 +28,12 @@ void Settle() {
     QCoreApplication::processEvents();
 }
 
-/// A toolkit that shows no run-time error: there is none in what is measured.
+/// A toolkit that shows no run-time error and no help: there is none in what is measured.
 class QuietErrors : public WindowHost {
 public:
     void ShowError(std::string_view message) override { Unexpected(message); }
+    void OpenGuide(std::string_view section) override { Unexpected(section); }
+    void Beep() override { Unexpected("a beep"); }
 };
 
 /// The program's window over an evaluation of three days, three tasks and six contaminants each.

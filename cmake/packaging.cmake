@@ -35,6 +35,7 @@ else()
     add_custom_command(OUTPUT ${made}/guia.html
         COMMAND ${VELMORA_PYTHON} ${packaging}/guia_html.py
             ${PROJECT_SOURCE_DIR}/docs/guia.md ${packaging}/guia.css ${made}/guia.html
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/docs/images ${made}/images
         DEPENDS ${PROJECT_SOURCE_DIR}/docs/guia.md ${packaging}/guia.css ${packaging}/guia_html.py
         VERBATIM)
     list(APPEND made_files guia.html)

@@ -47,20 +47,24 @@ struct Columna {
     std::string_view nombre; ///< as a screen reader says it
     std::string_view cabecera;
     Look aspecto;
+    std::string_view ayuda{};         ///< tool tip of the heading
+    std::string_view ayuda_celdas{};  ///< tool tip of the cells
 };
 
 /// The five columns of `Text1`, in the order of its index.
 constexpr std::array<Columna, 5> kColumnas = {{
     { 120,  375, 36, "número",        "Nº",                      Cabecera(7.5,  false)},
     { 600, 2055, 12, "nombre",        "Nombre del contaminante", Cabecera(7.5,  false)},
-    {2760,  615, 18, "VLA-ED",        "VLA-ED",                  Cabecera(7.5,  false)},
-    {3480,  615, 24, "VLA-EC",        "VLA-EC",                  Cabecera(7.5,  false)},
-    {4680,  375, 30, "grupo aditivo", "Adit.",                   Cabecera(7.5,  false)},
+    {2760,  615, 18, "VLA-ED",        "VLA-ED",                  Cabecera(7.5,  false), {}, kAyudaDeDecimales},
+    {3480,  615, 24, "VLA-EC",        "VLA-EC",                  Cabecera(7.5,  false), {}, kAyudaDeDecimales},
+    {4680,  375, 30, "grupo aditivo", "Adit.",                   Cabecera(7.5,  false),
+     "0 si el agente no es aditivo; si lo es, el número de su grupo."},
 }};
 constexpr Columna kUnidad =
     {5160,  735,  0, "unidad",                       "Unidades", Cabecera(7.5,  false)};
 constexpr Columna kTiempoDeMuestreo =
-    {4200,  375,  6, "tiempo de muestreo en minutos", "TM",      Cabecera(7.5,  false)};
+    {4200,  375,  6, "tiempo de muestreo en minutos", "TM",      Cabecera(7.5,  false),
+     "Tiempo de muestreo, en minutos: 30 o 15.", "Un doble clic, o F2, pone 30; otro, 15."};
 // clang-format on
 
 constexpr int kColumnaNombre = 1;
@@ -73,7 +77,9 @@ constexpr Row FilaDeLaCabecera(std::string_view name, int index, const Columna& 
             .index = index,
             .box = {columna.left, 1200, columna.width, 255},
             .text = columna.cabecera,
-            .look = columna.aspecto};
+            .look = columna.aspecto,
+            .tool_tip = columna.ayuda,
+            .in_table = true};
 }
 
 /// The control of row `r`, from 1, in a column.
@@ -83,7 +89,9 @@ constexpr Row FilaDelControl(std::string_view name, int index, int r, const Colu
             .index = index,
             .box = {columna.left, 1560 + 360 * (r - 1), columna.width, height},
             .look = {.back = kFondoDeVentana},
-            .tab = columna.primer_tab + r - 1};
+            .tab = columna.primer_tab + r - 1,
+            .tool_tip = columna.ayuda_celdas,
+            .in_table = true};
 }
 
 std::string NombreHablado(int r, const Columna& columna) {

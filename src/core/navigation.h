@@ -40,4 +40,8 @@ std::string FormatoFecha(const std::tm& momento);
 /// How the clock looks on `Form2` to `Form6`: bold, white, 8.25 points.
 inline constexpr Look kAspectoDelReloj{.bold = true, .fore = 0xFFFFFF};
 
+/// The tool tip of the cells in which decimals are typed.
+inline constexpr std::string_view kAyudaDeDecimales =
+    "Los decimales, con punto y con un cero delante: 0.5";
+
 }  // namespace velmora

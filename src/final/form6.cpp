@@ -35,20 +35,28 @@ struct Columna {
     int left;
     int width;
     std::string_view rotulo;
-    std::string_view nombre;  ///< as a screen reader says it
+    std::string_view nombre;   ///< as a screen reader says it
+    std::string_view ayuda{};  ///< tool tip of the heading
 };
 
 // clang-format off
 constexpr std::array<Columna, kColumnas> kTabla = {{
     {  300,  435, "Nº",                      "número"},
     {  750, 3000, "Nombre del contaminante", "nombre del contaminante"},
-    { 3855,  960, "I1",                      "índice del primer día"},
-    { 4830,  960, "I2",                      "índice del segundo día"},
-    { 5805,  960, "I3",                      "índice del tercer día"},
-    { 6780, 1950, "IG",                      "índice global IG"}, // up to fifteen digits
-    { 8835,  900, "P1",                      "probabilidad del primer día"},
-    { 9750,  900, "P2",                      "probabilidad del segundo día"},
-    {10665,  900, "P3",                      "probabilidad del tercer día"},
+    { 3855,  960, "I1",                      "índice del primer día",
+     "El Indic.+ del primer día."},
+    { 4830,  960, "I2",                      "índice del segundo día",
+     "El Indic.+ del segundo día."},
+    { 5805,  960, "I3",                      "índice del tercer día",
+     "El Indic.+ del tercer día."},
+    { 6780, 1950, "IG",                      "índice global IG",
+     "Media geométrica de los tres índices; 0 si falta el tercer día."}, // up to fifteen digits
+    { 8835,  900, "P1",                      "probabilidad del primer día",
+     "La Prob. del primer día, en tanto por ciento."},
+    { 9750,  900, "P2",                      "probabilidad del segundo día",
+     "La Prob. del segundo día, en tanto por ciento."},
+    {10665,  900, "P3",                      "probabilidad del tercer día",
+     "La Prob. del tercer día, en tanto por ciento."},
 }};
 
 constexpr int kAltoDeRotulo    = 255;
@@ -66,11 +74,11 @@ constexpr Row kLabel2{.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = 
 
 // The blocks are the tasks of the plan, though their labels speak of workdays.
 constexpr Row kLabel3{.name = "Label3", .box = {300, kPrimerRotulo, 3450, kAltoDeRotulo},
-                      .text = "Primera Jornada", .look = kAspectoDeBloque};
+                      .text = "Primera Jornada", .look = kAspectoDeBloque, .in_table = true};
 constexpr Row kLabel5{.name = "Label5", .box = {300, kPrimerRotulo + kPasoDeBloque, 3450, kAltoDeRotulo},
-                      .text = "Segunda  Jornada", .look = kAspectoDeBloque};
+                      .text = "Segunda  Jornada", .look = kAspectoDeBloque, .in_table = true};
 constexpr Row kLabel6{.name = "Label6", .box = {300, kPrimerRotulo + 2 * kPasoDeBloque, 3450, kAltoDeRotulo},
-                      .text = "Tercera  Jornada", .look = kAspectoDeBloque};
+                      .text = "Tercera  Jornada", .look = kAspectoDeBloque, .in_table = true};
 // clang-format on
 
 constexpr std::array<std::string_view, kFilasPorTarea> kNumeros = {"1", "2", "3", "4", "5", "6"};
@@ -95,7 +103,9 @@ constexpr Row FilaDelEncabezado(int columna) {
         .box = {c.left, 645, c.width, kAltoDeRotulo},
         .text = c.rotulo,
         .look = {.bold = true, .align = Align::Center, .fore = kAzulMarino, .back = kAzulPalido},
-        .spoken = c.nombre};
+        .spoken = c.nombre,
+        .tool_tip = c.ayuda,
+        .in_table = true};
 }
 
 constexpr Row FilaDeLaCelda(int fila, int columna) {
@@ -111,7 +121,8 @@ constexpr Row FilaDeLaCelda(int fila, int columna) {
             .look = {.bold = columna == kColumnaIG,
                      .align = columna == kColumnaNombre ? Align::Left : Align::Center,
                      .back = columna == kColumnaIG ? kVerdePalido : kFondoDeVentana},
-            .tab = Celda(fila, columna) + 1};
+            .tab = Celda(fila, columna) + 1,
+            .in_table = true};
 }
 
 std::string NombreDeLaCelda(int fila, int columna) {

@@ -51,6 +51,7 @@ struct Row {
     std::string_view spoken{};  ///< what a screen reader says of it, where that isn't its caption
     std::string_view tool_tip{};
     std::span<const std::string_view> items{};  ///< of a list
+    bool in_table = false;                      ///< part of the table that is copied whole
 
     static constexpr int kSinIndice = -1;  ///< no element of an array: a control that stands alone
 };

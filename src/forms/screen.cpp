@@ -24,6 +24,13 @@ std::string_view Screen::Name() const {
     return kNames.at(static_cast<std::size_t>(id_) - 1);
 }
 
+std::string_view Screen::GuideSection() const {
+    static constexpr std::array<std::string_view, 6> kSections = {
+        "inicio",   "datos-de-la-empresa", "datos-iniciales-jornadas-y-tareas", "contaminantes",
+        "cálculos", "resultado-final"};
+    return kSections.at(static_cast<std::size_t>(id_) - 1);
+}
+
 const MenuEntry* Screen::FindEntry(std::string_view name) const {
     for (const MenuEntry& title : menu_) {
         if (title.name == name) return &title;

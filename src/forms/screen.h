@@ -70,6 +70,8 @@ public:
     ScreenId Id() const { return id_; }
     /// "Form1" to "Form6".
     std::string_view Name() const;
+    /// The name of the heading of the guide's section on this screen.
+    std::string_view GuideSection() const;
     Box ClientArea() const { return client_area_; }
     const std::vector<Control>& Controls() const { return controls_; }
     const std::vector<MenuEntry>& Menu() const { return menu_; }

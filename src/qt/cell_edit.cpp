@@ -58,12 +58,41 @@ void CellEdit::TakeCaretBack() {
 
 void CellEdit::SetMarked(bool marked) {
     marked_ = marked;
-    setAccessibleDescription(marked ? tr("Sobre el límite") : QString());
+    Describe();
+    update();
+}
+
+void CellEdit::Describe() {
+    const QString usual = marked_ ? tr("Sobre el límite") : QString();
+    if (!refused_) return setAccessibleDescription(usual);
+    const QString refusal = tr("Tecla no admitida. ");
+    setAccessibleDescription(refusal + (marked_ ? usual : toolTip()));
+}
+
+void CellEdit::ShowRefusal() {
+    TakeRefusalBack();  // so that each one is told anew
+    refused_ = true;
+    Describe();
+    flash_.start(kFlash, this);
+    update();
+    Q_EMIT Refused();
+}
+
+void CellEdit::TakeRefusalBack() {
+    refused_ = false;
+    Describe();
+}
+
+void CellEdit::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != flash_.timerId()) return QLineEdit::timerEvent(event);
+    flash_.stop();
     update();
 }
 
 QColor CellEdit::FrameColor() const {
     constexpr QRgb kMark = 0xff141e2d;
+    constexpr QRgb kWarning = 0xffc2410c;
+    if (flash_.isActive()) return kWarning;
     return marked_ ? QColor(kMark) : QColor();
 }
 
@@ -97,8 +126,11 @@ QString CellEdit::TipText() const {
 }
 
 bool CellEdit::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && IsTooNarrow()) {
-        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), TipText(), this);
+    if (event->type() == QEvent::ToolTip && IsTooNarrow()) {
+        QStringList told(TipText());
+        if (!toolTip().isEmpty()) told << toolTip();
+        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), told.join(u'\n'),
+                           this);
         return true;
     }
     return QLineEdit::event(event);
@@ -121,7 +153,11 @@ void CellEdit::keyPressEvent(QKeyEvent* event) {
         focusNextChild();  // no part of the cell: it goes on whatever the filter says
         return;
     }
-    if (!passes) return;
+    if (!passes) {
+        ShowRefusal();
+        return;
+    }
+    if (refused_) TakeRefusalBack();
     const bool copies = event->key() == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier;
     if (entry_ == Entry::Filtered && !character && !IsMovement(*event) && !copies) {
         event->ignore();
@@ -150,18 +186,24 @@ void CellEdit::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CellEdit::contextMenuEvent(QContextMenuEvent* event) {
-    if (entry_ == Entry::Free) {
-        QLineEdit::contextMenuEvent(event);
-        return;
+    QMenu* const menu =
+        entry_ == Entry::Free ? createStandardContextMenu() : MakeMenuOfFilteredCell();
+    if (in_table_) {
+        menu->addSeparator();
+        menu->addAction(tr("Copiar toda la tabla"), this, &CellEdit::TableWanted);
     }
     // Not run in a loop of its own: the cell may be left, and gone, while its menu is open.
-    auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction* const copy = menu->addAction(tr("Copiar"), this, &QLineEdit::copy);
-    copy->setEnabled(hasSelectedText());
-    QAction* const all = menu->addAction(tr("Seleccionar todo"), this, &QLineEdit::selectAll);
-    all->setEnabled(!text().isEmpty());
     menu->popup(event->globalPos());
+}
+
+/// What copies and selects, and nothing that changes the text.
+QMenu* CellEdit::MakeMenuOfFilteredCell() {
+    auto* const menu = new QMenu(this);
+    menu->addAction(tr("Copiar"), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
+    menu->addAction(tr("Seleccionar todo"), this, &QLineEdit::selectAll)
+        ->setEnabled(!text().isEmpty());
+    return menu;
 }
 
 void CellEdit::inputMethodEvent(QInputMethodEvent* event) {
@@ -193,6 +235,11 @@ void CellEdit::focusInEvent(QFocusEvent* event) {
         // All is selected, as everywhere, but from its end to its beginning, which stays in view.
         setSelection(static_cast<int>(text().size()), -static_cast<int>(text().size()));
     }
+}
+
+void CellEdit::focusOutEvent(QFocusEvent* event) {
+    if (refused_) TakeRefusalBack();
+    QLineEdit::focusOutEvent(event);
 }
 
 /// Paints the beginning of the text, and "…" where it is cut, over what the line edit painted; the

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QLineEdit>
 
 #include <optional>
 
 #include "forms/screen.h"
+
+class QMenu;
 
 namespace velmora {
 
@@ -22,6 +25,9 @@ public:
 
     CellEdit(Entry entry, QWidget* parent);
 
+    /// How long a refused key shows in the cell's frame, in milliseconds.
+    static constexpr int kFlash = 400;
+
     /// Sets what the cell shows, the caret at its end. Of a text too long for the cell the
     /// beginning and "…" are what is seen until a key is pressed or a click goes into the text.
     void Show(const QString& text);
@@ -31,6 +37,9 @@ public:
 
     /// Whether the cell can't show its text whole.
     bool IsTooNarrow() const;
+
+    /// Makes the cell one of a table, whose context menu copies the whole of it.
+    void SetInTable() { in_table_ = true; }
 
     /// The colour of the frame that the cell is to have above all, none for an invalid colour.
     QColor FrameColor() const;
@@ -45,6 +54,10 @@ Q_SIGNALS:
     void Typed(const QString& text);
     /// A double click, or F2, which does the same from the keyboard.
     void DoubleClicked();
+    /// A key was refused. Enter never is: it goes on all the same.
+    void Refused();
+    /// The whole table that the cell is part of is to be copied.
+    void TableWanted();
 
 protected:
     bool event(QEvent* event) override;
@@ -55,12 +68,18 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     /// What the tool tip says of a text that doesn't fit: its beginning, where it is long.
     QString TipText() const;
+    QMenu* MakeMenuOfFilteredCell();
     void LiftLimit();
+    void Describe();
+    void ShowRefusal();
+    void TakeRefusalBack();
     void ShowBeginning();
     void TakeCaretBack();
     void PaintCut(QPainter& painter) const;
@@ -71,7 +90,10 @@ private:
     /// Where the caret stood, while the cell shows the beginning of a text that it can't show
     /// whole.
     std::optional<int> caret_;
+    bool in_table_ = false;
     bool marked_ = false;
+    bool refused_ = false;  ///< the last key, and the cell hasn't been left since
+    QBasicTimer flash_;
     bool key_passed_ = false;  ///< a key that the filter let pass is being typed
 };
 

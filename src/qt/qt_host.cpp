@@ -2,12 +2,16 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMarginsF>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QUrl>
 
 #include <algorithm>
 #include <cstdlib>
@@ -81,8 +85,20 @@ QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& title, const
 
 }  // namespace
 
+QString GuideFor(const QString& program_folder) {
+    for (const char* const place :
+         {"../../share/doc/velmora/guia.html", "../share/doc/velmora/guia.html",
+          "packaging/guia.html", "../../docs/guia.md"}) {
+        const QFileInfo page(QDir(program_folder), QString::fromLatin1(place));
+        if (page.isFile()) return page.canonicalFilePath();
+    }
+    return {};
+}
+
 QtHost::QtHost()
     : end([](int status) { std::_Exit(status); }),
+      find_guide([] { return GuideFor(QCoreApplication::applicationDirPath()); }),
+      beep([] { QApplication::beep(); }),
       make_printer([] { return std::make_unique<QPrinter>(QPrinter::HighResolution); }) {}
 
 Respuesta QtHost::MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) {
@@ -100,8 +116,23 @@ Respuesta QtHost::MsgBox(std::string_view prompt, Estilo estilo, std::string_vie
 }
 
 void QtHost::ShowError(std::string_view message) {
-    ShowBox(window_, ToQt(kTituloDeCaja), ToQt(message),
+    const QString lost = QStringLiteral(
+        "\n\nEl programa se cierra, y lo que no esté en un fichero se pierde.\n"
+        "Las causas están en la guía: «Conviene saber», «Algunos datos cierran el programa».");
+    ShowBox(window_, ToQt(kTituloDeCaja), ToQt(message) + lost,
             {QMessageBox::Ok, QMessageBox::Critical, QMessageBox::Ok});
+}
+
+void QtHost::OpenGuide(std::string_view section) {
+    const QString path = find_guide();
+    if (path.isEmpty()) {
+        ShowBox(window_, ToQt(kTituloDeCaja), QStringLiteral("No se encuentra la guía."),
+                StyleOf(Estilo::Aceptar));
+        return;
+    }
+    QUrl page = QUrl::fromLocalFile(path);
+    page.setFragment(ToQt(section));
+    QDesktopServices::openUrl(page);
 }
 
 void QtHost::ShowSave(CommonDialog& dialog) {

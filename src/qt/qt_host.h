@@ -11,7 +11,11 @@
 
 namespace velmora {
 
-/// The host on Qt: message boxes, file and print dialogs, printing, the time, the end.
+/// The guide's page for a program in this folder: the installed one, or else that of the tree where
+/// it was built; empty when there is neither.
+QString GuideFor(const QString& program_folder);
+
+/// The host on Qt: message boxes, file and print dialogs, printing, the guide, the time, the end.
 class QtHost : public WindowHost {
 public:
     QtHost();
@@ -26,9 +30,15 @@ public:
     std::tm Now() const override;
     void End(int estado) override { end(estado); }
     void ShowError(std::string_view message) override;
+    void OpenGuide(std::string_view section) override;
+    void Beep() override { beep(); }
 
     /// What ends the process; the guided example and the tests put theirs.
     std::function<void(int)> end;
+    /// What gives the path of the guide's page, empty when there is none.
+    std::function<QString()> find_guide;
+    /// What sounds for a key that isn't taken.
+    std::function<void()> beep;
     /// What gives the printer that is printed on.
     std::function<std::unique_ptr<QPrinter>()> make_printer;
     /// What tells whose the evaluation on a printed page is; without it, the page doesn't say.

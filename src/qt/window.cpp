@@ -1,6 +1,8 @@
 #include "qt/window.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -10,6 +12,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <map>
+#include <utility>
 
 #include "qt/appearance.h"
 #include "qt/canvas.h"
@@ -38,7 +42,16 @@ struct Window::Shown {
         return control->row.tab != kSinTab && std::visit(Reachable{}, state);
     }
 
+    /// What the widget reads.
+    QString Text() const { return ToQt(std::visit(Reads{}, state)); }
+
 private:
+    struct Reads {
+        std::string_view operator()(std::monostate /*picture*/) const { return {}; }
+        std::string_view operator()(const Label& label) const { return label.Caption; }
+        std::string_view operator()(const Button& button) const { return button.Caption; }
+        std::string_view operator()(const auto& control) const { return control.Text; }
+    };
     struct Fresh {
         State operator()(const Picture& /*picture*/) const { return {}; }
         template <class Data>
@@ -242,6 +255,8 @@ void Window::keyPressEvent(QKeyEvent* event) {
         return;
     }
     switch (event->key()) {
+        case Qt::Key_F1:
+            return host_.OpenGuide(screen_->GuideSection());
         case Qt::Key_F6:
             return FocusNewestButton();
         case Qt::Key_F10:
@@ -309,6 +324,11 @@ QWidget* Window::MakeCell(Shown& shown) {
     });
     if (events.DblClick) {
         Bind(*cell, &CellEdit::DoubleClicked, [this, &events] { Run(events.DblClick); });
+    }
+    Bind(*cell, &CellEdit::Refused, [this] { host_.Beep(); });
+    if (control.row.in_table) {
+        cell->SetInTable();
+        Bind(*cell, &CellEdit::TableWanted, [this] { CopyTable(); });
     }
     return cell;
 }
@@ -390,6 +410,25 @@ void Window::FocusRow(int step) {
     }
     if (nearest == nullptr) return;
     nearest->widget->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+}
+
+/// Hands the table that is seen to the clipboard, headings included: a line for each line of
+/// controls, a tab between them.
+void Window::CopyTable() const {
+    std::map<int, std::map<int, QString>> lines;  // by top and left
+    for (const Shown& shown : shown_) {
+        const Row& row = shown.control->row;
+        if (row.in_table && !shown.widget->isHidden()) {
+            lines[row.box.top][row.box.left] = shown.Text().replace(u'\t', u' ');
+        }
+    }
+    QString table;
+    for (const auto& [top, texts] : lines) {
+        QStringList line;
+        for (const auto& [left, text] : texts) line << text;
+        table += line.join(u'\t') + u'\n';
+    }
+    QGuiApplication::clipboard()->setText(table);
 }
 
 void Window::ShowChanges() {

@@ -23,6 +23,10 @@ class WindowHost : public Host {
 public:
     /// Shows the message of a run-time error.
     virtual void ShowError(std::string_view message) = 0;
+    /// Shows the user the guide at the heading of this name.
+    virtual void OpenGuide(std::string_view section) = 0;
+    /// The toolkit's sound for what it doesn't take.
+    virtual void Beep() = 0;
 };
 
 /// How large the window is at its start.
@@ -80,6 +84,7 @@ private:
     void FocusFirst();
     void FocusNewestButton();
     void FocusRow(int step);
+    void CopyTable() const;
     void ShowChange(Shown& shown);
     void Tick();
     void Filter(const Control& control, KeyCode key, bool& passes);

@@ -34,8 +34,9 @@ struct Columna {
     int left;
     int width;
     Color fondo;
-    std::string_view nombre;  ///< as a screen reader says it
-    double points = 8.25;     ///< of the cells' letters
+    std::string_view nombre;   ///< as a screen reader says it
+    double points = 8.25;      ///< of the cells' letters
+    std::string_view ayuda{};  ///< tool tip of the heading
 };
 
 // clang-format off
@@ -45,26 +46,37 @@ constexpr std::array<Columna, grid::kColumns> kColumnasText1 = {{
     {"ED",           1680,  495, kGrisPalido,     "VLA-ED"},
     {"EC",           2160,  495, kGrisPalido,     "VLA-EC"},
     {"Unid.",        2640,  495, kGrisPalido,     "unidades", 6.75}, // "mg/m3" fits
-    {"T.M.",         3120,  375, kGrisPalido,     "tiempo de muestreo"},
-    {"A+",           3480,  255, kGrisPalido,     "grupo aditivo"},
+    {"T.M.",         3120,  375, kGrisPalido,     "tiempo de muestreo", 8.25,
+     "Tiempo de muestreo, en minutos: solo interviene en la pregunta de si se ha superado un límite."},
+    {"A+",           3480,  255, kGrisPalido,     "grupo aditivo", 8.25,
+     "Grupo aditivo: los agentes con el mismo número suman sus efectos; 0 si el agente no es aditivo."},
     {"C1",           3840,  495, kFondoDeVentana, "muestra C1"},
     {"C2",           4320,  495, kFondoDeVentana, "muestra C2"},
     {"C3",           4800,  495, kFondoDeVentana, "muestra C3"},
     {"C4",           5280,  495, kFondoDeVentana, "muestra C4"},
     {"C5",           5760,  495, kFondoDeVentana, "muestra C5"},
     {"C6",           6240,  495, kFondoDeVentana, "muestra C6"},
-    {"MMP",          6840,  855, kVerdePalido,    "media estimada MMP"},
-    {"Indice",       7680,  495, kVerdePalido,    "índice"},
-    {"Indic.+",      8160,  615, kVerdePalido,    "índice aditivo"},
-    {"MG",           8760,  615, kVerdePalido,    "media geométrica MG"},
-    {"GSD",          9360,  495, kVerdePalido,    "desviación geométrica GSD"},
+    {"MMP",          6840,  855, kVerdePalido,    "media estimada MMP", 8.25,
+     "Media estimada de la concentración: MG × F, donde F depende del número de mediciones y de la GSD."},
+    {"Indice",       7680,  495, kVerdePalido,    "índice", 8.25,
+     "(Horas de exposición × MMP) / (8 × VLA-ED); 0 si no hay VLA-ED."},
+    {"Indic.+",      8160,  615, kVerdePalido,    "índice aditivo", 8.25,
+     "El índice que cuenta: el propio Indice si el agente no es aditivo, o la suma de los índices de su grupo."},
+    {"MG",           8760,  615, kVerdePalido,    "media geométrica MG", 8.25,
+     "Media geométrica de las mediciones de la fila."},
+    {"GSD",          9360,  495, kVerdePalido,    "desviación geométrica GSD", 8.25,
+     "Desviación geométrica de las mediciones de la fila."},
 }};
 
 constexpr std::array<Columna, grid::kColumns3> kColumnasText3 = {{
-    {"EC+",          9960,  495, kAmarilloPalido, "límite de corta exposición EC+", 6.75},
-    {"MG+",         10440,  495, kAmarilloPalido, "media geométrica MG+", 6.75},
-    {"GSD+",        10920,  495, kAmarilloPalido, "desviación geométrica GSD+", 6.75},
-    {"Prob.",       11400,  495, kAmarilloPalido, "probabilidad", 6.75},
+    {"EC+",          9960,  495, kAmarilloPalido, "límite de corta exposición EC+", 6.75,
+     "Límite de corta duración: el VLA-EC, o 3 × VLA-ED si no lo hay; en un grupo, el límite de la mezcla."},
+    {"MG+",         10440,  495, kAmarilloPalido, "media geométrica MG+", 6.75,
+     "Media geométrica que se compara con EC+: la de la fila o, en un grupo, la de la suma de sus concentraciones."},
+    {"GSD+",        10920,  495, kAmarilloPalido, "desviación geométrica GSD+", 6.75,
+     "Desviación geométrica de lo que se compara con EC+: la fila o, en un grupo, la suma de sus concentraciones."},
+    {"Prob.",       11400,  495, kAmarilloPalido, "probabilidad", 6.75,
+     "Clase de probabilidad, en tanto por ciento, de que una exposición corta supere EC+."},
 }};
 
 /// Where a task's block of the sheet stands.
@@ -142,7 +154,9 @@ constexpr Row FilaDeCabecera(std::string_view name, int index, const Columna& co
             .index = index,
             .box = {columna.left, top, columna.width, kAltoDeRotulo},
             .text = columna.cabecera,
-            .look = columna.fondo == kFondoDeVentana ? kCabeceraDeMuestra : kCabecera};
+            .look = columna.fondo == kFondoDeVentana ? kCabeceraDeMuestra : kCabecera,
+            .tool_tip = columna.ayuda,
+            .in_table = true};
 }
 
 constexpr Row FilaDeCelda(std::string_view name, int index, const Columna& columna, int fila,
@@ -151,7 +165,9 @@ constexpr Row FilaDeCelda(std::string_view name, int index, const Columna& colum
             .index = index,
             .box = {columna.left, TopDe(fila), columna.width, kAltoDeCelda},
             .look = {.points = columna.points, .back = columna.fondo},
-            .tab = tab};
+            .tab = tab,
+            .tool_tip = columna.fondo == kFondoDeVentana ? kAyudaDeDecimales : std::string_view{},
+            .in_table = true};
 }
 
 /// "Tarea 1, contaminante 2, muestra C3"
@@ -178,7 +194,8 @@ void Form5::PlaceSheet() {
                                .index = 54 + t,
                                .box = {120, bloque.titulo, 3615, kAltoDeRotulo},
                                .text = bloque.texto,
-                               .look = kTitulo});
+                               .look = kTitulo,
+                               .in_table = true});
         for (int c = 0; c < grid::kColumns; ++c) {
             const int i = t * grid::kColumns + c;
             Place(Label7(i),

@@ -165,7 +165,8 @@ class Ending(ProcessTest):
             (box["icon"], box["title"], box["buttons"]), ("critical", "Velmora", ["ok"])
         )
         self.assertEqual(
-            box["text"], "Error en tiempo de ejecución: operación aritmética no válida."
+            box["text"].splitlines()[0],
+            "Error en tiempo de ejecución: operación aritmética no válida.",
         )
         self.assertEqual(self.status_after("answer", "ok"), 1)
 
@@ -175,7 +176,8 @@ class Ending(ProcessTest):
         self.restore("plan.doc")
         self.do("menu", "datosiniciales")
         self.assertEqual(
-            self.process.modal["text"], "Error en tiempo de ejecución: subíndice fuera de rango."
+            self.process.modal["text"].splitlines()[0],
+            "Error en tiempo de ejecución: subíndice fuera de rango.",
         )
         self.assertEqual(self.status_after("answer", "esc"), 1)
 

@@ -16,9 +16,19 @@ using ::testing::ElementsAre;
 class RunTimeErrorTest : public WindowTest {
 protected:
     void ExpectErrorBox(const std::string& sentence) {
-        Robot::Box box = BoxOf("Error en tiempo de ejecución: " + sentence, Estilo::Aceptar);
+        robot.ExpectBox(ErrorBox("Error en tiempo de ejecución: " + sentence));
+    }
+
+    /// After the sentence: what it means for the work done, and where its causes are told.
+    static Robot::Box ErrorBox(const std::string& sentence) {
+        Robot::Box box =
+            BoxOf(sentence +
+                      "\n\nEl programa se cierra, y lo que no esté en un fichero se pierde.\n"
+                      "Las causas están en la guía: «Conviene saber», «Algunos datos cierran el "
+                      "programa».",
+                  Estilo::Aceptar);
         box.icon = QMessageBox::Critical;
-        robot.ExpectBox(box);
+        return box;
     }
 
     /// The sheet of one task, laid out.
@@ -106,9 +116,7 @@ TEST_F(RunTimeErrorTest, ATextThatIsNoNumberWhereAnIntegerIsWantedIsAMismatch) {
 }
 
 TEST_F(RunTimeErrorTest, AnyOtherFaultEndsTheProgramTheSameWay) {
-    Robot::Box box = BoxOf("Error en tiempo de ejecución: error interno.", Estilo::Aceptar);
-    box.icon = QMessageBox::Critical;
-    robot.ExpectBox(box);
+    robot.ExpectBox(ErrorBox("Error en tiempo de ejecución: error interno."));
     robot.Act("a fault", [this] { window->Run([] { throw std::length_error("x"); }); });
     EXPECT_THAT(TakeEnds(), ElementsAre(1));
 }

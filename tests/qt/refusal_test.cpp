@@ -45,16 +45,8 @@ TEST_F(RefusalTest, AFrameOfWarningFlashesRoundTheCellAndGoes) {
     EXPECT_EQ(Frame("Text1(7)"), warning);
     EXPECT_EQ(Picture("Text1(7)").pixelColor(Picture("Text1(7)").rect().bottomRight()), warning)
         << "the row below doesn't cover it";
-    EXPECT_NE(Frame("Text1(8)"), warning);
+    EXPECT_NE(Picture("Text1(8)").pixelColor(20, 0), warning) << "its neighbour";
     EXPECT_TRUE(QTest::qWaitFor([&] { return Frame("Text1(7)") == before; }));
-}
-
-TEST_F(RefusalTest, TheFrameStaysForFourTenthsOfASecond) {
-    robot.Type("Text1(7)", ",");
-    QElapsedTimer since;
-    since.start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Frame("Text1(7)") != warning; }));
-    EXPECT_GE(since.elapsed(), 300) << "long enough to be seen";
 }
 
 TEST_F(RefusalTest, EachRefusedKeyBeepsAndNoOther) {
@@ -104,7 +96,8 @@ TEST_F(RefusalTest, CellsOfFiguresTellHowDecimalsAreWritten) {
     for (const char* const sample : {"Text1(7)", "Text1(12)", "Text1(25)"}) {
         EXPECT_EQ(tip(sample), told);
     }
-    for (const char* const locked : {"Text1(1)", "Text1(6)", "Text1(13)"}) EXPECT_EQ(tip(locked), "");
+    for (const char* const locked : {"Text1(1)", "Text1(6)", "Text1(13)"})
+        EXPECT_EQ(tip(locked), "");
     Open(ScreenId::Form4);
     for (const char* const limit : {"Text1(2)", "Text1(3)", "Text1(28)"}) {
         EXPECT_EQ(tip(limit), told);
