@@ -3,7 +3,7 @@
 
     scripts/mutants.py --sample 100 --seed 7          some of all, by chance
     scripts/mutants.py --files src/sheet/day_slots.cpp
-    scripts/mutants.py                                all of them: a night and more
+    scripts/mutants.py                                all of them, which takes very long
 
 Every number, letter, text and truth value, every comparison, arithmetic and logical operator and
 every subscript is changed, one at a time, in a copy of the tree under build/mutants. The copy is
