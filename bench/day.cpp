@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "evaluation.h"
+#include "sheet/grid.h"
 
 int main() {
     velmora::bench::Quiet<velmora::Host> host;
@@ -14,7 +15,7 @@ int main() {
     std::cout << std::fixed << std::setprecision(2);
     for (int row = 0; row < 3; ++row) {
         for (const int column : {13, 16, 17, 14}) {
-            const std::string& text = sheet.Text1(row * velmora::hoja::kColumnas + column).Text;
+            const std::string& text = sheet.Text1(row * velmora::grid::kColumns + column).Text;
             std::cout << velmora::LeerValor(text).Valor() << ' ';
         }
         std::cout << '\n';

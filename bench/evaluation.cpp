@@ -5,6 +5,7 @@
 
 #include "app/screens.h"
 #include "final/form6.h"
+#include "sheet/grid.h"
 #include "store/evaluation_file.h"
 
 namespace velmora::bench {
@@ -76,9 +77,9 @@ void TypeDay(Form5& sheet, int day, const HojaDelDia& slot) {
     if (day == 1) sheet.introprimero_Click();
     if (day == 2) sheet.introsegundo_Click();
     if (day == 3) sheet.introtercero_Click();
-    for (int row = 0; row < hoja::kFilas; ++row) {
-        for (int column = hoja::kPrimeraMuestra; column <= hoja::kUltimaMuestra; ++column) {
-            const int cell = row * hoja::kColumnas + column;
+    for (int row = 0; row < grid::kRows; ++row) {
+        for (int column = grid::kFirstSample; column <= grid::kLastSample; ++column) {
+            const int cell = row * grid::kColumns + column;
             for (const char key : slot(cell + 1)) {
                 KeyCode code = static_cast<unsigned char>(key);
                 sheet.Text1_KeyPress(cell, code);
@@ -109,7 +110,7 @@ void Evaluate(Core& core, const EvaluacionRecord& measured) {
 Form5& WorkDay(Core& core) {
     HojaDelDia measured;
     for (std::size_t row = 0; row < kSamples.size(); ++row) {
-        int entry = static_cast<int>(row) * hoja::kColumnas + hoja::kPrimeraMuestra + 1;
+        int entry = static_cast<int>(row) * grid::kColumns + grid::kFirstSample + 1;
         for (const std::string_view sample : kSamples.at(row)) measured(entry++) = sample;
     }
     auto& sheet = core.Current<Form5>();
