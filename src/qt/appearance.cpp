@@ -53,7 +53,7 @@ QIcon SignOnADisc(const QColor& disc, QChar sign) {
     painter.setFont(font);
     painter.setPen(Qt::white);
     painter.drawText(picture.rect(), Qt::AlignCenter, sign);
-    return QIcon(picture);
+    return {picture};
 }
 
 /// Fusion, whose sizes follow the window's, and which looks the same on every desktop.

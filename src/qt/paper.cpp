@@ -91,7 +91,7 @@ QString NotesOf(const std::vector<QString>& texts, const QFontMetricsF& metrics,
         const QString more =
             (i == 0 ? QStringLiteral("Textos completos: ") : notes + QStringLiteral(";  ")) +
             Bounded(texts[i]);
-        const QString counted =
+        QString counted =
             notes + QStringLiteral(";  … y %1 más que no caben").arg(texts.size() - i);
         if (metrics.boundingRect(room, kFlags, more + counted.right(40)).height() > room.height())
             return counted;
