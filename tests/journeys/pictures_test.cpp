@@ -201,7 +201,7 @@ TEST_P(Pictures, OfTheSheet) {
     TakeMenu("form5-menu", "recuperar");
     robot.Choose("introducirdatos", "introprimero");
     Take("form5-laid-out");
-    robot.Click("Text1(7)");
+    robot.Click("Text1(8)");
     Take("form5-cell-with-focus");
     journey.TypeDay(1);
     Take("form5-measurements");
