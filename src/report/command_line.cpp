@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace velmora {
+namespace velmora::report {
 
 namespace {
 
@@ -124,4 +124,4 @@ escribir, 2 si no se entiende lo que se pide.
 )";
 }
 
-}  // namespace velmora
+}  // namespace velmora::report

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace velmora {
+namespace velmora::report {
 
 /// Words that aren't understood: the Spanish sentence says why.
 class UsageError : public std::runtime_error {
@@ -37,4 +37,4 @@ Order ReadOrder(std::span<const std::string> words);
 /// How the program is used, in Spanish.
 std::string_view UsageText();
 
-}  // namespace velmora
+}  // namespace velmora::report

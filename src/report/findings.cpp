@@ -29,7 +29,7 @@ std::string OrBlank(const std::string& cell) { return cell.empty() ? "en blanco"
 
 std::string NumberText(std::optional<double> number) {
     constexpr int kDigits = 5;
-    return number && std::isfinite(*number) ? velmora::Figure(*number, kDigits) : "sin valor";
+    return number && std::isfinite(*number) ? Rounded(*number, kDigits) : "sin valor";
 }
 
 std::string ClassAndPercent(std::optional<double> probability, std::optional<double> percent) {

@@ -4,38 +4,42 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <utility>
 
 #include "report/text.h"
 
-namespace velmora {
+namespace velmora::report {
 
 namespace {
 
-/// A length or a place: a tenth of a unit, without a tail of zeros.
-std::string Units(double value) {
-    std::array<char, 32> buffer{};
-    const auto end =
-        std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::fixed, 1);
-    std::string text(buffer.begin(), end.ptr);
-    if (text.ends_with(".0")) text.resize(text.size() - 2);
-    return text == "-0" ? "0" : text;
+/// A length or a place: a tenth of a unit, without a tail of zeros. Whole numbers are written much
+/// faster than Doubles, and a page has thousands of them.
+void AppendUnits(std::string& text, double value) {
+    const auto tenths = std::llround(value * 10);
+    if (tenths < 0) text += '-';
+    std::array<char, 24> digits{};
+    char* const end = std::to_chars(digits.begin(), digits.end(), std::abs(tenths) / 10).ptr;
+    text.append(digits.begin(), end);
+    if (tenths % 10 != 0) text.append({'.', static_cast<char>('0' + std::abs(tenths) % 10)});
 }
-
-std::string Attribute(std::string_view name, std::string_view value) {
-    return std::string(" ").append(name).append("=\"").append(value).append("\"");
-}
-
-std::string Attribute(std::string_view name, double value) { return Attribute(name, Units(value)); }
-
-std::string Pair(Point point) { return Units(point.x) + ',' + Units(point.y); }
 
 std::string PathOf(std::span<const Point> points) {
     std::string path;
-    for (const Point& point : points) path += (path.empty() ? 'M' : 'L') + Pair(point);
+    for (const Point& point : points) {
+        path += path.empty() ? 'M' : 'L';
+        AppendUnits(path, point.x);
+        path += ',';
+        AppendUnits(path, point.y);
+    }
     return path;
 }
 
 constexpr std::array<double, 3> kSteps = {1, 2, 5};
+
+/// No axis goes beyond these, so that each value of a Double has a place.
+constexpr double kSmallest = 1e-12;
+constexpr double kLargest = 1e12;
 
 /// The 1, 2 or 5 times a power of ten that is next to a value: the greatest that isn't above it, or
 /// the least that isn't below it.
@@ -80,8 +84,8 @@ std::vector<double> LogAxis::Ticks(std::size_t most) const {
 
 LogAxis AxisFor(std::span<const double> values, double from, double to, double least) {
     const auto [smallest, largest] = std::ranges::minmax(values);
-    double low = StepBelow(smallest);
-    double high = StepAbove(largest);
+    double low = StepBelow(std::clamp(smallest, kSmallest, kLargest));
+    double high = StepAbove(std::clamp(largest, kSmallest, kLargest));
     while (high / low < least) {
         low = StepBelow(low * 0.99);
         if (high / low < least) high = StepAbove(high * 1.01);
@@ -91,58 +95,78 @@ LogAxis AxisFor(std::span<const double> values, double from, double to, double l
 
 Picture::Picture(std::string_view name, double width, double height, std::string_view title,
                  std::string_view description) {
+    constexpr std::size_t kUsualSize = 1U << 15U;
+    markup_.reserve(kUsualSize);
     const std::string id(name);
-    markup_ = "<svg role=\"img\"" +
-              Attribute("viewBox", "0 0 " + Units(width) + ' ' + Units(height)) +
-              Attribute("width", width) + Attribute("height", height) +
-              Attribute("aria-labelledby", id + "-t " + id + "-d") + ">\n<title" +
-              Attribute("id", id + "-t") + '>' + Escaped(title) + "</title>\n<desc" +
-              Attribute("id", id + "-d") + '>' + Escaped(description) + "</desc>\n";
+    markup_ += "<svg role=\"img\" viewBox=\"0 0 ";
+    AppendUnits(markup_, width);
+    markup_ += ' ';
+    AppendUnits(markup_, height);
+    markup_ += '"';
+    Put("width", width).Put("height", height).Put("aria-labelledby", id + "-t " + id + "-d");
+    markup_ += ">\n<title";
+    Put("id", id + "-t");
+    markup_ += '>' + Escaped(title) + "</title>\n<desc";
+    Put("id", id + "-d");
+    markup_ += '>' + Escaped(description) + "</desc>\n";
 }
 
+Picture& Picture::Put(std::string_view name, std::string_view value) {
+    markup_.append(" ").append(name).append("=\"").append(value).append("\"");
+    return *this;
+}
+
+Picture& Picture::Put(std::string_view name, double value) {
+    markup_.append(" ").append(name).append("=\"");
+    AppendUnits(markup_, value);
+    markup_ += '"';
+    return *this;
+}
+
+Picture& Picture::Begin(std::string_view element, std::string_view kind) {
+    markup_.append("<").append(element);
+    return Put("class", kind);
+}
+
+void Picture::End() { markup_ += "/>\n"; }
+
 void Picture::Line(Point from, Point to, std::string_view kind) {
-    markup_ += "<line" + Attribute("class", kind) + Attribute("x1", from.x) +
-               Attribute("y1", from.y) + Attribute("x2", to.x) + Attribute("y2", to.y) + "/>\n";
+    Begin("line", kind).Put("x1", from.x).Put("y1", from.y).Put("x2", to.x).Put("y2", to.y).End();
 }
 
 void Picture::Curve(std::span<const Point> points, std::string_view kind) {
-    markup_ += "<path" + Attribute("class", kind) + Attribute("d", PathOf(points)) + "/>\n";
+    Begin("path", kind).Put("d", PathOf(points)).End();
 }
 
 void Picture::Box(Point corner, double width, double height, std::string_view kind) {
-    markup_ += "<rect" + Attribute("class", kind) + Attribute("x", corner.x) +
-               Attribute("y", corner.y) + Attribute("width", width) + Attribute("height", height) +
-               "/>\n";
+    Begin("rect", kind).Put("x", corner.x).Put("y", corner.y);
+    Put("width", width).Put("height", height).End();
 }
 
 void Picture::Text(Point at, std::string_view text, std::string_view kind, Anchor anchor) {
-    markup_ += "<text" + Attribute("class", kind) + Attribute("x", at.x) + Attribute("y", at.y);
-    if (anchor == Anchor::Middle) markup_ += Attribute("text-anchor", "middle");
-    if (anchor == Anchor::End) markup_ += Attribute("text-anchor", "end");
-    markup_ += '>' + Escaped(text) + "</text>\n";
+    Begin("text", kind).Put("x", at.x).Put("y", at.y);
+    if (anchor == Anchor::Middle) Put("text-anchor", "middle");
+    if (anchor == Anchor::End) Put("text-anchor", "end");
+    markup_.append(">").append(Escaped(text)).append("</text>\n");
+}
+
+void Picture::TextOver(Point at, std::string_view text, std::string_view kind, Anchor anchor) {
+    Text(at, text, std::string(kind) + " halo", anchor);
+    Text(at, text, kind, anchor);
 }
 
 void Picture::DayMark(int day, Point at) {
     constexpr double kHalf = 3.6;
     if (day == 1) {
-        markup_ += "<circle" + Attribute("class", "dia1") + Attribute("cx", at.x) +
-                   Attribute("cy", at.y) + Attribute("r", kHalf) + "/>\n";
+        Begin("circle", "dia1").Put("cx", at.x).Put("cy", at.y).Put("r", kHalf).End();
     } else if (day == 2) {
         Box({at.x - kHalf + 0.4, at.y - kHalf + 0.4}, 2 * kHalf - 0.8, 2 * kHalf - 0.8, "dia2");
     } else {
         const std::array<Point, 3> corners = {Point{at.x, at.y - kHalf - 0.8},
                                               Point{at.x + kHalf + 0.6, at.y + kHalf - 0.6},
                                               Point{at.x - kHalf - 0.6, at.y + kHalf - 0.6}};
-        markup_ +=
-            "<path" + Attribute("class", "dia3") + Attribute("d", PathOf(corners) + 'Z') + "/>\n";
+        Begin("path", "dia3").Put("d", PathOf(corners) + 'Z').End();
     }
-}
-
-void Picture::Diamond(Point at) {
-    constexpr double kHalf = 5;
-    const std::array<Point, 4> corners = {Point{at.x, at.y - kHalf}, Point{at.x + kHalf, at.y},
-                                          Point{at.x, at.y + kHalf}, Point{at.x - kHalf, at.y}};
-    markup_ += "<path" + Attribute("class", "ig") + Attribute("d", PathOf(corners) + 'Z') + "/>\n";
 }
 
 void Picture::BeginGroup(std::string_view title) {
@@ -151,6 +175,6 @@ void Picture::BeginGroup(std::string_view title) {
 
 void Picture::EndGroup() { markup_ += "</g>\n"; }
 
-std::string Picture::Markup() { return markup_ += "</svg>\n"; }
+std::string Picture::Markup() { return std::move(markup_ += "</svg>\n"); }
 
-}  // namespace velmora
+}  // namespace velmora::report

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace velmora {
+namespace velmora::report {
 
 /// A place in a picture, in its units, from the left and from the top.
 struct Point {
@@ -27,8 +27,9 @@ struct LogAxis {
     std::vector<double> Ticks(std::size_t most) const;
 };
 
-/// An axis from `from` to `to` that holds all values, which are positive: its ends are values 1, 2
-/// or 5 times a power of ten, at least a factor of `least` apart.
+/// An axis from `from` to `to` that holds all values, which are positive, as far as they lie
+/// between 1E-12 and 1E+12: its ends are values 1, 2 or 5 times a power of ten, at least a factor
+/// of `least` apart.
 LogAxis AxisFor(std::span<const double> values, double from, double to, double least = 10);
 
 /// Where a text stands by its point.
@@ -48,11 +49,12 @@ public:
     void Box(Point corner, double width, double height, std::string_view kind);
     void Text(Point at, std::string_view text, std::string_view kind,
               Anchor anchor = Anchor::Start);
+    /// A text over other things: with a white edge around its letters.
+    void TextOver(Point at, std::string_view text, std::string_view kind,
+                  Anchor anchor = Anchor::Start);
     /// The mark of a day (1 to 3), told apart by its form alone: a full disc, an open square, a
     /// full triangle.
     void DayMark(int day, Point at);
-    /// A diamond.
-    void Diamond(Point at);
     /// What follows stands in a group with a name of its own, until `EndGroup`.
     void BeginGroup(std::string_view title);
     void EndGroup();
@@ -61,7 +63,13 @@ public:
     std::string Markup();
 
 private:
+    /// An element without content: its beginning, its attributes, its end.
+    Picture& Begin(std::string_view element, std::string_view kind);
+    Picture& Put(std::string_view name, std::string_view value);
+    Picture& Put(std::string_view name, double value);
+    void End();
+
     std::string markup_;
 };
 
-}  // namespace velmora
+}  // namespace velmora::report

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace velmora {
+namespace velmora::report {
 
 namespace {
 
@@ -63,6 +63,12 @@ bool IsUnfit(char32_t code) {
            (code & 0xFFFEU) == 0xFFFE || code == kNoCharacter;
 }
 
+/// Whether a text is shown letter by letter as it stands.
+bool IsPlain(std::string_view text) {
+    const auto is_letter = [](char letter) { return letter > ' ' && letter < 0x7F; };
+    return text.size() <= kLettersShown && std::ranges::all_of(text, is_letter);
+}
+
 std::string_view ShownAs(const Character& character) {
     if (IsBlank(character.code)) return " ";
     return IsUnfit(character.code) ? kReplacement : character.bytes;
@@ -71,6 +77,8 @@ std::string_view ShownAs(const Character& character) {
 }  // namespace
 
 std::string Shown(std::string_view text) {
+    // Nearly all texts are figures and names in plain letters.
+    if (IsPlain(text)) return std::string(text);
     std::string shown;
     std::size_t letters = 0;
     while (!text.empty()) {
@@ -84,9 +92,26 @@ std::string Shown(std::string_view text) {
     return shown;
 }
 
+std::string UnitShown(std::string_view unit) { return unit == "mg/m3" ? "mg/m³" : Shown(unit); }
+
+std::string Fitting(std::string_view text, std::size_t letters) {
+    std::size_t end = 0;  // of the text as it would be cut
+    std::size_t size = 0;
+    for (std::size_t count = 1; size < text.size(); ++count) {
+        if (count == letters) end = size;
+        if (count > letters) return std::string(text.substr(0, end)).append("…");
+        size += First(text.substr(size)).bytes.size();
+    }
+    return std::string(text);
+}
+
 std::string Escaped(std::string_view text) {
+    const auto marks_up = [](char letter) {
+        return letter == '&' || letter == '<' || letter == '>' || letter == '"' || letter == '\'';
+    };
+    if (std::ranges::none_of(text, marks_up)) return std::string(text);
     std::string escaped;
-    escaped.reserve(text.size());
+    escaped.reserve(text.size() + 16);
     for (const char letter : text) {
         switch (letter) {
             case '&':
@@ -127,7 +152,7 @@ std::string CssString(std::string_view text) {
     return escaped + '"';
 }
 
-std::string Figure(double value, int digits) {
+std::string Rounded(double value, int digits) {
     if (value == 0) return "0";
     std::array<char, 32> buffer{};
     const double size = std::fabs(value);
@@ -145,4 +170,4 @@ std::string Figure(double value, int digits) {
     return text;
 }
 
-}  // namespace velmora
+}  // namespace velmora::report

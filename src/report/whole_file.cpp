@@ -1,9 +1,10 @@
 #include "report/whole_file.h"
+#include "report/text.h"
 
 #include <cstdint>
 #include <random>
 
-namespace velmora {
+namespace velmora::report {
 
 namespace fs = std::filesystem;
 
@@ -27,7 +28,7 @@ fs::path TemporaryFor(const fs::path& target) {
     std::random_device chance;
     const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
     fs::path temporary = target;
-    temporary += "." + std::to_string(number) + ".tmp";  // plain: a name, 64 bits
+    temporary += "." + Whole(number) + ".tmp";  // plain: a name, 64 bits
     return temporary;
 }
 
@@ -64,4 +65,4 @@ void WholeFile::Finish() {
     temporary_.clear();
 }
 
-}  // namespace velmora
+}  // namespace velmora::report

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace velmora {
+namespace velmora::report {
 
 /// A file that could not be written: the Spanish sentence names it.
 class FileError : public std::runtime_error {
@@ -43,4 +43,4 @@ private:
     std::ofstream stream_;
 };
 
-}  // namespace velmora
+}  // namespace velmora::report

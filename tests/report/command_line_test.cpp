@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace velmora {
+namespace velmora::report {
 namespace {
 
 using ::testing::ElementsAre;
@@ -80,4 +80,4 @@ TEST(CommandLineTest, TheUsageNamesEveryOption) {
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::report

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace velmora {
+namespace velmora::report {
 namespace {
 
 TEST(CsvTest, TextIsQuotedWhereItHasTo) {
@@ -46,4 +46,4 @@ TEST(CsvTest, WhatIsNoFigureIsAText) {
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::report

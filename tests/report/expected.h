@@ -22,6 +22,8 @@ inline double ExpectedNumber(std::string_view name) {
 }
 
 /// The same as the report writes it, with five significant digits.
-inline std::string Expected(std::string_view name) { return Figure(ExpectedNumber(name), 5); }
+inline std::string Expected(std::string_view name) {
+    return report::Rounded(ExpectedNumber(name), 5);
+}
 
 }  // namespace velmora::test

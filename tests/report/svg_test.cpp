@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace velmora {
+namespace velmora::report {
 namespace {
 
 using ::testing::ElementsAre;
@@ -48,7 +48,7 @@ TEST(LogAxisTest, TicksAreOneTwoFiveUntilTheyAreTooMany) {
 }
 
 TEST(PictureTest, TextsAreEscapedAndTheNamesAreTold) {
-    Picture picture("p-1", 20, 10.25, "Un <título>", "Qué & cómo");
+    Picture picture("p-1", 20, 10.24, "Un <título>", "Qué & cómo");
     picture.Text({1, 2.06}, "a<b", "rotulo", Anchor::End);
     const std::string markup = picture.Markup();
     EXPECT_THAT(markup, HasSubstr(R"(<svg role="img" viewBox="0 0 20 10.2")"));
@@ -70,4 +70,4 @@ TEST(PictureTest, DaysHaveFormsOfTheirOwn) {
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::report

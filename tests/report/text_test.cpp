@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace velmora {
+namespace velmora::report {
 namespace {
 
 TEST(TextTest, ShownLeavesLettersAsTheyAre) {
@@ -37,6 +37,12 @@ TEST(TextTest, ShownCutsLongTextsAndSaysSo) {
     EXPECT_EQ(Shown(letters + "x"), letters + "…");
 }
 
+TEST(TextTest, FittingCutsAtWholeLetters) {
+    EXPECT_EQ(Fitting("ñandú", 5), "ñandú");
+    EXPECT_EQ(Fitting("ñandúes", 5), "ñand…");
+    EXPECT_EQ(Fitting("", 5), "");
+}
+
 TEST(TextTest, EscapedLeavesNoLetterThatMarksUp) {
     EXPECT_EQ(Escaped("<script>alert('1')</script>"),
               "&lt;script&gt;alert(&#39;1&#39;)&lt;/script&gt;");
@@ -48,19 +54,19 @@ TEST(TextTest, CssStringLetsNothingOut) {
     EXPECT_EQ(CssString("a\";}</style>\\"), "\"a\\22 \\3b \\7d \\3c \\2f style\\3e \\5c \"");
 }
 
-TEST(TextTest, FigureGivesSignificantDigitsWithAPoint) {
-    EXPECT_EQ(Figure(0), "0");
-    EXPECT_EQ(Figure(117.114), "117.1");
-    EXPECT_EQ(Figure(0.61401), "0.614");
-    EXPECT_EQ(Figure(0.000123456), "0.0001235");
-    EXPECT_EQ(Figure(2), "2");
-    EXPECT_EQ(Figure(9.99996), "10") << "the carry adds a place";
-    EXPECT_EQ(Figure(48210), "48210") << "whole places aren't rounded away";
-    EXPECT_EQ(Figure(-0.5), "-0.5");
-    EXPECT_EQ(Figure(1.26e-9, 2), "1.3e-09");
-    EXPECT_EQ(Figure(3e20, 2), "3.0e+20");
-    EXPECT_EQ(Figure(536.069661301946, 15), "536.069661301946");
+TEST(TextTest, RoundedGivesSignificantDigitsWithAPoint) {
+    EXPECT_EQ(Rounded(0), "0");
+    EXPECT_EQ(Rounded(117.114), "117.1");
+    EXPECT_EQ(Rounded(0.61401), "0.614");
+    EXPECT_EQ(Rounded(0.000123456), "0.0001235");
+    EXPECT_EQ(Rounded(2), "2");
+    EXPECT_EQ(Rounded(9.99996), "10") << "the carry adds a place";
+    EXPECT_EQ(Rounded(48210), "48210") << "whole places aren't rounded away";
+    EXPECT_EQ(Rounded(-0.5), "-0.5");
+    EXPECT_EQ(Rounded(1.26e-9, 2), "1.3e-09");
+    EXPECT_EQ(Rounded(3e20, 2), "3.0e+20");
+    EXPECT_EQ(Rounded(536.069661301946, 15), "536.069661301946");
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::report

@@ -5,7 +5,7 @@
 
 #include <iterator>
 
-namespace velmora {
+namespace velmora::report {
 namespace {
 
 namespace fs = std::filesystem;
@@ -89,4 +89,4 @@ TEST_F(WholeFileTest, AFullDiskLeavesTheOldOne) {
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::report

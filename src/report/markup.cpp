@@ -1,0 +1,91 @@
+#include "report/markup.h"
+
+#include <cassert>
+
+#include "report/text.h"
+
+namespace velmora::report {
+
+namespace {
+
+/// Where the installed guide stands.
+constexpr std::string_view kGuide = "file:///usr/share/doc/velmora/guia.html#";
+
+/// The title that an anchor was made of, but for its marks.
+std::string TitleOf(std::string_view anchor) {
+    std::string title(anchor);
+    for (char& letter : title) {
+        if (letter == '-') letter = ' ';
+    }
+    const bool small = !title.empty() && title.front() >= 'a' && title.front() <= 'z';
+    if (small) title.front() = static_cast<char>(title.front() - 'a' + 'A');
+    return title;
+}
+
+}  // namespace
+
+Markup Text(std::string_view text) { return Escaped(Shown(text)); }
+
+Markup Cell(const Figure& figure) {
+    const Markup text = Text(figure.text);
+    return text.empty() ? "—" : text;
+}
+
+Markup Element(std::string_view name, const Markup& content, std::string_view attributes) {
+    constexpr std::size_t kSigns = 8;
+    Markup markup;
+    markup.reserve(content.size() + 2 * name.size() + attributes.size() + kSigns);
+    markup.append("<").append(name);
+    if (!attributes.empty()) markup.append(" ").append(attributes);
+    return markup.append(">").append(content).append("</").append(name).append(">\n");
+}
+
+Markup GuideLink(std::string_view anchor) {
+    return "<a href=\"" + Escaped(std::string(kGuide).append(anchor)) + "\">Guía, «" +
+           Escaped(TitleOf(anchor)) + "»</a>";
+}
+
+Table::Table(std::string_view name, const Markup& caption, std::span<const Column> columns)
+    : columns_(columns.begin(), columns.end()) {
+    const std::string id(name);
+    markup_ = "<div class=\"tabla\" role=\"group\" tabindex=\"0\" aria-labelledby=\"" + id +
+              "\">\n<table>\n" + Element("caption", caption, "id=\"" + id + "\"") +
+              "<thead>\n<tr>\n";
+    for (const Column& column : columns_) {
+        markup_ += Element("th", Escaped(column.title),
+                           column.figures ? "scope=\"col\" class=\"n\"" : "scope=\"col\"");
+    }
+    markup_ += "</tr>\n</thead>\n";
+}
+
+void Table::BeginGroup(const Markup& title) {
+    if (body_open_) markup_ += "</tbody>\n";
+    markup_ +=
+        "<tbody>\n<tr class=\"grupo\">" +
+        Element("th", title, "scope=\"rowgroup\" colspan=\"" + Whole(columns_.size()) + "\"") +
+        "</tr>\n";
+    body_open_ = true;
+}
+
+void Table::Row(const std::vector<Markup>& cells) {
+    assert(cells.size() == columns_.size());
+    if (!body_open_) markup_ += "<tbody>\n";
+    body_open_ = true;
+    markup_ += "<tr>";
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (columns_[i].heading) {
+            markup_ += "<th scope=\"row\">" + cells[i] + "</th>";
+        } else {
+            markup_ += (columns_[i].figures ? "<td class=\"n\">" : "<td>") + cells[i] + "</td>";
+        }
+    }
+    markup_ += "</tr>\n";
+}
+
+Markup Table::Finish() {
+    if (body_open_) markup_ += "</tbody>\n";
+    body_open_ = false;
+    return markup_ + "</table>\n</div>\n";
+}
+
+}  // namespace velmora::report
