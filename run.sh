@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Sets up what is missing, builds the program and starts it. With no display it runs the guided
-# example instead, which leaves pictures, a saved evaluation and a printed page in build/recorrido.
+# example instead, which leaves pictures, a saved evaluation, its report and a printed page in build/recorrido.
 #
 #   ./run.sh               the program, or without a display the guided example
 #   ./run.sh --recorrido   the guided example, at a pace that an audience can follow
@@ -26,12 +26,13 @@ if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 install_packages "${build_packages[@]}"
-build release velmora velmora_tour
+build release velmora velmora_informe velmora_tour
 use_decimal_point
 
 if [ -n "$tour" ]; then
     say "Guided example"
-    exec build/release/velmora_recorrido --ritmo "$pace" build/recorrido
+    build/release/velmora_recorrido --ritmo "$pace" build/recorrido
+    exec build/release/velmora-informe --reemplazar build/recorrido/evaluacion.doc
 fi
 say "Starting Velmora"
 exec build/release/velmora

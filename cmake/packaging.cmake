@@ -20,10 +20,12 @@ endfunction()
 set(made ${PROJECT_BINARY_DIR}/packaging)
 configure_file(${packaging}/velmora.1.in ${made}/velmora.1 @ONLY)
 velmora_compress(${made}/velmora.1 ${made}/velmora.1.gz)
+configure_file(${packaging}/velmora-informe.1.in ${made}/velmora-informe.1 @ONLY)
+velmora_compress(${made}/velmora-informe.1 ${made}/velmora-informe.1.gz)
 velmora_compress(${packaging}/alias.1 ${made}/alias.1.gz)
 velmora_compress(${packaging}/changelog.Debian ${made}/changelog.Debian.gz)
 velmora_compress(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${made}/changelog.gz)
-set(made_files velmora.1.gz alias.1.gz changelog.Debian.gz changelog.gz)
+set(made_files velmora.1.gz velmora-informe.1.gz alias.1.gz changelog.Debian.gz changelog.gz)
 
 # Debian's own Python: the one that python3-markdown belongs to.
 set(VELMORA_PYTHON /usr/bin/python3 CACHE FILEPATH "Python that has the markdown module")
@@ -44,7 +46,7 @@ endif()
 list(TRANSFORM made_files PREPEND ${made}/)
 add_custom_target(velmora_packaging ALL DEPENDS ${made_files})
 # Whoever has built the program can make the package.
-add_dependencies(velmora velmora_packaging)
+add_dependencies(velmora velmora_packaging velmora_informe)
 
 # --- Where it goes.
 
@@ -55,10 +57,15 @@ install(PROGRAMS ${packaging}/velmora ${packaging}/velmora-guia
     DESTINATION ${CMAKE_INSTALL_BINDIR})
 file(CREATE_LINK velmora ${made}/velmora-punto SYMBOLIC)
 install(FILES ${made}/velmora-punto DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${packaging}/velmora.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(TARGETS velmora_informe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${packaging}/velmora-informe.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME velmora-informe)
+install(FILES ${packaging}/velmora.desktop ${packaging}/velmora-informe.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/org.velmora.velmora.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES ${made}/velmora.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${made}/velmora.1.gz ${made}/velmora-informe.1.gz
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 foreach(command velmora-punto velmora-guia)
     install(FILES ${made}/alias.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
         RENAME ${command}.1.gz)

@@ -14,7 +14,8 @@ ARROWS = {
     "report": ["stats", "store"],
     "app/screens.cpp": ["app", "capture", "sheet", "final"],
     "app/main.cpp": ["app/screens.cpp", "qt"],
-    "app/informe.cpp": ["report"],
+    "app/report_dialog.cpp": ["app", "qt", "report"],
+    "app/informe.cpp": ["app/report_dialog.cpp", "qt", "report"],
 }
 
 

@@ -74,7 +74,8 @@ check_content() {
     local root=$work/content file size
     mkdir "$root"
     dpkg-deb --extract "$deb" "$root"
-    for file in bin/velmora bin/velmora-punto bin/velmora-guia libexec/velmora/velmora; do
+    for file in bin/velmora bin/velmora-punto bin/velmora-guia bin/velmora-informe \
+        libexec/velmora/velmora; do
         [ -x "$root/usr/$file" ] || fail "no program $file"
     done
     for size in 16 24 32 48 64 128 256 512; do
@@ -85,7 +86,8 @@ check_content() {
             "$size $size" ] || fail "the icon of $size pixels has another size"
     done
     for file in icons/hicolor/scalable/apps/velmora.svg doc/velmora/guia.md doc/velmora/guia.html \
-        doc/velmora/copyright doc/velmora/changelog.Debian.gz; do
+        doc/velmora/copyright doc/velmora/changelog.Debian.gz man/man1/velmora-informe.1.gz \
+        bash-completion/completions/velmora-informe applications/velmora-informe.desktop; do
         [ -s "$root/usr/share/$file" ] || fail "no $file"
     done
     [ -s "$root/usr/share/doc-base/velmora" ] || fail "the guide isn't registered as a document"
@@ -109,7 +111,7 @@ run_validators() {
     local share=$work/content/usr/share page warnings
     lintian --allow-root --fail-on error,warning "$deb" || fail "lintian"
     say "lintian: clean"
-    desktop-file-validate "$share/applications/velmora.desktop" || fail "desktop-file-validate"
+    desktop-file-validate "$share"/applications/*.desktop || fail "desktop-file-validate"
     say "desktop-file-validate: clean"
     appstreamcli validate --no-net "$share/metainfo/org.velmora.velmora.metainfo.xml" ||
         fail "appstreamcli"
@@ -193,6 +195,27 @@ drive_program() {
     esac
 }
 
+# The installed program of the report, without a display: the example's report is the one beside it.
+make_report() {
+    local examples=/usr/share/doc/velmora/examples
+    env -i PATH="$PATH" velmora-informe --salida "$work/informe.html" \
+        "$examples/tres-dias-tres-tareas.doc" || fail "velmora-informe"
+    cmp "$work/informe.html" "$examples/tres-dias-tres-tareas.html" || fail "another report"
+    say "velmora-informe made the example's report"
+}
+
+# What bash offers behind the installed program's name.
+complete_report() {
+    local offered
+    offered=$(cd "$work" && touch uno.doc && bash -c '
+        . /usr/share/bash-completion/completions/velmora-informe
+        offer() { COMP_WORDS=(velmora-informe "$@"); COMP_CWORD=$#; _velmora_informe 2>/dev/null
+            echo "${COMPREPLY[*]}"; }
+        offer --re; offer un; offer --csv = un')
+    [ "$offered" = $'--reemplazar --resumen\nuno.doc\nuno.doc' ] || fail "bash offers $offered"
+    say "bash completes the options and names of velmora-informe"
+}
+
 remove_package() {
     local path left=()
     "${as_root[@]}" dpkg --purge "$package" >"$work/dpkg.log" 2>&1 ||
@@ -224,5 +247,7 @@ fi
 install_package
 start_program
 drive_program
+make_report
+complete_report
 remove_package
 say "passed"

@@ -1,0 +1,61 @@
+#include "app/report_dialog.h"
+
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "qt/text.h"
+#include "report/session.h"
+
+namespace velmora {
+
+namespace {
+
+const auto kTitle = QStringLiteral("Informe de Velmora");
+
+/// The evaluation that the user chooses; empty when the dialog is cancelled.
+QString ChosenEvaluation() {
+    QFileDialog dialog;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(QStringLiteral("Informe de Velmora: elija la evaluación"));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool MayReplace(const QString& report) {
+    const QString question =
+        QStringLiteral("%1 ya existe.\n¿Desea reemplazarlo?").arg(QFileInfo(report).fileName());
+    return QMessageBox::question(nullptr, kTitle, question, QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
+}
+
+}  // namespace
+
+int ReportAskedFor() {
+    const QString evaluation = ChosenEvaluation();
+    if (evaluation.isEmpty()) return EXIT_SUCCESS;
+    report::Order order;
+    order.evaluations = {evaluation.toStdString()};
+    const QString target = ToQt(report::ReportNameOf(order.evaluations.front()));
+    order.replace = QFileInfo::exists(target);
+    if (order.replace && !MayReplace(target)) return EXIT_SUCCESS;
+
+    std::ostringstream said;
+    if (report::Run(order, {said, said, false}) != EXIT_SUCCESS) {
+        QMessageBox::critical(nullptr, kTitle,
+                              ToQt(said.str().substr(report::kMessageHead.size())));
+        return EXIT_FAILURE;
+    }
+    QDesktopServices::openUrl(QUrl::fromLocalFile(target));
+    return EXIT_SUCCESS;
+}
+
+}  // namespace velmora

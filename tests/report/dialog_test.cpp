@@ -1,0 +1,112 @@
+#include "app/report_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QUrl>
+
+#include "support/qt_tests.h"
+
+namespace velmora {
+namespace {
+
+/// Stands for the browser.
+class Browser : public QObject {
+    Q_OBJECT
+
+public:
+    Browser() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    Q_INVOKABLE void Open(const QUrl& url) { opened << url.toLocalFile(); }
+
+    QStringList opened;
+};
+
+class ReportDialogTest : public ::testing::Test {
+protected:
+    ReportDialogTest() {
+        QFile::copy(QStringLiteral(VELMORA_EXAMPLES "/plan-dia-trabajado.doc"), Name("plan.doc"));
+    }
+
+    QString Name(const char* name) const { return folder_.filePath(QLatin1String(name)); }
+
+    static QByteArray Bytes(const QString& name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /// Runs it, answering the dialog with a name, or cancelling it, and a box with a button.
+    int Ask(const QString& name, QMessageBox::StandardButton answer = QMessageBox::NoButton) {
+        said_.clear();
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, [&] {
+            QWidget* const modal = QApplication::activeModalWidget();
+            if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+                said_ = box->text();
+                answer == QMessageBox::NoButton ? box->reject() : box->button(answer)->click();
+            } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
+                dialog->selectFile(name);
+                QDialog& shown = *dialog;
+                name.isEmpty() ? shown.reject() : shown.accept();
+            }
+        });
+        watch.start(0);
+        const int status = ReportAskedFor();
+        EXPECT_EQ(said_.isEmpty(), answer == QMessageBox::NoButton) << said_.toStdString();
+        return status;
+    }
+
+    QTemporaryDir folder_;
+    Browser browser_;
+    QString said_;
+};
+
+TEST_F(ReportDialogTest, TheReportIsWrittenBesideAndOpened) {
+    EXPECT_EQ(Ask(Name("plan.doc")), 0);
+    EXPECT_TRUE(Bytes(Name("plan.html")).startsWith("<!DOCTYPE html>"));
+    EXPECT_EQ(browser_.opened, QStringList(Name("plan.html")));
+}
+
+TEST_F(ReportDialogTest, CancelledItWritesAndOpensNothing) {
+    EXPECT_EQ(Ask(QString()), 0);
+    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList(QStringLiteral("plan.doc")));
+    EXPECT_TRUE(browser_.opened.isEmpty());
+}
+
+TEST_F(ReportDialogTest, ItAsksBeforeItReplacesAReport) {
+    QFile old(Name("plan.html"));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("de otro");
+    old.close();
+    EXPECT_EQ(Ask(Name("plan.doc"), QMessageBox::No), 0);
+    EXPECT_EQ(said_, QStringLiteral("plan.html ya existe.\n¿Desea reemplazarlo?"));
+    EXPECT_EQ(Bytes(Name("plan.html")), "de otro");
+    EXPECT_TRUE(browser_.opened.isEmpty());
+    EXPECT_EQ(Ask(Name("plan.doc"), QMessageBox::Yes), 0);
+    EXPECT_TRUE(Bytes(Name("plan.html")).startsWith("<!DOCTYPE html>"));
+}
+
+TEST_F(ReportDialogTest, WhatIsNoEvaluationIsSaidInABox) {
+    QFile list(Name("lista.txt"));
+    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+    list.write("leche\npan\n");
+    list.close();
+    EXPECT_EQ(Ask(Name("lista.txt"), QMessageBox::Ok), 1);
+    EXPECT_TRUE(said_.startsWith(QStringLiteral("«") + Name("lista.txt"))) << said_.toStdString();
+    EXPECT_TRUE(browser_.opened.isEmpty());
+}
+
+}  // namespace
+}  // namespace velmora
+
+int main(int argc, char* argv[]) { return velmora::test::RunQtTests(argc, argv); }
+
+#include "dialog_test.moc"

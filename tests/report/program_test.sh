@@ -1,0 +1,43 @@
+#!/bin/sh
+# The program itself, from outside, with no display.
+#
+#   program_test.sh <velmora-informe> <folder with the examples>
+set -eu
+informe=$1
+examples=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+unset DISPLAY WAYLAND_DISPLAY
+
+# expect <status> <argument>...: leaves what is said in out and err.
+expect() {
+    due=$1
+    shift
+    status=0
+    "$informe" "$@" >"$work/out" 2>"$work/err" || status=$?
+    [ "$status" -eq "$due" ] || { echo "status $status, not $due: $*"; cat "$work/err"; exit 1; }
+}
+
+expect 2
+grep -q '^Uso: ' "$work/err" && [ ! -s "$work/out" ]
+expect 2 --otra
+grep -q 'velmora-informe: no hay ninguna opción «--otra»' "$work/err"
+expect 0 --ayuda
+grep -q '^Uso: ' "$work/out" && [ ! -s "$work/err" ]
+expect 0 --version
+grep -Eqx 'velmora-informe [0-9]+\.[0-9]+\.[0-9]+' "$work/out"
+
+# Without a display, without a terminal, under a decimal comma: the same report.
+cp "$examples/tres-dias-tres-tareas.doc" "$work/a.doc"
+LC_ALL=es_ES.UTF-8 QT_QPA_PLATFORM=none "$informe" "$work/a.doc"
+cmp "$work/a.html" "$examples/tres-dias-tres-tareas.html"
+
+# A full disk: said, and nothing is left.
+expect 1 --salida=/dev/full "$work/a.doc"
+(ulimit -f 8 && "$informe" --salida="$work/b.html" "$work/a.doc" 2>"$work/err") && exit 1
+grep -q 'b.html' "$work/err"
+[ "$(ls "$work")" = "$(printf 'a.doc\na.html\nerr\nout')" ]
+
+# A summary that nobody reads to its end, on a full disk.
+if "$informe" --resumen "$work/a.doc" >/dev/full 2>"$work/err"; then exit 1; fi
+grep -q 'salida estándar' "$work/err"
