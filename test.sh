@@ -65,6 +65,7 @@ step "Tests of the release build under a decimal point" run_tests release C.UTF-
 step "The independent model beside the program" run_model
 step "The package, made, installed and removed" try_package
 step "The fuzzers for a short while" fuzz/fuzz.sh
+step "The reports in a browser" tests/report/browser/browser_test.sh build/release
 # The rooms without Qt are the same ones; their tests have run above.
 step "The rooms on a machine without Qt" build core velmora_screens velmora_report
 step "Build with sanitizers" build asan
