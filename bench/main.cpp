@@ -35,7 +35,7 @@ int main(int argc, char* argv[]) try {
 
     bench::Rows all;
     constexpr std::array kParts = {bench::MeasureProcesses, bench::MeasureWindow,
-                                   bench::MeasureFiles, bench::MeasureCore};
+                                   bench::MeasureFiles, bench::MeasureReport, bench::MeasureCore};
     for (const auto& measure : kParts) {
         for (const bench::Row& row : measure(places)) all.push_back(row);
     }

@@ -23,6 +23,8 @@ Rows MeasureProcesses(const Places& places);
 Rows MeasureWindow(const Places& places);
 /// Saving and restoring.
 Rows MeasureFiles(const Places& places);
+/// A report against reading its evaluation, and many of them in a row.
+Rows MeasureReport(const Places& places);
 /// A whole evaluation without the window.
 Rows MeasureCore(const Places& places);
 
