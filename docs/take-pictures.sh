@@ -19,5 +19,23 @@ take() {
 
 # Those of the guide, as it names them.
 while read -r name; do take "$name"; done < <(
-    sed -n 's/.*(images\/\([a-z0-9-]*\)\.png).*/\1/p' "$root/docs/guia.md" | sort -u)
+    sed -n 's/.*(images\/\([a-z0-9-]*\)\.png).*/\1/p' "$root/docs/guia.md" | grep -v '^informe' | sort -u)
 take hoja-conclusiones-dia-1 hoja
+
+# Those of the report, in Chromium: its beginning, and its last picture.
+shoot() {
+    local page=$1 height=$2 name=$3
+    chromium --headless --no-sandbox --disable-gpu --hide-scrollbars --window-size=1000,"$height" \
+        --screenshot="$root/docs/images/$name.png" "file://$page" 2>/dev/null
+}
+report=$root/examples/tres-dias-tres-tareas.html
+shoot "$report" 1300 informe
+ladder=$(mktemp --suffix=.html)
+trap 'rm -f "$ladder"' EXIT
+{
+    sed -n '1,/<body>/p' "$report"
+    echo '<figure><div class="lienzo">'
+    sed -n '/<svg .*aria-labelledby="escalera-t/,/^<\/svg>/p' "$report"
+    echo '</div></figure></body></html>'
+} >"$ladder"
+shoot "$ladder" 840 informe-escalera
