@@ -446,17 +446,19 @@ class Names(FaultTest):
 
 
 class Killed(FaultTest):
-    """The process is killed in the middle of a save. The file holds 60 MB of snapshots, so that the
-    save takes long enough to be met."""
+    """The process is killed in the middle of a save. The file holds as much as is kept of one,
+    so that the save takes long enough to be met, by some of the tries at least."""
 
-    BIG = evaluation(slots=dict.fromkeys(((3, entry) for entry in range(1, 402)), "x" * 150_000))
+    BIG = evaluation(slots=dict.fromkeys(((3, entry) for entry in range(1, 17)), "x" * 60_000))
 
     def test_the_file_is_cut_and_gives_back_the_values_before_its_end(self):
         cut = 0
-        for aimed in (4096, 10 * MIB, 40 * MIB):
+        for aimed in (4096, MIB // 4, MIB // 2) * 5:
             size = self.kill_at(aimed)
             cut += 0 < size < len(self.BIG)
-        self.assertGreaterEqual(cut, 2, "the save was not met")
+            if cut == 2:
+                break
+        self.assertEqual(cut, 2, "the save was not met")
         self.assertEqual(self.files(), ["datos.doc"])
         self.restored_values()
 
