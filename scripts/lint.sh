@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Bans and arrows of the sources, README's map, clang-tidy and cppcheck over the program, the guided
-# example, the benchmark and what drives the window in the tests; any finding fails. With --tests,
-# clang-tidy over the tests, which takes half an hour.
+# Bans and arrows of the sources, README's map, and cppcheck over the program, the guided example, the
+# benchmark and what drives the window in the tests; any finding fails. With --tidy, clang-tidy over
+# the same, with --tests over the tests, which takes half an hour.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -18,10 +18,16 @@ tidy() {
     python3 scripts/tidy.py $build "$@"
 }
 
-if [ "${1:-}" = --tests ]; then
-    tidy tests
-    exit
-fi
+case ${1:-} in
+    --tests)
+        tidy tests
+        exit
+        ;;
+    --tidy)
+        tidy src tour bench tests/support
+        exit
+        ;;
+esac
 
 say "Bans and arrows"
 python3 -B scripts/bans.py
@@ -40,5 +46,3 @@ cppcheck --enable=warning,style,performance,portability --std=c++20 --quiet -j "
     --library=qt --library=googletest --inline-suppr --error-exitcode=1 -I src -I tests -I bench \
     --suppress=unusedStructMember --suppress=useStlAlgorithm --suppress=constVariable \
     --template='{file}:{line}: {severity} {id}: {message}' src tour bench tests/support
-
-tidy src tour bench tests/support

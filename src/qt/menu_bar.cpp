@@ -17,7 +17,7 @@ MenuBar::MenuBar(const std::vector<MenuEntry>& entries, const Run& run, const QO
                  QWidget* parent)
     : QMenuBar(parent) {
     InstallAccessibleMenus();
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, const QWidget* now) {
         if (now == this && before != nullptr && before->window() == window()) before_ = before;
     });
     setAccessibleName(QStringLiteral("Menú"));
