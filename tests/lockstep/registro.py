@@ -107,11 +107,25 @@ def escribir(registro: EvaluacionRecord) -> bytes:
     return codificar("".join(linea + "\r\n" for linea in lineas))
 
 
+# What the reader keeps of a line: 64 KiB or, once the lines have come to a MiB, 256 bytes.
+_LINEA, _LINEA_DESPUES, _HOLGURA = 65536, 256, 1 << 20
+
+
 def partir_lineas(datos: bytes) -> list[str]:
-    partes = decodificar(datos).split("\n")
-    if partes[-1] == "":
-        partes.pop()
-    return [p[:-1] if p.endswith("\r") else p for p in partes]
+    lineas, holgura, desde = [], _HOLGURA, 0
+    while desde < len(datos):
+        hasta = datos.find(b"\n", desde)
+        siguiente = hasta + 1 if hasta >= 0 else len(datos)
+        entera = datos[desde : hasta if hasta >= 0 else len(datos)]
+        linea = entera[: min(_LINEA, max(_LINEA_DESPUES, holgura))]
+        if linea == entera:
+            holgura -= siguiente - desde
+            linea = linea.removesuffix(b"\r")
+        else:
+            holgura -= len(linea)
+        lineas.append(decodificar(linea))
+        desde = siguiente
+    return lineas
 
 
 def _cadena(linea: str) -> str:
