@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include <algorithm>
 #include <limits>
@@ -18,16 +17,8 @@
 
 namespace velmora {
 
-namespace {
-
-constexpr int kMargin = 2;           // pixels: the line edit's own, left and right
-constexpr int kMostThatFits = 2000;  // characters; a file may bring a million
-
-}  // namespace
-
-CellEdit::CellEdit(Entry entry, QWidget* parent) : QLineEdit(parent), entry_(entry) {
+CellEdit::CellEdit(Entry entry, QWidget* parent) : TextLine(parent), entry_(entry) {
     InstallAccessibleTexts();
-    setFrame(false);
     if (entry_ == Entry::Filtered)
         setAcceptDrops(false);
     else
@@ -115,25 +106,12 @@ void CellEdit::TextHasChanged(const QString& text) {
     Q_EMIT Typed(line);
 }
 
-bool CellEdit::IsTooNarrow() const {
-    return fontMetrics().horizontalAdvance(text().left(kMostThatFits)) > width() - 2 * kMargin;
-}
-
-QString CellEdit::TipText() const {
-    constexpr int kLongest = 160;
-    const QString whole = text();
-    return whole.size() <= kLongest ? whole : whole.left(kLongest) + QStringLiteral("…");
-}
-
 bool CellEdit::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && IsTooNarrow()) {
-        QStringList told(TipText());
-        if (!toolTip().isEmpty()) told << toolTip();
-        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), told.join(u'\n'),
-                           this);
+    if (event->type() == QEvent::ToolTip &&
+        TellWhole(*static_cast<const QHelpEvent*>(event), toolTip())) {
         return true;
     }
-    return QLineEdit::event(event);
+    return TextLine::event(event);
 }
 
 void CellEdit::keyPressEvent(QKeyEvent* event) {
@@ -231,32 +209,12 @@ void CellEdit::focusInEvent(QFocusEvent* event) {
         return;
     }
     QLineEdit::focusInEvent(event);
-    if (shows_beginning && hasSelectedText()) {
-        // All is selected, as everywhere, but from its end to its beginning, which stays in view.
-        setSelection(static_cast<int>(text().size()), -static_cast<int>(text().size()));
-    }
+    if (shows_beginning) SelectTowardsTheBeginning();
 }
 
 void CellEdit::focusOutEvent(QFocusEvent* event) {
     if (refused_) TakeRefusalBack();
     QLineEdit::focusOutEvent(event);
-}
-
-/// Paints the beginning of the text, and "…" where it is cut, over what the line edit painted; the
-/// caret stays in view ahead of it.
-void CellEdit::PaintCut(QPainter& painter) const {
-    const QFontMetrics metrics = fontMetrics();
-    const QString seen =
-        metrics.elidedText(text().left(kMostThatFits), Qt::ElideRight, width() - 2 * kMargin);
-    const bool selected = hasSelectedText();
-    const QPalette& colors = palette();
-    painter.fillRect(rect().adjusted(kMargin + 1, 0, 0, 0),
-                     colors.color(selected ? QPalette::Highlight : QPalette::Base));
-    painter.setFont(font());
-    painter.setPen(colors.color(selected ? QPalette::HighlightedText : QPalette::Text));
-    // As the line edit places its own letters.
-    const int top = (height() - metrics.height() + 1) / 2;
-    painter.drawText(kMargin, top + metrics.ascent(), seen);
 }
 
 void CellEdit::paintEvent(QPaintEvent* event) {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QLineEdit>
 
 #include <optional>
 
 #include "forms/screen.h"
+#include "qt/text_line.h"
 
 class QMenu;
 
@@ -13,7 +13,7 @@ namespace velmora {
 
 /// A text cell on the window. With a key filter and no free text, the filter is the only way in:
 /// pasting, dropping, the context menu, input methods and undo change nothing.
-class CellEdit : public QLineEdit {
+class CellEdit : public TextLine {
     Q_OBJECT
     Q_PROPERTY(bool Locked READ isReadOnly)
 
@@ -34,9 +34,6 @@ public:
 
     /// Whether the cell is marked beyond its colour: by a frame, and to a screen reader.
     void SetMarked(bool marked);
-
-    /// Whether the cell can't show its text whole.
-    bool IsTooNarrow() const;
 
     /// Makes the cell one of a table, whose context menu copies the whole of it.
     void SetInTable() { in_table_ = true; }
@@ -73,8 +70,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// What the tool tip says of a text that doesn't fit: its beginning, where it is long.
-    QString TipText() const;
     QMenu* MakeMenuOfFilteredCell();
     void LiftLimit();
     void Describe();
@@ -82,7 +77,6 @@ private:
     void TakeRefusalBack();
     void ShowBeginning();
     void TakeCaretBack();
-    void PaintCut(QPainter& painter) const;
     void TextHasChanged(const QString& text);
 
     Entry entry_;

@@ -2,13 +2,15 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QWheelEvent>
 
 #include "qt/accessible_list.h"
 #include "qt/keys.h"
+#include "qt/text_line.h"
 
 namespace velmora {
 
@@ -26,11 +28,30 @@ bool MovesOrPicks(const QKeyEvent& event) {
     }
 }
 
+/// The line of a list. Nothing moves in it: its beginning is what is seen.
+class ListLine : public TextLine {
+public:
+    using TextLine::TextLine;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override {
+        TextLine::focusInEvent(event);
+        SelectTowardsTheBeginning();
+    }
+    void paintEvent(QPaintEvent* event) override {
+        TextLine::paintEvent(event);
+        if (!IsTooNarrow()) return;
+        QPainter painter(this);
+        PaintCut(painter);
+    }
+};
+
 }  // namespace
 
 ListBox::ListBox(const QStringList& items, QWidget* parent) : QComboBox(parent) {
     InstallAccessibleLists();
     setEditable(true);  // only an editable list shows a text that isn't among its items
+    setLineEdit(new ListLine(this));
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     addItems(items);
@@ -49,6 +70,8 @@ ListBox::ListBox(const QStringList& items, QWidget* parent) : QComboBox(parent) 
     });
     Show({});
 }
+
+TextLine& ListBox::Line() const { return static_cast<TextLine&>(*lineEdit()); }
 
 void ListBox::Show(const QString& text) {
     shown_ = text;
@@ -111,6 +134,8 @@ bool ListBox::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::MouseButtonDblClick:
             return true;
+        case QEvent::ToolTip:
+            return Line().TellWhole(static_cast<const QHelpEvent&>(*event), toolTip());
         default:
             return QComboBox::eventFilter(watched, event);
     }

@@ -6,6 +6,8 @@
 
 namespace velmora {
 
+class TextLine;
+
 /// A list on the window. It changes only by a pick from its items, and can show a text that isn't
 /// among them. It takes no typing by any road, and no pick while it is locked.
 class ListBox : public QComboBox {
@@ -19,6 +21,9 @@ public:
     void Show(const QString& text);
     void SetLocked(bool locked) { locked_ = locked; }
     bool IsLocked() const { return locked_; }
+
+    /// Where the list shows its text.
+    TextLine& Line() const;
 
     /// Picks an item, from 0, as the mouse does in the open list; after what is being done now.
     void PickFromOutside(int item);

@@ -22,6 +22,7 @@
 #include "qt/menu_bar.h"
 #include "qt/splash.h"
 #include "qt/text.h"
+#include "qt/text_line.h"
 #include "runtime/error.h"
 
 namespace velmora {
@@ -469,9 +470,11 @@ void Window::Tick() {
 std::vector<QString> Window::CutTexts() const {
     std::vector<QString> texts;
     for (const Shown& shown : shown_) {
-        const auto* const cell = qobject_cast<const CellEdit*>(shown.widget);
-        if (cell == nullptr || cell->isHidden() || !cell->IsTooNarrow()) continue;
-        texts.push_back(cell->accessibleName() + QStringLiteral(": ") + cell->text());
+        const auto* line = qobject_cast<const TextLine*>(shown.widget);
+        const auto* const list = qobject_cast<const ListBox*>(shown.widget);
+        if (list != nullptr) line = &list->Line();
+        if (line == nullptr || shown.widget->isHidden() || !line->IsTooNarrow()) continue;
+        texts.push_back(shown.widget->accessibleName() + QStringLiteral(": ") + line->text());
     }
     return texts;
 }

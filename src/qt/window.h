@@ -62,7 +62,7 @@ public:
     /// Paints the screen's image, fitted into the rectangle.
     void PaintScreen(QPainter& painter, const QRectF& target);
 
-    /// The texts of the cells that are too narrow to show them whole, each after the cell's name.
+    /// The texts of cells and lists that are too narrow to show them whole, each after its name.
     std::vector<QString> CutTexts() const;
 
 protected:

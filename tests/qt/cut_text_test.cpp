@@ -1,13 +1,33 @@
-// A text too long for its cell: "…" where it is cut, and its beginning in view.
+// A text too long for its cell or list: "…" where it is cut, and its beginning in view.
 
+#include <QApplication>
+#include <QComboBox>
+#include <QHelpEvent>
 #include <QImage>
 #include <QLineEdit>
+#include <QToolTip>
 
 #include "capture/form2.h"
+#include "capture/form4.h"
 #include "qt/window_test.h"
 
 namespace velmora::test {
 namespace {
+
+/// The dark pixels in the upper and in the lower half of the place where "…" stands.
+std::pair<int, int> InkAtTheCut(QLineEdit& line) {
+    const QImage seen = line.grab().toImage();
+    const int wide = line.fontMetrics().horizontalAdvance(QStringLiteral("…"));
+    constexpr int kFrame = 3;
+    std::pair<int, int> ink;
+    for (int y = kFrame; y < seen.height() - kFrame; ++y) {
+        for (int x = seen.width() - kFrame - wide; x < seen.width() - kFrame; ++x) {
+            if (seen.pixelColor(x, y).lightness() > 200) continue;
+            ++(y < seen.height() / 2 ? ink.first : ink.second);
+        }
+    }
+    return ink;
+}
 
 class CutTextTest : public WindowTest {
 protected:
@@ -17,27 +37,12 @@ protected:
         window->Run([&] { Current<Form2>().Text1(4).Text = text; });
     }
     QLineEdit& Cell() { return robot.Find<QLineEdit>("Text1(4)"); }
-
-    /// The dark pixels in the upper and in the lower half of the place where "…" stands.
-    std::pair<int, int> InkAtTheCut() {
-        const QImage cell = Cell().grab().toImage();
-        const int wide = Cell().fontMetrics().horizontalAdvance(QStringLiteral("…"));
-        constexpr int kFrame = 3;
-        std::pair<int, int> ink;
-        for (int y = kFrame; y < cell.height() - kFrame; ++y) {
-            for (int x = cell.width() - kFrame - wide; x < cell.width() - kFrame; ++x) {
-                if (cell.pixelColor(x, y).lightness() > 200) continue;
-                ++(y < cell.height() / 2 ? ink.first : ink.second);
-            }
-        }
-        return ink;
-    }
 };
 
 TEST_F(CutTextTest, ItEndsInThreeDotsWhereItIsCut) {
     robot.Click("Text1(3)");
     Give(std::string(400, 'l'));
-    const auto [above, below] = InkAtTheCut();
+    const auto [above, below] = InkAtTheCut(Cell());
     EXPECT_EQ(above, 0);  // an l would reach up there
     EXPECT_GE(below, 2);
 }
@@ -45,7 +50,7 @@ TEST_F(CutTextTest, ItEndsInThreeDotsWhereItIsCut) {
 TEST_F(CutTextTest, ATextThatFitsHasNoDots) {
     robot.Click("Text1(3)");
     Give("MMM");
-    EXPECT_EQ(InkAtTheCut(), std::pair(0, 0));
+    EXPECT_EQ(InkAtTheCut(Cell()), std::pair(0, 0));
 }
 
 TEST_F(CutTextTest, ItShowsItsBeginningWhenTheFocusComes) {
@@ -59,6 +64,46 @@ TEST_F(CutTextTest, ItShowsItsBeginningWhenTheFocusComes) {
     robot.Key(Qt::Key_End);
     robot.Type("x");
     EXPECT_TRUE(robot.Text("Text1(4)").ends_with("Mx"));
+}
+
+/// A list whose text, that of a file, isn't among its items.
+class CutListTest : public WindowTest {
+protected:
+    CutListTest() {
+        SetPlan(1, 1, 2);
+        Open(ScreenId::Form4);
+        robot.Pick("Combo1", "1");
+    }
+
+    void Give(const std::string& text) {
+        window->Run([&] { Current<Form4>().Combo13(0).Text = text; });
+    }
+    QComboBox& List() { return robot.Find<QComboBox>("Combo13(0)"); }
+};
+
+TEST_F(CutListTest, ItEndsInThreeDotsWhereItIsCut) {
+    Give(std::string(400, 'l'));
+    const auto [above, below] = InkAtTheCut(*List().lineEdit());
+    EXPECT_EQ(above, 0);  // an l would reach up there
+    EXPECT_GE(below, 2);
+    Give("l");
+    EXPECT_EQ(InkAtTheCut(*List().lineEdit()), std::pair(0, 0));
+}
+
+TEST_F(CutListTest, ItShowsItsBeginningWhenTheFocusComes) {
+    Give("Principio" + std::string(200, 'M'));
+    List().setFocus(Qt::TabFocusReason);
+    List().lineEdit()->grab();
+    EXPECT_EQ(List().lineEdit()->cursorPositionAt(QPoint(4, List().height() / 2)), 0);
+}
+
+TEST_F(CutListTest, ItsToolTipSaysTheWhole) {
+    Give(std::string(40, 'M'));
+    const QPoint place = List().rect().center();
+    QHelpEvent event(QEvent::ToolTip, place, List().mapToGlobal(place));
+    QCoreApplication::sendEvent(List().lineEdit(), &event);
+    EXPECT_EQ(QToolTip::text(), QString(40, u'M'));
+    QToolTip::hideText();
 }
 
 }  // namespace

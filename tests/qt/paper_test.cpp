@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 
 #include "capture/form2.h"
+#include "capture/form4.h"
 #include "qt/paper.h"
 #include "qt/text.h"
 #include "qt/window_test.h"
@@ -122,6 +123,17 @@ TEST_F(PaperTest, ACutTextStandsInFullUnderTheImage) {
     Print();
     EXPECT_THAT(Text(), HasSubstr("Textos completos: Tarea 1, contaminante 1, límite de corta "
                                   "exposición EC+: 536.069661301946"));
+}
+
+TEST_F(PaperTest, ACutTextOfAListStandsInFullUnderTheImage) {
+    SetPlan(1, 1, 1);
+    record.Unidades(1, 1) = "microgramos por metro cubico";
+    auto& form4 = Open<Form4>(ScreenId::Form4);
+    robot.Pick("Combo1", "1");
+    robot.Press("Command3");
+    ASSERT_EQ(form4.Combo13(0).Text, record.Unidades(1, 1));
+    Print();
+    EXPECT_THAT(Text(), HasSubstr("unidad: microgramos por metro cubico"));
 }
 
 TEST_F(PaperTest, WithoutACutTextNothingStandsUnderTheImage) {
