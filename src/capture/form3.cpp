@@ -89,7 +89,7 @@ struct Columna {
 constexpr std::array<Columna, 6> kColumnas = {{
     { 360, "día",                           "Día",                   Cabecera(6.75, false, Align::Center)},
     {1080, "tarea",                         "Tarea",                 Cabecera(6.75, false, Align::Center)},
-    {1800, "tiempo de exposición en horas", "Tiempo exposi. horas.", Cabecera(5.25, false, Align::Center)},
+    {1800, "tiempo de exposición en horas", "Tiempo exposi. horas.", Cabecera(5.5,  false, Align::Center)},
     {2520, "muestras de 30 minutos",        "Muestras 30'",          Cabecera(6.75, false, Align::Center)},
     {3240, "muestras de 15 minutos",        "Muestras  15'",         Cabecera(6.75, false, Align::Center)},
     {3960, "contaminantes",                 "Contami_  nantes",      Cabecera(6.75, false, Align::Center)},

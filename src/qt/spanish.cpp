@@ -19,13 +19,26 @@ struct Gap {
 };
 
 // clang-format off
-constexpr std::array<Gap, 9> kGaps = {{
+constexpr std::array<Gap, 17> kGaps = {{
     {"Double Sided Printing",      "Impresión a doble cara"},
     {"Off",                        "No"},
     {"Long side binding",          "Encuadernar por el lado largo"},
     {"Short side binding",         "Encuadernar por el lado corto"},
     {"Folder",                     "Carpeta"},
     {"Page Setup Conflicts",       "Ajustes de página incompatibles"},
+    {"Pages",                      "Páginas"},
+    {"Advanced",                   "Avanzado"},
+    {"Invalid Pages Definition",   "Páginas mal indicadas"},
+    {"Advanced Option Conflicts",  "Opciones avanzadas incompatibles"},
+    {"Please turn one of those options off.", "Desactive una de ellas."},
+    {"Options 'Pages Per Sheet' and 'Page Set' cannot be used together.",
+     "«Páginas por hoja» y «Conjunto de páginas» no se pueden usar a la vez."},
+    {"There are conflicts in page setup options. Do you want to fix them?",
+     "Hay ajustes de página incompatibles. ¿Desea corregirlos?"},
+    {"%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, "
+     "'-' to define ranges and make sure ranges do not intersect with each other.",
+     "«%1» no está bien escrito. Separe con comas las páginas y los intervalos, escriba los "
+     "intervalos con un guion y no repita páginas."},
     {"Page order:",                "Orden de las páginas:"},
     {"Page Set:",                  "Conjunto de páginas:"},
     {"Parent Directory",           "Ir al directorio superior"},

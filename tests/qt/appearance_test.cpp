@@ -127,6 +127,10 @@ TEST(SpanishOfTheToolkit, ButtonsAndTheGapsOfItsTranslation) {
               QStringLiteral("Ir al directorio superior"));
     EXPECT_EQ(QCoreApplication::translate("QPrintPropertiesWidget", "Page Set:"),
               QStringLiteral("Conjunto de páginas:"));
+    EXPECT_EQ(QCoreApplication::translate("QPrintSettingsOutput", "Pages"),
+              QStringLiteral("Páginas"));
+    EXPECT_EQ(QCoreApplication::translate("QPrintPropertiesWidget", "Advanced"),
+              QStringLiteral("Avanzado"));
 }
 
 }  // namespace

@@ -63,6 +63,18 @@ TEST_F(GrowthTest, TheRoomOfAScreenIsAsSmallAsTheScreensLetIt) {
     EXPECT_EQ(kRoomOfAScreen.height, farthest.height);
 }
 
+TEST_F(GrowthTest, TheSmallestLettersOnASmallDisplayAreOfSevenPixels) {
+    Resize(800, 580);  // a frame's title takes the rest of 800 x 600
+    for (const ScreenId id : kScreens) {
+        Open(id);
+        for (const Control& control : chain.Current().Controls()) {
+            const bool bears_text = !std::holds_alternative<Picture>(control.state);
+            if (!bears_text || control.row.box.height < 200) continue;  // a mark holds no text
+            EXPECT_GE(robot.Find(control.name).font().pixelSize(), 7) << control.name;
+        }
+    }
+}
+
 struct Display {
     const char* name;
     QSize room;
