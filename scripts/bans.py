@@ -23,6 +23,9 @@ BANS = [
     (SCREENS + r"|src/stats/\w+\.cpp", None,
      r"^(?!.*\bconstexpr\b)(?!.*\bdouble points\b).*\b(double|float)\b", "a number is a Doble"),
     (SCREENS + r"|src/stats/", None, r"[\w)]\[", "an element is taken from an Array, by ()"),
+    (r"src/qt/", None,
+     r"\b(Form[1-6]|(Text|Label|Command|Combo)\d+|fondo\d|[a-zA-Z]+_Click)\b|\"salir\"",
+     "qt knows no screen by name"),
     (r"src/", None, r"#\s*include\s+\".*\.\./", "a header is included by its room"),
 ]
 

@@ -31,7 +31,9 @@ public:
     CommonDialog CommonDialog1;
 
 private:
-    void GuardarCamposEIrA(ScreenId destino);
+    void PlaceControls();
+    void PlaceMenu();
+    void StoreFieldsAndGo(ScreenId target);
 
     Entorno entorno_;
 };

@@ -24,8 +24,8 @@ public:
     /// offers to start again after a pick in 0 or 1 while the plan is fixed.
     void Combo1_Click(int Index);
     /// Both refuse every key: a list changes by a pick, a cell by the program.
-    void Combo1_KeyPress(int Index, KeyCode& tecla);
-    void Text1_KeyPress(int Index, KeyCode& tecla);
+    void Combo1_KeyPress(int Index, KeyCode& key);
+    void Text1_KeyPress(int Index, KeyCode& key);
     /// Fixes the plan: stores the two numbers and opens the entry row and the grid.
     void Command1_Click();
     /// Judges the entry row against the plan and stores it as one task of one workday.
@@ -48,27 +48,27 @@ public:
     CommonDialog CommonDialog1;
 
 private:
-    void PonerControles();
-    void PonerMenu();
+    void PlaceControls();
+    void PlaceMenu();
 
-    Entero FilasDelPlan() const;
-    Entero CeldasDelPlan() const;
+    Entero RowsOfPlan() const;
+    Entero CellsOfPlan() const;
 
     void OcultarEntrada();
     void MostrarEntrada();
-    void CerrarCelda(int i);
+    void CloseCell(int i);
     void AbrirCeldas(Entero n);
     void NumerarFilas();
-    void RellenarFilas();
-    void OfrecerReinicio();
+    void FillRows();
+    void OfferRestart();
 
-    bool EntradaAceptada();
-    void GuardarEntrada();
+    bool EntryIsAccepted();
+    void StoreEntry();
     void RefrescarRejilla();
-    void EscribirFila(Entero k, Entero d, Entero t);
+    void WriteRow(Entero k, Entero d, Entero t);
 
-    bool PlanCompleto() const;
-    void IrSiPlanCompleto(ScreenId destino);
+    bool PlanIsComplete() const;
+    void GoIfPlanComplete(ScreenId target);
 
     Entorno entorno_;
 };

@@ -23,13 +23,13 @@ public:
     /// Empties the rows without a question and opens those of the task picked.
     void Combo1_Click();
     /// These three refuse every key.
-    void Combo1_KeyPress(KeyCode& tecla);
-    void Combo13_KeyPress(int Index, KeyCode& tecla);
-    void Text3_KeyPress(int Index, KeyCode& tecla);
+    void Combo1_KeyPress(KeyCode& key);
+    void Combo13_KeyPress(int Index, KeyCode& key);
+    void Text3_KeyPress(int Index, KeyCode& key);
     /// Switches a sampling time between 30 and 15; 30 first, and any other content stays.
     void Text3_DblClick(int Index);
     /// Digits and one point in a limit value, one digit in an additive mark, any key elsewhere.
-    void Text1_KeyPress(int Index, KeyCode& tecla);
+    void Text1_KeyPress(int Index, KeyCode& key);
     /// Stores the rows as the list of the task, and their names in the final table.
     void Command1_Click();
     /// Writes the stored list of the task into the rows.
@@ -53,20 +53,19 @@ public:
     CommonDialog CommonDialog1;
 
 private:
-    void PonerControles();
-    void PonerFila(int r);
-    void PonerMenu();
+    void PlaceControls();
+    void PlaceRow(int r);
+    void PlaceMenu();
 
-    Entero ContaminantesDeLaTarea() const;
-    void VaciarFilas();
+    Entero ContaminantsOfTask() const;
+    void EmptyRows();
     void CerrarFilas();
-    void AbrirFilas(Entero n);
-    bool TareaElegida();
-    bool FilasCompletas(Entero n) const;
-    void GuardarFilas(Entero n);
+    void OpenRows(Entero n);
+    bool TaskIsPicked();
+    bool RowsAreComplete(Entero n) const;
+    void StoreRows(Entero n);
 
-    void FiltrarLimite(int Index, KeyCode& tecla, Entero& cifras, Entero& puntos);
-    void FiltrarMarca(int Index, KeyCode& tecla);
+    void FilterMark(int Index, KeyCode& key);
 
     Entorno entorno_;
 

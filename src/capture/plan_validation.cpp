@@ -4,13 +4,13 @@
 namespace velmora {
 
 void Form3::Command2_Click() {
-    if (!EntradaAceptada()) return;
-    GuardarEntrada();
+    if (!EntryIsAccepted()) return;
+    StoreEntry();
     RefrescarRejilla();
 }
 
 /// Whether the entry row may be stored; otherwise tells why, with the record untouched.
-bool Form3::EntradaAceptada() {
+bool Form3::EntryIsAccepted() {
     const EvaluacionRecord& record = entorno_.record;
     if (record.NumJornadas == 0 || record.NumTareas == 0) {
         entorno_.host.MsgBox(
@@ -24,16 +24,16 @@ bool Form3::EntradaAceptada() {
             return false;
         }
     }
-    const Doble dia = ConvertirDoble(Combo1(2).Text);
-    const Doble tarea = ConvertirDoble(Combo1(3).Text);
-    if (dia > record.NumJornadas.ComoDoble() || tarea > record.NumTareas.ComoDoble()) {
+    const Doble day = ConvertirDoble(Combo1(2).Text);
+    const Doble task = ConvertirDoble(Combo1(3).Text);
+    if (day > record.NumJornadas.ComoDoble() || task > record.NumTareas.ComoDoble()) {
         entorno_.host.MsgBox(
             "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores "
             "asignados");
         return false;
     }
-    const Doble muestras = LeerValor(Combo1(5).Text) + LeerValor(Combo1(6).Text);
-    if (muestras != LeerValor(Combo1(7).Text)) {
+    const Doble samples = LeerValor(Combo1(5).Text) + LeerValor(Combo1(6).Text);
+    if (samples != LeerValor(Combo1(7).Text)) {
         entorno_.host.MsgBox(
             "El número total de contaminantes es  la suma de los expresados para 30' y 15' ");
         return false;
@@ -41,7 +41,7 @@ bool Form3::EntradaAceptada() {
     return true;
 }
 
-void Form3::GuardarEntrada() {
+void Form3::StoreEntry() {
     EvaluacionRecord& record = entorno_.record;
     const int d = ConvertirLargo(Combo1(2).Text);
     const int t = ConvertirLargo(Combo1(3).Text);
@@ -58,14 +58,14 @@ void Form3::RefrescarRejilla() {
     for (int d = 1; d <= record.NumJornadas.Valor(); ++d) {
         for (int t = 1; t <= record.NumTareas.Valor(); ++t) {
             // No hours, no entry: such a row stays as it stands.
-            if (record.TiempoExposicion(d, t) != 0) EscribirFila(k, d, t);
+            if (record.TiempoExposicion(d, t) != 0) WriteRow(k, d, t);
             ++k;
         }
     }
 }
 
 /// Writes hours, samples and contaminants of day `d` and task `t` into row `k`, counted from 1.
-void Form3::EscribirFila(Entero k, Entero d, Entero t) {
+void Form3::WriteRow(Entero k, Entero d, Entero t) {
     const EvaluacionRecord& record = entorno_.record;
     Text1(6 * k - 4).Text = TextoDoble(record.TiempoExposicion(d, t));
     Text1(6 * k - 3).Text = TextoEntero(record.Muestras30(d, t));

@@ -8,37 +8,37 @@ namespace velmora {
 
 namespace {
 
-constexpr std::uint32_t kSinImprimirAFichero = 524288;
+constexpr std::uint32_t kNoPrintToFile = 524288;
 
 }  // namespace
 
-void Salir(Host& host, Estilo estilo) {
-    if (host.MsgBox("¿Está seguro de que quiere salir?", estilo) != Respuesta::No) host.End(0);
+void Salir(Host& host, Estilo style) {
+    if (host.MsgBox("¿Está seguro de que quiere salir?", style) != Respuesta::No) host.End(0);
 }
 
-void Imprimir(Host& host, CommonDialog& dialog, const Impresion& impresion) {
-    std::string pregunta(impresion.aviso);
-    for (const std::string_view linea :
+void Imprimir(Host& host, CommonDialog& dialog, const Printing& printing) {
+    std::string question(printing.notice);
+    for (const std::string_view line :
          {"¿Desea continuar?", " ", "Pulsar 'Si' no admite cancelación posterior"}) {
-        pregunta.append(kFinDeLinea).append(linea);
+        question.append(kLineEnd).append(line);
     }
-    auto respuesta = Respuesta::Si;
-    Intentar([&] { respuesta = host.MsgBox(pregunta, Estilo::SiNo); });
-    if (respuesta == Respuesta::No) return;
+    auto answer = Respuesta::Si;
+    Intentar([&] { answer = host.MsgBox(question, Estilo::SiNo); });
+    if (answer == Respuesta::No) return;
 
-    dialog.Flags = kSinImprimirAFichero;
-    dialog.FromPage = impresion.primera_pagina;
-    dialog.ToPage = impresion.ultima_pagina;
+    dialog.Flags = kNoPrintToFile;
+    dialog.FromPage = printing.first_page;
+    dialog.ToPage = printing.last_page;
     Intentar([&] { host.ShowPrinter(dialog); });
     Intentar([&] { host.PrintForm(); });
 }
 
-std::string FormatoFecha(const std::tm& momento) {
-    const auto dos = [](int n) {
+std::string FormatoFecha(const std::tm& moment) {
+    const auto two = [](int n) {
         return std::string{static_cast<char>('0' + n / 10 % 10), static_cast<char>('0' + n % 10)};
     };
-    return dos(momento.tm_mday) + ":" + dos(momento.tm_mon + 1) + ":" + dos(momento.tm_year % 100) +
-           "     " + dos(momento.tm_hour) + ":" + dos(momento.tm_min) + ":" + dos(momento.tm_sec);
+    return two(moment.tm_mday) + ":" + two(moment.tm_mon + 1) + ":" + two(moment.tm_year % 100) +
+           "     " + two(moment.tm_hour) + ":" + two(moment.tm_min) + ":" + two(moment.tm_sec);
 }
 
 }  // namespace velmora

@@ -20,28 +20,28 @@ struct Entorno {
 
 /// `salir` of every screen: asks with the screen's style, and on any answer but No ends the process
 /// at once with status 0, without saving.
-void Salir(Host& host, Estilo estilo);
+void Salir(Host& host, Estilo style);
 
 /// What tells one screen's `imprimir` from another's.
-struct Impresion {
-    std::string_view aviso;  ///< first line of the question
-    int primera_pagina;
-    int ultima_pagina;
+struct Printing {
+    std::string_view notice;  ///< first line of the question
+    int first_page;
+    int last_page;
 };
 
 /// `imprimir` of `Form2` to `Form6`: asks, shows the print dialog and prints the screen's image,
 /// the dialog's Cancel notwithstanding. Errors are passed over, step by step.
-void Imprimir(Host& host, CommonDialog& dialog, const Impresion& impresion);
+void Imprimir(Host& host, CommonDialog& dialog, const Printing& printing);
 
 /// The clock's text, "dd:mm:yy     hh:mm:ss": day, month and year, five blanks, hour, minute and
 /// second, two digits each.
-std::string FormatoFecha(const std::tm& momento);
+std::string FormatoFecha(const std::tm& moment);
 
 /// How the clock looks on `Form2` to `Form6`: bold, white, 8.25 points.
-inline constexpr Look kAspectoDelReloj{.bold = true, .fore = 0xFFFFFF};
+inline constexpr Look kClockLook{.bold = true, .fore = 0xFFFFFF};
 
 /// The tool tip of the cells in which decimals are typed.
-inline constexpr std::string_view kAyudaDeDecimales =
+inline constexpr std::string_view kDecimalsHelp =
     "Los decimales, con punto y con un cero delante: 0.5";
 
 }  // namespace velmora

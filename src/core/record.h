@@ -54,8 +54,8 @@ struct EvaluacionRecord {
     HojaDelDia HojaTercerDia;
 
     /// The sheet of the first, second or third day; SubindiceFueraDeRango for another.
-    HojaDelDia& Hoja(Entero dia) { return this->*SheetOf(dia); }
-    const HojaDelDia& Hoja(Entero dia) const { return this->*SheetOf(dia); }
+    HojaDelDia& Hoja(Entero day) { return this->*SheetOf(day); }
+    const HojaDelDia& Hoja(Entero day) const { return this->*SheetOf(day); }
 
     /// Final table: row = (task - 1) * 6 + contaminant, columns "Nº", name, I1, I2, I3, IG, P1, P2,
     /// P3.
@@ -64,10 +64,10 @@ struct EvaluacionRecord {
     friend bool operator==(const EvaluacionRecord&, const EvaluacionRecord&) = default;
 
 private:
-    static HojaDelDia EvaluacionRecord::*SheetOf(Entero dia) {
-        if (dia == 1) return &EvaluacionRecord::HojaPrimerDia;
-        if (dia == 2) return &EvaluacionRecord::HojaSegundoDia;
-        if (dia == 3) return &EvaluacionRecord::HojaTercerDia;
+    static HojaDelDia EvaluacionRecord::*SheetOf(Entero day) {
+        if (day == 1) return &EvaluacionRecord::HojaPrimerDia;
+        if (day == 2) return &EvaluacionRecord::HojaSegundoDia;
+        if (day == 3) return &EvaluacionRecord::HojaTercerDia;
         throw ErrorEjecucion(TipoError::SubindiceFueraDeRango);
     }
 };

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/numbers.h"
+#include "forms/palette.h"
 #include "runtime/error.h"
 #include "store/evaluation_file.h"
 
@@ -12,35 +13,33 @@ namespace velmora {
 
 namespace {
 
-constexpr Color kAzulPalido = 0xF5E6D8;
-constexpr Color kAzulMarino = 0x5A2D0C;
-constexpr Color kVerdePalido = 0xE1F5E1;
+constexpr Color kPaleGreen = 0xE1F5E1;
 
-constexpr Box kAreaCliente{0, 0, 11880, 8310};
+constexpr Box kClientArea{0, 0, 11880, 8310};
 
-constexpr int kFilas = 18;
-constexpr int kFilasPorTarea = 6;
-constexpr int kColumnas = 9;
+constexpr int kRows = 18;
+constexpr int kRowsPerTask = 6;
+constexpr int kColumns = 9;
 
 // Columns of HojaFinal, from 1.
-constexpr int kColumnaNumero = 1;
-constexpr int kColumnaNombre = 2;
-constexpr int kColumnaI1 = 3;
-constexpr int kColumnaI2 = 4;
-constexpr int kColumnaI3 = 5;
-constexpr int kColumnaIG = 6;
-constexpr std::array kColumnasCopiadas = {2, 3, 4, 5, 7, 8, 9};
+constexpr int kNumberColumn = 1;
+constexpr int kNameColumn = 2;
+constexpr int kI1Column = 3;
+constexpr int kI2Column = 4;
+constexpr int kI3Column = 5;
+constexpr int kIGColumn = 6;
+constexpr std::array kCopiedColumns = {2, 3, 4, 5, 7, 8, 9};
 
-struct Columna {
+struct Column {
     int left;
     int width;
-    std::string_view rotulo;
-    std::string_view nombre;   ///< as a screen reader says it
-    std::string_view ayuda{};  ///< tool tip of the heading
+    std::string_view caption;
+    std::string_view spoken;      ///< as a screen reader says it
+    std::string_view tool_tip{};  ///< of the heading
 };
 
 // clang-format off
-constexpr std::array<Columna, kColumnas> kTabla = {{
+constexpr std::array<Column, kColumns> kTable = {{
     {  300,  435, "Nº",                      "número"},
     {  750, 3000, "Nombre del contaminante", "nombre del contaminante"},
     { 3855,  960, "I1",                      "índice del primer día",
@@ -59,184 +58,183 @@ constexpr std::array<Columna, kColumnas> kTabla = {{
      "La Prob. del tercer día, en tanto por ciento."},
 }};
 
-constexpr int kAltoDeRotulo    = 255;
-constexpr int kAltoDeCelda     = 285;
-constexpr int kPasoDeFila      = 300;
-constexpr int kPasoDeBloque    = 2220;
-constexpr int kPrimerRotulo    = 990;  ///< top of the first block's label
-constexpr int kPrimeraFila     = 1260; ///< top of the first block's first row
+constexpr int kHeadingHeight    = 255;
+constexpr int kCellHeight     = 285;
+constexpr int kRowStep      = 300;
+constexpr int kBlockStep    = 2220;
+constexpr int kFirstCaption    = 990;  ///< top of the first block's label
+constexpr int kFirstRow     = 1260; ///< top of the first block's first row
 
-constexpr Look kAspectoDeBloque{.bold = true, .fore = kAzulMarino, .back = kAzulPalido};
+constexpr Look kBlockLook{.bold = true, .fore = kNavy, .back = kPaleBlue};
 
-constexpr Row kCommand1{.name = "Command1", .box = {3855, 150, 4875, 375},
-                        .text = "RESULTADOS FINALES :    VALIDAR", .tab = 0};
-constexpr Row kLabel2{.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = kAspectoDelReloj};
 
 // The blocks are the tasks of the plan, though their labels speak of workdays.
-constexpr Row kLabel3{.name = "Label3", .box = {300, kPrimerRotulo, 3450, kAltoDeRotulo},
-                      .text = "Primera Jornada", .look = kAspectoDeBloque, .in_table = true};
-constexpr Row kLabel5{.name = "Label5", .box = {300, kPrimerRotulo + kPasoDeBloque, 3450, kAltoDeRotulo},
-                      .text = "Segunda  Jornada", .look = kAspectoDeBloque, .in_table = true};
-constexpr Row kLabel6{.name = "Label6", .box = {300, kPrimerRotulo + 2 * kPasoDeBloque, 3450, kAltoDeRotulo},
-                      .text = "Tercera  Jornada", .look = kAspectoDeBloque, .in_table = true};
+constexpr std::array<StandingControl<Form6>, 5> kControls = {{
+    {&Form6::Command1, {.name = "Command1", .box = {3855, 150, 4875, 375},
+      .text = "RESULTADOS FINALES :    VALIDAR", .tab = 0}, &Form6::Command1_Click},
+    {&Form6::Label2, {.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = kClockLook}},
+    {&Form6::Label3, {.name = "Label3", .box = {300, kFirstCaption, 3450, kHeadingHeight},
+      .text = "Primera Jornada", .look = kBlockLook, .in_table = true}},
+    {&Form6::Label5, {.name = "Label5", .box = {300, kFirstCaption + kBlockStep, 3450, kHeadingHeight},
+      .text = "Segunda  Jornada", .look = kBlockLook, .in_table = true}},
+    {&Form6::Label6, {.name = "Label6", .box = {300, kFirstCaption + 2 * kBlockStep, 3450, kHeadingHeight},
+      .text = "Tercera  Jornada", .look = kBlockLook, .in_table = true}},
+}};
 // clang-format on
 
-constexpr std::array<std::string_view, kFilasPorTarea> kNumeros = {"1", "2", "3", "4", "5", "6"};
+constexpr std::array<std::string_view, kRowsPerTask> kNumbers = {"1", "2", "3", "4", "5", "6"};
 
-constexpr std::string_view kCeldaVacia = "----";
+constexpr std::string_view kEmptyCell = "----";
 
 /// Index in `Text1` of a cell of `HojaFinal`, by row (1 to 18) and column (1 to 9).
-constexpr int Celda(int fila, int columna) { return fila * kColumnas - kColumnas + columna - 1; }
+constexpr int Cell(int row, int column) { return row * kColumns - kColumns + column - 1; }
 
-constexpr int TareaDe(int fila) { return (fila - 1) / kFilasPorTarea + 1; }
-constexpr int ContaminanteDe(int fila) { return (fila - 1) % kFilasPorTarea + 1; }
+constexpr int TaskOf(int row) { return (row - 1) / kRowsPerTask + 1; }
+constexpr int ContaminantOf(int row) { return (row - 1) % kRowsPerTask + 1; }
 
-constexpr const Columna& ColumnaDe(int columna) {
-    return kTabla.at(static_cast<std::size_t>(columna - 1));
+constexpr const Column& ColumnOf(int column) {
+    return kTable.at(static_cast<std::size_t>(column - 1));
 }
 
-constexpr Row FilaDelEncabezado(int columna) {
-    const Columna& c = ColumnaDe(columna);
-    return {
-        .name = "Label4",
-        .index = columna - 1,
-        .box = {c.left, 645, c.width, kAltoDeRotulo},
-        .text = c.rotulo,
-        .look = {.bold = true, .align = Align::Center, .fore = kAzulMarino, .back = kAzulPalido},
-        .spoken = c.nombre,
-        .tool_tip = c.ayuda,
-        .in_table = true};
-}
-
-constexpr Row FilaDeLaCelda(int fila, int columna) {
-    const Columna& c = ColumnaDe(columna);
-    const int contaminante = ContaminanteDe(fila);
-    const int top =
-        kPrimeraFila + (TareaDe(fila) - 1) * kPasoDeBloque + (contaminante - 1) * kPasoDeFila;
-    const auto numero = kNumeros.at(static_cast<std::size_t>(contaminante - 1));
-    return {.name = "Text1",
-            .index = Celda(fila, columna),
-            .box = {c.left, top, c.width, kAltoDeCelda},
-            .text = columna == kColumnaNumero ? numero : std::string_view{},
-            .look = {.bold = columna == kColumnaIG,
-                     .align = columna == kColumnaNombre ? Align::Left : Align::Center,
-                     .back = columna == kColumnaIG ? kVerdePalido : kFondoDeVentana},
-            .tab = Celda(fila, columna) + 1,
+constexpr Row HeadingRow(int column) {
+    const Column& c = ColumnOf(column);
+    return {.name = "Label4",
+            .index = column - 1,
+            .box = {c.left, 645, c.width, kHeadingHeight},
+            .text = c.caption,
+            .look = {.bold = true, .align = Align::Center, .fore = kNavy, .back = kPaleBlue},
+            .spoken = c.spoken,
+            .tool_tip = c.tool_tip,
             .in_table = true};
 }
 
-std::string NombreDeLaCelda(int fila, int columna) {
-    std::string nombre = "Tarea " + TextoEntero(TareaDe(fila));
-    nombre.append(", contaminante ").append(TextoEntero(ContaminanteDe(fila))).append(", ");
-    return nombre.append(ColumnaDe(columna).nombre);
+constexpr Row CellRow(int row, int column) {
+    const Column& c = ColumnOf(column);
+    const int contaminant = ContaminantOf(row);
+    const int top = kFirstRow + (TaskOf(row) - 1) * kBlockStep + (contaminant - 1) * kRowStep;
+    const auto number = kNumbers.at(static_cast<std::size_t>(contaminant - 1));
+    return {.name = "Text1",
+            .index = Cell(row, column),
+            .box = {c.left, top, c.width, kCellHeight},
+            .text = column == kNumberColumn ? number : std::string_view{},
+            .look = {.bold = column == kIGColumn,
+                     .align = column == kNameColumn ? Align::Left : Align::Center,
+                     .back = column == kIGColumn ? kPaleGreen : kFondoDeVentana},
+            .tab = Cell(row, column) + 1,
+            .in_table = true};
+}
+
+std::string SpokenName(int row, int column) {
+    std::string spoken = "Tarea " + TextoEntero(TaskOf(row));
+    spoken.append(", contaminante ").append(TextoEntero(ContaminantOf(row))).append(", ");
+    return spoken.append(ColumnOf(column).spoken);
 }
 
 }  // namespace
 
 Form6::Form6(const Entorno& entorno)
-    : Screen(ScreenId::Form6, " Velmora / h6", kAreaCliente, Label2), entorno_(entorno) {
-    Place(Command1, kCommand1, [this] { Command1_Click(); });
-    Place(Label2, kLabel2);
-    Place(Label3, kLabel3);
-    Place(Label5, kLabel5);
-    Place(Label6, kLabel6);
-    ColocarTabla();
-    SetMenu({{"vacio1"},
-             {"vacio2"},
-             // Pressing this title moves at once: the mouse doesn't reach its list, and is meant
-             // not to.
-             {"regresar",
-              "Continuar/Regresar",
-              [this] { regresar_Click(); },
-              {{"calculos", "Cálculos", [this] { calculos_Click(); }},
-               {"contaminantes", "Contaminantes", [this] { contaminantes_Click(); }},
-               {"datosiniciales", "Datos  iniciales: Jornadas y Tareas",
-                [this] { datosiniciales_Click(); }},
-               {"datosdeempresa", "Datos de empresa", [this] { datosdeempresa_Click(); }}}},
-             {"vacio10"},
-             {"vacio11"},
-             {"guardararchivo", "Guardar en disco ", [this] { guardararchivo_Click(); }},
-             {"vacio21"},
-             {"vacio22"},
-             {"imprimir", "Imprimir", [this] { imprimir_Click(); }},
-             {"vacio30"},
-             {"vacio32"},
-             {"salir", "Salir", [this] { salir_Click(); }}});
+    : Screen(ScreenId::Form6, " Velmora / h6", kClientArea, Label2, "fondo6"), entorno_(entorno) {
+    PlaceControls();
+    PlaceMenu();
 }
 
-void Form6::ColocarTabla() {
-    for (int columna = 1; columna <= kColumnas; ++columna) {
-        Place(Label4(columna - 1), FilaDelEncabezado(columna));
+void Form6::PlaceMenu() {
+    SetMenu<Form6>(
+        {{"vacio1"},
+         {"vacio2"},
+         // Pressing this title moves at once: the mouse doesn't reach its list, and is
+         // meant not to.
+         {"regresar",
+          "Continuar/Regresar",
+          &Form6::regresar_Click,
+          {{"calculos", "Cálculos", &Form6::calculos_Click},
+           {"contaminantes", "Contaminantes", &Form6::contaminantes_Click},
+           {"datosiniciales", "Datos  iniciales: Jornadas y Tareas", &Form6::datosiniciales_Click},
+           {"datosdeempresa", "Datos de empresa", &Form6::datosdeempresa_Click}}},
+         {"vacio10"},
+         {"vacio11"},
+         {"guardararchivo", "Guardar en disco ", &Form6::guardararchivo_Click},
+         {"vacio21"},
+         {"vacio22"},
+         {"imprimir", "Imprimir", &Form6::imprimir_Click},
+         {"vacio30"},
+         {"vacio32"},
+         {"salir", "Salir", &Form6::salir_Click, {}, true}});
+}
+
+void Form6::PlaceControls() {
+    Place(kControls);
+    for (int column = 1; column <= kColumns; ++column) {
+        Place(Label4(column - 1), HeadingRow(column));
     }
-    for (int fila = 1; fila <= kFilas; ++fila) {
-        for (int columna = 1; columna <= kColumnas; ++columna) {
-            const Row row = FilaDeLaCelda(fila, columna);
-            Place(Text1(row.index), row, {}, NombreDeLaCelda(fila, columna));
+    for (int row = 1; row <= kRows; ++row) {
+        for (int column = 1; column <= kColumns; ++column) {
+            Place(Text1(Cell(row, column)), CellRow(row, column), {}, SpokenName(row, column));
         }
     }
 }
 
 void Form6::Form_Load() {
-    for (TextCell& celda : Text1) celda.Visible = false;
-    for (Label& encabezado : Label4) encabezado.Visible = false;
-    for (Label* bloque : {&Label3, &Label5, &Label6}) bloque->Visible = false;
+    for (TextCell& cell : Text1) cell.Visible = false;
+    for (Label& heading : Label4) heading.Visible = false;
+    for (Label* block : {&Label3, &Label5, &Label6}) block->Visible = false;
 }
 
 void Form6::Timer1_Timer() { Label2.Caption = FormatoFecha(entorno_.host.Now()); }
 
 void Form6::Command1_Click() {
-    MostrarRotulos();
-    CopiarHojaFinal();
-    CalcularIndiceGlobal();
-    MostrarCeldasEnUso();
-    RellenarVacias();
+    ShowHeadings();
+    CopyFinalTable();
+    ComputeOverallIndex();
+    ShowCellsInUse();
+    FillEmptyCells();
 }
 
-void Form6::MostrarRotulos() {
-    const Entero tareas = entorno_.record.NumTareas;
-    for (Label& encabezado : Label4) encabezado.Visible = true;
-    if (tareas >= 1) Label3.Visible = true;
-    if (tareas >= 2) Label5.Visible = true;
-    if (tareas == 3) Label6.Visible = true;
+void Form6::ShowHeadings() {
+    const Entero tasks = entorno_.record.NumTareas;
+    for (Label& heading : Label4) heading.Visible = true;
+    if (tasks >= 1) Label3.Visible = true;
+    if (tasks >= 2) Label5.Visible = true;
+    if (tasks == 3) Label6.Visible = true;
 }
 
-void Form6::CopiarHojaFinal() {
+void Form6::CopyFinalTable() {
     // IG isn't copied: an earlier press's stays until a new value replaces it.
-    for (int fila = 1; fila <= kFilas; ++fila) {
-        for (const int columna : kColumnasCopiadas) {
-            Text1(Celda(fila, columna)).Text = entorno_.record.HojaFinal(fila, columna);
+    for (int row = 1; row <= kRows; ++row) {
+        for (const int column : kCopiedColumns) {
+            Text1(Cell(row, column)).Text = entorno_.record.HojaFinal(row, column);
         }
     }
 }
 
-void Form6::CalcularIndiceGlobal() {
-    for (int fila = 1; fila <= kFilas; ++fila) {
-        auto& resultados = entorno_.record.HojaFinal(fila);
-        const Doble u = LeerValor(resultados(kColumnaI1));
-        const Doble v = LeerValor(resultados(kColumnaI2));
+void Form6::ComputeOverallIndex() {
+    for (int row = 1; row <= kRows; ++row) {
+        auto& results = entorno_.record.HojaFinal(row);
+        const Doble u = LeerValor(results(kI1Column));
+        const Doble v = LeerValor(results(kI2Column));
         if (u == 0 || v == 0) continue;
         // The third day isn't tested: without it the overall index is 0, on purpose.
-        const Doble w = LeerValor(resultados(kColumnaI3));
-        resultados(kColumnaIG) = TextoDoble(Potencia(u * v * w, Doble(1.0) / Doble(3.0)));
-        Text1(Celda(fila, kColumnaIG)).Text = resultados(kColumnaIG);
+        const Doble w = LeerValor(results(kI3Column));
+        results(kIGColumn) = TextoDoble(Potencia(u * v * w, Doble(1.0) / Doble(3.0)));
+        Text1(Cell(row, kIGColumn)).Text = results(kIGColumn);
     }
 }
 
-void Form6::MostrarCeldasEnUso() {
-    const auto mostrar = [this](int tarea, Entero primera) {
-        const Entero ultima = entorno_.record.NumContaminantes(tarea) * kColumnas + (primera - 1);
-        for (Entero i = primera; i <= ultima; ++i) Text1(i).Visible = true;
+void Form6::ShowCellsInUse() {
+    const auto show = [this](int task, Entero first) {
+        const Entero last = entorno_.record.NumContaminantes(task) * kColumns + (first - 1);
+        for (Entero i = first; i <= last; ++i) Text1(i).Visible = true;
     };
-    const Entero tareas = entorno_.record.NumTareas;
-    if (tareas >= 1) mostrar(1, 0);
-    if (tareas >= 2) mostrar(2, 54);
-    if (tareas == 3) mostrar(3, 108);
+    const Entero tasks = entorno_.record.NumTareas;
+    if (tasks >= 1) show(1, 0);
+    if (tasks >= 2) show(2, 54);
+    if (tasks == 3) show(3, 108);
 }
 
-void Form6::RellenarVacias() {
+void Form6::FillEmptyCells() {
     // Hidden cells, too. No cell is empty from here on, so none is left to be hidden for that.
-    for (TextCell& celda : Text1) {
-        if (celda.Text.empty()) celda.Text = kCeldaVacia;
+    for (TextCell& cell : Text1) {
+        if (cell.Text.empty()) cell.Text = kEmptyCell;
     }
 }
 
@@ -248,9 +246,9 @@ void Form6::datosdeempresa_Click() { entorno_.chain.Go(ScreenId::Form2); }
 
 void Form6::guardararchivo_Click() {
     // Overwrite prompt 2, create prompt 8192, explorer style 524288, long names 2097152.
-    constexpr std::uint32_t kPreguntarAntesDeEscribir = 2629634;
+    constexpr std::uint32_t kAskBeforeWriting = 2629634;
     CommonDialog1.DialogTitle = " Guardar datos";
-    CommonDialog1.Flags = kPreguntarAntesDeEscribir;
+    CommonDialog1.Flags = kAskBeforeWriting;
     CommonDialog1.DefaultExt = "doc";
     Intentar([&] { entorno_.host.ShowSave(CommonDialog1); });
     // After a Cancel the name of an earlier visit to the dialog is written once more.

@@ -31,12 +31,13 @@ public:
     CommonDialog CommonDialog1;
 
 private:
-    void ColocarTabla();
-    void MostrarRotulos();
-    void CopiarHojaFinal();
-    void CalcularIndiceGlobal();
-    void MostrarCeldasEnUso();
-    void RellenarVacias();
+    void PlaceControls();
+    void PlaceMenu();
+    void ShowHeadings();
+    void CopyFinalTable();
+    void ComputeOverallIndex();
+    void ShowCellsInUse();
+    void FillEmptyCells();
 
     Entorno entorno_;
 };

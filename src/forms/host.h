@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "forms/controls.h"
+#include "runtime/text.h"
 
 namespace velmora {
 
@@ -20,7 +21,6 @@ enum class Estilo {
 enum class Respuesta { Aceptar = 1, Si = 6, No = 7 };
 
 inline constexpr std::string_view kTituloDeCaja = "Velmora";
-inline constexpr std::string_view kFinDeLinea = "\r\n";
 
 /// What the logic needs from a toolkit. Everything is called from handlers, on the one thread.
 class Host {
@@ -32,8 +32,8 @@ public:
 
     /// Shows a modal message box and tells the button pressed. Lines of the prompt are joined with
     /// CR LF. Closing a Yes/No box answers No.
-    virtual Respuesta MsgBox(std::string_view prompt, Estilo estilo = Estilo::Aceptar,
-                             std::string_view titulo = kTituloDeCaja) = 0;
+    virtual Respuesta MsgBox(std::string_view prompt, Estilo style = Estilo::Aceptar,
+                             std::string_view title = kTituloDeCaja) = 0;
 
     /// Shows a file dialog of the save kind. An accepted name goes to `dialog.FileName`; a
     /// cancelled dialog leaves the name that it held.
@@ -49,7 +49,7 @@ public:
     virtual std::tm Now() const = 0;
 
     /// Ends the process with this status, at once, with no further handlers run.
-    virtual void End(int estado) = 0;
+    virtual void End(int status) = 0;
 };
 
 }  // namespace velmora

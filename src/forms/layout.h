@@ -20,7 +20,7 @@ struct Box {
 /// that reaches farthest, so that a letter of one size is equally large on all of them.
 inline constexpr Box kRoomOfAScreen{0, 0, 12375, 8415};
 
-enum class Align : std::uint8_t { Left, Center, Right };
+enum class Align : std::uint8_t { Left, Center };
 
 /// The faces that controls ask for; the window shows the nearest that the machine has.
 enum class Family : std::uint8_t { Arial, MsSansSerif, TimesNewRoman, Verdana };

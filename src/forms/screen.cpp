@@ -15,8 +15,13 @@ std::string Indexed(std::string_view name, int index) {
     return text.append("(").append(digits.data(), end).append(")");
 }
 
-Screen::Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock)
-    : Caption(caption), id_(id), client_area_(client_area), clock_(&clock) {}
+Screen::Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock,
+               std::string_view background)
+    : Caption(caption),
+      id_(id),
+      client_area_(client_area),
+      clock_(&clock),
+      background_(background) {}
 
 std::string_view Screen::Name() const {
     static constexpr std::array<std::string_view, 6> kNames = {"Form1", "Form2", "Form3",
@@ -38,6 +43,11 @@ const MenuEntry* Screen::FindEntry(std::string_view name) const {
         if (found != title.list.end()) return &*found;
     }
     return nullptr;
+}
+
+const MenuEntry* Screen::Exit() const {
+    const auto found = std::ranges::find(menu_, true, &MenuEntry::ends_program);
+    return found == menu_.end() ? nullptr : &*found;
 }
 
 const Control* Screen::FindControl(std::string_view name) const {
@@ -70,7 +80,5 @@ void Screen::Place(Button& button, const Row& row, std::function<void()> click) 
     button.Caption = row.text;
     Add(row, &button, {.Click = std::move(click)}, {});
 }
-
-void Screen::Place(const Row& picture) { Add(picture, Picture{}, {}, {}); }
 
 }  // namespace velmora

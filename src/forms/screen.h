@@ -1,26 +1,22 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
 #include "forms/controls.h"
+#include "forms/key_filter.h"
 #include "forms/layout.h"
 
 namespace velmora {
 
 /// The six screens, of which one is shown at a time.
 enum class ScreenId { Form1 = 1, Form2, Form3, Form4, Form5, Form6 };
-
-/// The code of a key as a key filter sees it; a filter refuses the key by setting it to 0.
-using KeyCode = int;
-
-inline constexpr KeyCode kTeclaRechazada = 0;
-inline constexpr KeyCode kRetroceso = 8;
-
-constexpr bool EsCifra(KeyCode tecla) { return tecla >= '0' && tecla <= '9'; }
 
 /// The handlers of one control's events; an event without a handler is empty.
 struct Events {
@@ -30,8 +26,10 @@ struct Events {
     bool free_text = false;  ///< an ordinary text field: text comes in by other ways than keys, too
 };
 
-/// A picture of the screen, told apart by its name; it has no state.
-struct Picture {};
+/// A picture of the screen, by the name of its drawing; it has no state.
+struct Picture {
+    std::string_view drawing{};
+};
 
 /// One control of a screen as the window sees it: the struct that the handlers work on, where and
 /// how it was laid out, and its handlers.
@@ -51,6 +49,38 @@ struct MenuEntry {
     std::string_view caption{};  ///< empty for a spacer
     std::function<void()> Click{};
     std::vector<MenuEntry> list{};
+    bool ends_program = false;  ///< what closing the window does, too
+};
+
+// The tables of a screen, of type Form: one row binds a member, its handler and its layout.
+
+/// A control that stands alone, no element of an array.
+template <class Form>
+struct StandingControl {
+    std::variant<Label Form::*, Button Form::*, TextCell Form::*> member;
+    Row row;
+    void (Form::*Click)() = nullptr;  ///< of a button
+};
+
+/// An entry of the menu bar or of one of its lists.
+template <class Form>
+struct MenuRow {
+    using Handler = void (Form::*)();
+
+    // cppcheck-suppress noExplicitConstructor ; a row of a table, most of them but a name
+    MenuRow(std::string_view its_name, std::string_view its_caption = {}, Handler click = nullptr,
+            std::vector<MenuRow> its_list = {}, bool ends = false)
+        : name(its_name),
+          caption(its_caption),
+          Click(click),
+          list(std::move(its_list)),
+          ends_program(ends) {}
+
+    std::string_view name;
+    std::string_view caption;
+    Handler Click;
+    std::vector<MenuRow> list;
+    bool ends_program;
 };
 
 /// A screen is plain data: its controls are structs, its handlers are member functions that read
@@ -73,12 +103,16 @@ public:
     /// The name of the heading of the guide's section on this screen.
     std::string_view GuideSection() const;
     Box ClientArea() const { return client_area_; }
+    /// The name of the drawing behind the controls, empty for none.
+    std::string_view Background() const { return background_; }
     const std::vector<Control>& Controls() const { return controls_; }
     const std::vector<MenuEntry>& Menu() const { return menu_; }
     const Label& Clock() const { return *clock_; }
 
     /// The entry of the menu bar or of one of its lists that bears this name, or null.
     const MenuEntry* FindEntry(std::string_view name) const;
+    /// The entry that ends the program.
+    const MenuEntry* Exit() const;
     /// The control that bears this name, index included, or null.
     const Control* FindControl(std::string_view name) const;
 
@@ -89,26 +123,65 @@ public:
     bool LaidOutAnew = false;
 
 protected:
-    Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock);
+    Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock,
+           std::string_view background = {});
 
     /// Puts a control on the screen as its row tells, its starting text included.
     void Place(TextCell& cell, const Row& row, Events events = {}, std::string spoken = {});
     void Place(ComboBox& list, const Row& row, Events events = {}, std::string spoken = {});
     void Place(Label& label, const Row& row);
     void Place(Button& button, const Row& row, std::function<void()> click);
-    void Place(const Row& picture);
+    void Place(const Picture& picture, const Row& row) { Add(row, picture, {}, {}); }
+    template <class Form, std::size_t N>
+    void Place(const std::array<StandingControl<Form>, N>& table);
 
-    void SetMenu(std::vector<MenuEntry> menu) { menu_ = std::move(menu); }
+    template <class Form>
+    void SetMenu(const std::vector<MenuRow<Form>>& table) {
+        menu_ = Entries(static_cast<Form&>(*this), table);
+    }
 
 private:
     void Add(const Row& row, Control::State state, Events events, std::string spoken);
 
+    template <class Form>
+    static std::vector<MenuEntry> Entries(Form& form, const std::vector<MenuRow<Form>>& table);
+
     ScreenId id_;
     Box client_area_;
     const Label* clock_;
+    std::string_view background_;
     std::vector<Control> controls_;
     std::vector<MenuEntry> menu_;
 };
+
+template <class Form, std::size_t N>
+void Screen::Place(const std::array<StandingControl<Form>, N>& table) {
+    auto& form = static_cast<Form&>(*this);
+    for (const StandingControl<Form>& standing : table) {
+        if (const auto* const button = std::get_if<Button Form::*>(&standing.member)) {
+            Place(form.**button, standing.row,
+                  [&form, click = standing.Click] { (form.*click)(); });
+        } else if (const auto* const label = std::get_if<Label Form::*>(&standing.member)) {
+            Place(form.**label, standing.row);
+        } else {
+            Place(form.*std::get<TextCell Form::*>(standing.member), standing.row);
+        }
+    }
+}
+
+template <class Form>
+std::vector<MenuEntry> Screen::Entries(Form& form, const std::vector<MenuRow<Form>>& table) {
+    std::vector<MenuEntry> entries;
+    for (const MenuRow<Form>& row : table) {
+        MenuEntry& entry = entries.emplace_back();
+        entry.name = row.name;
+        entry.caption = row.caption;
+        if (row.Click != nullptr) entry.Click = [&form, click = row.Click] { (form.*click)(); };
+        entry.list = Entries(form, row.list);
+        entry.ends_program = row.ends_program;
+    }
+    return entries;
+}
 
 /// A name with an index as the window and the tests spell it: "Text1(5)".
 std::string Indexed(std::string_view name, int index);

@@ -7,16 +7,11 @@
 #include <cmath>
 
 #include "qt/appearance.h"
+#include "qt/text.h"
 
 namespace velmora {
 
 namespace {
-
-/// The background of "Form2" is the drawing "fondo2"; the first screen has none.
-QString BackgroundOf(const Screen& screen) {
-    if (screen.Id() == ScreenId::Form1) return {};
-    return QStringLiteral("fondo%1").arg(static_cast<int>(screen.Id()));
-}
 
 constexpr QRgb kTop = 0xfff7fafd;   ///< of the backgrounds
 constexpr QRgb kFoot = 0xff162c47;  ///< of the backgrounds, behind the white clock
@@ -25,7 +20,7 @@ constexpr QRgb kBottomOfFirst = 0xffcfdde9;
 }  // namespace
 
 Canvas::Canvas(const Screen& screen, QWidget* parent)
-    : QWidget(parent), background_(BackgroundOf(screen)), frames_(new Frames(this)) {
+    : QWidget(parent), background_(ToQt(screen.Background())), frames_(new Frames(this)) {
     setMinimumSize(320, 240);
 }
 

@@ -24,8 +24,6 @@ public:
     /// Takes a widget in, to stand where its row tells.
     void Place(QWidget& widget, const Row& row);
 
-    /// Pixels of the window per twip of the screen.
-    double PixelsPerTwip() const { return scale_; }
     /// The screen's room in pixels.
     QRect ScreenRect() const;
 

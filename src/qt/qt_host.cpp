@@ -104,7 +104,7 @@ QtHost::QtHost()
 Respuesta QtHost::MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) {
     window_->ShowChanges();
     QString text = ToQt(prompt);
-    text.replace(ToQt(kFinDeLinea), QStringLiteral("\n"));
+    text.replace(ToQt(kLineEnd), QStringLiteral("\n"));
     switch (ShowBox(window_, ToQt(titulo), text, StyleOf(estilo))) {
         case QMessageBox::Yes:
             return Respuesta::Si;

@@ -2,22 +2,24 @@
 
 #include <QWidget>
 
+#include <utility>
+
 #include "qt/drawing.h"
 
 namespace velmora {
 
-/// The picture of the first screen: a log-normal distribution of concentrations and its limit.
+/// A picture among the controls of a screen.
 class Splash : public QWidget {
     Q_OBJECT
 
 public:
-    explicit Splash(QWidget* parent) : QWidget(parent) {}
+    Splash(QString drawing, QWidget* parent) : QWidget(parent), drawing_(std::move(drawing)) {}
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    Drawing drawing_{QStringLiteral("splash")};
+    Drawing drawing_;
 };
 
 }  // namespace velmora

@@ -73,8 +73,6 @@ Qt::Alignment AlignmentOf(Align align) {
     switch (align) {
         case Align::Center:
             return Qt::AlignHCenter | Qt::AlignVCenter;
-        case Align::Right:
-            return Qt::AlignRight | Qt::AlignVCenter;
         case Align::Left:
             break;
     }
@@ -160,15 +158,7 @@ Window::~Window() = default;
 void Window::Run(const std::function<void()>& handler) {
     if (running_) return;
     running_ = true;
-    try {
-        if (handler) handler();
-    } catch (const ErrorEjecucion& error) {
-        EndWith(error.what());
-        return;
-    } catch (const std::exception&) {
-        EndWith("Error en tiempo de ejecución: error interno.");
-        return;
-    }
+    if (!Guard(handler)) return;
     running_ = false;
     if (&chain_.Current() == screen_)
         ShowChanges();
@@ -178,6 +168,18 @@ void Window::Run(const std::function<void()>& handler) {
     chain_.Settle();
 }
 
+bool Window::Guard(const std::function<void()>& handler) {
+    try {
+        if (handler) handler();
+        return true;
+    } catch (const ErrorEjecucion& error) {
+        EndWith(error.what());
+    } catch (const std::exception&) {
+        EndWith("Error en tiempo de ejecución: error interno.");
+    }
+    return false;
+}
+
 void Window::EndWith(std::string_view message) {
     ShowChanges();
     host_.ShowError(message);
@@ -185,9 +187,8 @@ void Window::EndWith(std::string_view message) {
 }
 
 void Window::closeEvent(QCloseEvent* event) {
-    event->ignore();  // the process ends by `salir` or not at all
-    const MenuEntry* const salir = screen_->FindEntry("salir");
-    if (salir != nullptr) Run(salir->Click);
+    event->ignore();  // the process ends by the screen's own exit or not at all
+    if (const MenuEntry* const exit = screen_->Exit()) Run(exit->Click);
 }
 
 void Window::BuildScreen() {
@@ -299,7 +300,7 @@ QWidget* Window::MakeWidget(Shown& shown) {
         Paint(*label, row.look.fore, row.look.back);
         return label;
     }
-    return new Splash(canvas_);
+    return new Splash(ToQt(std::get<Picture>(control.state).drawing), canvas_);
 }
 
 QWidget* Window::MakeCell(Shown& shown) {
@@ -463,8 +464,8 @@ void Window::ShowChange(Shown& shown) {
 }
 
 void Window::Tick() {
-    screen_->Timer1_Timer();
-    if (clock_ != nullptr) ShowChange(*clock_);
+    // Behind a box, too, while a handler runs; and of all controls it shows the clock alone.
+    if (Guard([this] { screen_->Timer1_Timer(); }) && clock_ != nullptr) ShowChange(*clock_);
 }
 
 std::vector<QString> Window::CutTexts() const {

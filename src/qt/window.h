@@ -52,8 +52,9 @@ public:
     /// Shows the window for the first time, as large as `FirstSizeOn` tells.
     void Start();
 
-    /// Runs a handler in the one guard of the program: a run-time error shows its message and ends
-    /// the process with status 1. Then shows what changed. Handlers don't nest.
+    /// Runs a handler in the one guard of the program, in which the clock ticks, too: a run-time
+    /// error shows its message and ends the process with status 1. Then shows what changed.
+    /// Handlers don't nest.
     void Run(const std::function<void()>& handler);
 
     /// Touches the widgets whose control differs from what they show, and no others.
@@ -73,6 +74,8 @@ protected:
 private:
     struct Shown;
 
+    /// The one guard: tells whether the handler ran to its end. If not, the process is over.
+    bool Guard(const std::function<void()>& handler);
     void EndWith(std::string_view message);
     void BuildScreen();
     void BuildMenu();

@@ -15,9 +15,9 @@ class Doble {
 public:
     constexpr Doble() = default;
     // cppcheck-suppress noExplicitConstructor ; a number in a formula is a Doble
-    constexpr Doble(double valor) : valor_(valor) {}
+    constexpr Doble(double value) : value_(value) {}
 
-    constexpr double Valor() const { return valor_; }
+    constexpr double Valor() const { return value_; }
 
     friend Doble operator+(Doble a, Doble b);
     friend Doble operator-(Doble a, Doble b);
@@ -28,11 +28,11 @@ public:
     friend constexpr auto operator<=>(Doble, Doble) = default;
 
 private:
-    double valor_ = 0;
+    double value_ = 0;
 };
 
 /// The general power operation, base raised to exponente.
-Doble Potencia(Doble base, Doble exponente);
+Doble Potencia(Doble base, Doble exponent);
 
 /// e raised to x.
 Doble Exponencial(Doble x);

@@ -14,28 +14,28 @@ class Entero {
 public:
     constexpr Entero() = default;
     // cppcheck-suppress noExplicitConstructor ; a number in a formula is an Entero
-    constexpr Entero(int valor) : valor_(Comprobado(valor)) {}
+    constexpr Entero(int value) : value_(Checked(value)) {}
 
-    constexpr int Valor() const { return valor_; }
+    constexpr int Valor() const { return value_; }
 
-    friend constexpr Entero operator+(Entero a, Entero b) { return {a.valor_ + b.valor_}; }
-    friend constexpr Entero operator-(Entero a, Entero b) { return {a.valor_ - b.valor_}; }
-    friend constexpr Entero operator*(Entero a, Entero b) { return {a.valor_ * b.valor_}; }
+    friend constexpr Entero operator+(Entero a, Entero b) { return {a.value_ + b.value_}; }
+    friend constexpr Entero operator-(Entero a, Entero b) { return {a.value_ - b.value_}; }
+    friend constexpr Entero operator*(Entero a, Entero b) { return {a.value_ * b.value_}; }
     constexpr Entero& operator++() { return *this = *this + 1; }
     constexpr Entero& operator+=(Entero b) { return *this = *this + b; }
 
     friend constexpr auto operator<=>(Entero, Entero) = default;
 
     /// An Integer in a place that wants a Double.
-    constexpr Doble ComoDoble() const { return static_cast<double>(valor_); }
+    constexpr Doble ComoDoble() const { return static_cast<double>(value_); }
 
 private:
-    static constexpr std::int16_t Comprobado(int valor) {
-        if (valor < INT16_MIN || valor > INT16_MAX) throw ErrorEjecucion(TipoError::Desbordamiento);
-        return static_cast<std::int16_t>(valor);
+    static constexpr std::int16_t Checked(int value) {
+        if (value < INT16_MIN || value > INT16_MAX) throw ErrorEjecucion(TipoError::Desbordamiento);
+        return static_cast<std::int16_t>(value);
     }
 
-    std::int16_t valor_ = 0;
+    std::int16_t value_ = 0;
 };
 
 }  // namespace velmora

@@ -2,8 +2,8 @@
 
 namespace velmora {
 
-std::string MensajeDe(TipoError tipo) {
-    switch (tipo) {
+std::string MensajeDe(TipoError kind) {
+    switch (kind) {
         case TipoError::Desbordamiento:
             return "Error en tiempo de ejecución: desbordamiento.";
         case TipoError::DivisionPorCero:
@@ -20,6 +20,6 @@ std::string MensajeDe(TipoError tipo) {
     return "Error en tiempo de ejecución.";
 }
 
-ErrorEjecucion::ErrorEjecucion(TipoError tipo) : std::runtime_error(MensajeDe(tipo)), tipo_(tipo) {}
+ErrorEjecucion::ErrorEjecucion(TipoError kind) : std::runtime_error(MensajeDe(kind)), kind_(kind) {}
 
 }  // namespace velmora

@@ -19,22 +19,22 @@ enum class TipoError {
 /// the process, and `Intentar`, the helper of the handlers that pass over errors.
 class ErrorEjecucion : public std::runtime_error {
 public:
-    explicit ErrorEjecucion(TipoError tipo);
+    explicit ErrorEjecucion(TipoError kind);
 
-    TipoError Tipo() const noexcept { return tipo_; }
+    TipoError Tipo() const noexcept { return kind_; }
 
 private:
-    TipoError tipo_;
+    TipoError kind_;
 };
 
 /// The Spanish sentence that names a kind of error to the user, in UTF-8.
-std::string MensajeDe(TipoError tipo);
+std::string MensajeDe(TipoError kind);
 
 /// Runs one step of a handler that passes over errors: a step that fails is skipped, in silence.
-template <class Paso>
-void Intentar(Paso&& paso) {
+template <class Step>
+void Intentar(Step&& step) {
     try {
-        paso();
+        step();
     } catch (const ErrorEjecucion&) {  // skipped on purpose: the next step runs
     }
 }

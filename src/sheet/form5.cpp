@@ -4,51 +4,49 @@
 #include <string>
 
 #include "core/numbers.h"
+#include "forms/palette.h"
 #include "sheet/grid.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr Box kAreaCliente{0, 0, 11880, 8310};
+constexpr Box kClientArea{0, 0, 11880, 8310};
 
-constexpr Color kBlanco = 0xFFFFFF;
-constexpr Color kAzulMarino = 0x5A2D0C;
-constexpr Color kRojoDeCabecera = 0x1E1EB4;
-constexpr Color kAzulPalido = 0xF5E6D8;
-constexpr Color kGrisPalido = 0xEFEFEF;      ///< what the plan gives
-constexpr Color kVerdePalido = 0xE4F5E4;     ///< what the program computes
-constexpr Color kAmarilloPalido = 0xD6F2FF;  ///< what the program computes on short exposures
+constexpr Color kHeadingRed = 0x1E1EB4;
+constexpr Color kPaleGrey = 0xEFEFEF;    ///< what the plan gives
+constexpr Color kPaleGreen = 0xE4F5E4;   ///< what the program computes
+constexpr Color kPaleYellow = 0xD6F2FF;  ///< what the program computes on short exposures
 
-constexpr Look kCabecera{
-    .points = 7.5, .bold = true, .align = Align::Center, .fore = kAzulMarino, .back = kAzulPalido};
-constexpr Look kCabeceraDeMuestra{
-    .bold = true, .align = Align::Center, .fore = kBlanco, .back = kRojoDeCabecera};
-constexpr Look kTitulo{.bold = true, .fore = kAzulMarino, .back = kAzulPalido};
-constexpr Look kRespuesta{.bold = true, .fore = kAzulMarino, .back = kVerdePalido};
-constexpr Look kRotulo{.points = 7.5, .fore = kAzulMarino, .back = kAzulPalido};
+constexpr Look kHeading{
+    .points = 7.5, .bold = true, .align = Align::Center, .fore = kNavy, .back = kPaleBlue};
+constexpr Look kSampleHeading{
+    .bold = true, .align = Align::Center, .fore = kWhite, .back = kHeadingRed};
+constexpr Look kTaskTitle{.bold = true, .fore = kNavy, .back = kPaleBlue};
+constexpr Look kAnswer{.bold = true, .fore = kNavy, .back = kPaleGreen};
+constexpr Look kCaption{.points = 7.5, .fore = kNavy, .back = kPaleBlue};
 
 /// A column of the sheet, the same in each task.
-struct Columna {
-    std::string_view cabecera;
+struct Column {
+    std::string_view heading;
     int left;
     int width;
-    Color fondo;
-    std::string_view nombre;   ///< as a screen reader says it
-    double points = 8.25;      ///< of the cells' letters
-    std::string_view ayuda{};  ///< tool tip of the heading
+    Color back;
+    std::string_view spoken;      ///< as a screen reader says it
+    double points = 8.25;         ///< of the cells' letters
+    std::string_view tool_tip{};  ///< of the heading
 };
 
 // clang-format off
-constexpr std::array<Columna, grid::kColumns> kColumnasText1 = {{
-    {"Nº",            120,  255, kGrisPalido,     "número"},
-    {"Contaminante",  360, 1335, kGrisPalido,     "nombre del contaminante"},
-    {"ED",           1680,  495, kGrisPalido,     "VLA-ED"},
-    {"EC",           2160,  495, kGrisPalido,     "VLA-EC"},
-    {"Unid.",        2640,  495, kGrisPalido,     "unidades", 6.75}, // "mg/m3" fits
-    {"T.M.",         3120,  375, kGrisPalido,     "tiempo de muestreo", 8.25,
+constexpr std::array<Column, grid::kColumns> kText1Columns = {{
+    {"Nº",            120,  255, kPaleGrey,     "número"},
+    {"Contaminante",  360, 1335, kPaleGrey,     "nombre del contaminante"},
+    {"ED",           1680,  495, kPaleGrey,     "VLA-ED"},
+    {"EC",           2160,  495, kPaleGrey,     "VLA-EC"},
+    {"Unid.",        2640,  495, kPaleGrey,     "unidades", 6.75}, // "mg/m3" fits
+    {"T.M.",         3120,  375, kPaleGrey,     "tiempo de muestreo", 8.25,
      "Tiempo de muestreo, en minutos: solo interviene en la pregunta de si se ha superado un límite."},
-    {"A+",           3480,  255, kGrisPalido,     "grupo aditivo", 8.25,
+    {"A+",           3480,  255, kPaleGrey,     "grupo aditivo", 8.25,
      "Grupo aditivo: los agentes con el mismo número suman sus efectos; 0 si el agente no es aditivo."},
     {"C1",           3840,  495, kFondoDeVentana, "muestra C1"},
     {"C2",           4320,  495, kFondoDeVentana, "muestra C2"},
@@ -56,124 +54,123 @@ constexpr std::array<Columna, grid::kColumns> kColumnasText1 = {{
     {"C4",           5280,  495, kFondoDeVentana, "muestra C4"},
     {"C5",           5760,  495, kFondoDeVentana, "muestra C5"},
     {"C6",           6240,  495, kFondoDeVentana, "muestra C6"},
-    {"MMP",          6840,  855, kVerdePalido,    "media estimada MMP", 8.25,
+    {"MMP",          6840,  855, kPaleGreen,    "media estimada MMP", 8.25,
      "Media estimada de la concentración: MG × F, donde F depende del número de mediciones y de la GSD."},
-    {"Indice",       7680,  495, kVerdePalido,    "índice", 8.25,
+    {"Indice",       7680,  495, kPaleGreen,    "índice", 8.25,
      "(Horas de exposición × MMP) / (8 × VLA-ED); 0 si no hay VLA-ED."},
-    {"Indic.+",      8160,  615, kVerdePalido,    "índice aditivo", 8.25,
+    {"Indic.+",      8160,  615, kPaleGreen,    "índice aditivo", 8.25,
      "El índice que cuenta: el propio Indice si el agente no es aditivo, o la suma de los índices de su grupo."},
-    {"MG",           8760,  615, kVerdePalido,    "media geométrica MG", 8.25,
+    {"MG",           8760,  615, kPaleGreen,    "media geométrica MG", 8.25,
      "Media geométrica de las mediciones de la fila."},
-    {"GSD",          9360,  495, kVerdePalido,    "desviación geométrica GSD", 8.25,
+    {"GSD",          9360,  495, kPaleGreen,    "desviación geométrica GSD", 8.25,
      "Desviación geométrica de las mediciones de la fila."},
 }};
 
-constexpr std::array<Columna, grid::kColumns3> kColumnasText3 = {{
-    {"EC+",          9960,  495, kAmarilloPalido, "límite de corta exposición EC+", 6.75,
+constexpr std::array<Column, grid::kColumns3> kText3Columns = {{
+    {"EC+",          9960,  495, kPaleYellow, "límite de corta exposición EC+", 6.75,
      "Límite de corta duración: el VLA-EC, o 3 × VLA-ED si no lo hay; en un grupo, el límite de la mezcla."},
-    {"MG+",         10440,  495, kAmarilloPalido, "media geométrica MG+", 6.75,
+    {"MG+",         10440,  495, kPaleYellow, "media geométrica MG+", 6.75,
      "Media geométrica que se compara con EC+: la de la fila o, en un grupo, la de la suma de sus concentraciones."},
-    {"GSD+",        10920,  495, kAmarilloPalido, "desviación geométrica GSD+", 6.75,
+    {"GSD+",        10920,  495, kPaleYellow, "desviación geométrica GSD+", 6.75,
      "Desviación geométrica de lo que se compara con EC+: la fila o, en un grupo, la suma de sus concentraciones."},
-    {"Prob.",       11400,  495, kAmarilloPalido, "probabilidad", 6.75,
+    {"Prob.",       11400,  495, kPaleYellow, "probabilidad", 6.75,
      "Clase de probabilidad, en tanto por ciento, de que una exposición corta supere EC+."},
 }};
 
 /// Where a task's block of the sheet stands.
-struct Bloque {
-    int primera_fila;
-    int cabeceras;
-    int titulo;
-    std::string_view texto;
+struct Block {
+    int first_row;
+    int headings;
+    int title;
+    std::string_view text;
 };
 
-constexpr std::array<Bloque, 3> kBloques = {{
+constexpr std::array<Block, 3> kBlocks = {{
     { 840,  480,  120, "Datos  relativos a la 1ª tarea"},
     {3120, 2760, 2400, "Datos relativos a la 2ª tarea"},
     {5400, 5040, 4680, "Datos relativos a la 3ª tarea"},
 }};
 
-constexpr int kAltoDeFila = 240; ///< cells are 285 high: neighbours overlap a little
-constexpr int kAltoDeCelda = 285;
-constexpr int kAltoDeRotulo = 255;
+constexpr int kRowHeight = 240; ///< cells are 285 high: neighbours overlap a little
+constexpr int kCellHeight = 285;
+constexpr int kHeadingHeight = 255;
 
 // The Tab key runs through the samples of all rows, then the buttons, then the rest of the cells.
-constexpr int kTabMuestras = 0;
-constexpr int kTabBotones = 108;
-constexpr int kTabResto = 116;
+constexpr int kTabSamples = 0;
+constexpr int kTabButtons = 108;
+constexpr int kTabRest = 116;
 constexpr int kTabText3 = 332;
-constexpr int kTabRespuestas = 404;
+constexpr int kTabAnswers = 404;
 
-constexpr Row kCommand1{.name = "Command1", .box = { 3840,  120, 4335, 255}, .text = "Validar 1ª tarea", .tab = kTabBotones};
-constexpr Row kCommand2{.name = "Command2", .box = { 3840, 2400, 6015, 255}, .text = "Validar 2ª tarea", .tab = kTabBotones + 1};
-constexpr Row kCommand3{.name = "Command3", .box = { 3840, 4680, 6015, 255}, .text = "Validar 3ª tarea", .tab = kTabBotones + 2};
-constexpr Row kCommand4{.name = "Command4", .box = { 8280,  120, 1575, 255}, .text = "Indice+ / MG / GSD", .tab = kTabBotones + 3};
-constexpr Row kCommand5{.name = "Command5", .box = { 9960,  120, 1935, 255}, .text = "EC+/MG+/GSD+/Prob.", .tab = kTabBotones + 4,
-                        .spoken = "EC+, MG+, GSD+ y probabilidad de la 1ª tarea"};
-constexpr Row kCommand6{.name = "Command6", .box = { 9960, 2400, 1935, 255}, .text = "EC+/MG+/GSD+/Prob.", .tab = kTabBotones + 5,
-                        .spoken = "EC+, MG+, GSD+ y probabilidad de la 2ª tarea"};
-constexpr Row kCommand7{.name = "Command7", .box = { 9960, 4680, 1935, 255}, .text = "EC+/MG+/GSD+/Prob.", .tab = kTabBotones + 6,
-                        .spoken = "EC+, MG+, GSD+ y probabilidad de la 3ª tarea"};
-constexpr Row kCommand8{.name = "Command8", .box = { 4080, 7080, 7695, 255},
-                        .text = "Conclusiones referidas a la jornada en curso :     Validar", .tab = kTabBotones + 7};
-
-constexpr Row kLabel1{.name = "Label1", .box = {120, 7080, 3255, 255}, .text = "¿Se ha superado   3 x VLA-ED  o    VLA-EC ?", .look = kRotulo};
-constexpr Row kLabel2{.name = "Label2", .box = {120, 7440, 3255, 255}, .text = "Mayor indice calculado: simple y aditivo", .look = kRotulo};
-constexpr Row kLabel4{.name = "Label4", .box = {120, 7800, 3255, 255}, .text = "Probabilidad de superar corta exposición:", .look = kRotulo};
-constexpr Row kLabel5{.name = "Label5", .box = {9840, 8160, 2535, 255}, .look = kAspectoDelReloj};
-
-constexpr Row kText7{.name = "Text7", .box = {3360, 7080,  615, 285}, .look = kRespuesta, .tab = kTabRespuestas,
-                     .spoken = "¿Se ha superado 3 x VLA-ED o VLA-EC?"};
-constexpr Row kText2{.name = "Text2", .box = {3360, 7440,  615, 285}, .look = kRespuesta, .tab = kTabRespuestas + 1,
-                     .spoken = "Mayor índice calculado, simple y aditivo"};
-constexpr Row kText5{.name = "Text5", .box = {4080, 7440, 7695, 285}, .look = kRespuesta, .tab = kTabRespuestas + 2,
-                     .spoken = "Conclusión sobre el índice"};
-constexpr Row kText4{.name = "Text4", .box = {3360, 7800,  615, 285}, .look = kRespuesta, .tab = kTabRespuestas + 3,
-                     .spoken = "Probabilidad de superar corta exposición"};
-constexpr Row kText6{.name = "Text6", .box = {4080, 7800, 7695, 285}, .look = kRespuesta, .tab = kTabRespuestas + 4,
-                     .spoken = "Conclusión sobre la probabilidad"};
+constexpr std::array<StandingControl<Form5>, 17> kControls = {{
+    {&Form5::Command1, {.name = "Command1", .box = {3840,  120, 4335, 255}, .text = "Validar 1ª tarea", .tab = kTabButtons}, &Form5::Command1_Click},
+    {&Form5::Command2, {.name = "Command2", .box = {3840, 2400, 6015, 255}, .text = "Validar 2ª tarea", .tab = kTabButtons + 1}, &Form5::Command2_Click},
+    {&Form5::Command3, {.name = "Command3", .box = {3840, 4680, 6015, 255}, .text = "Validar 3ª tarea", .tab = kTabButtons + 2}, &Form5::Command3_Click},
+    {&Form5::Command4, {.name = "Command4", .box = {8280,  120, 1575, 255}, .text = "Indice+ / MG / GSD", .tab = kTabButtons + 3}, &Form5::Command4_Click},
+    {&Form5::Command5, {.name = "Command5", .box = {9960,  120, 1935, 255}, .text = "EC+/MG+/GSD+/Prob.", .tab = kTabButtons + 4,
+      .spoken = "EC+, MG+, GSD+ y probabilidad de la 1ª tarea"}, &Form5::Command5_Click},
+    {&Form5::Command6, {.name = "Command6", .box = {9960, 2400, 1935, 255}, .text = "EC+/MG+/GSD+/Prob.", .tab = kTabButtons + 5,
+      .spoken = "EC+, MG+, GSD+ y probabilidad de la 2ª tarea"}, &Form5::Command6_Click},
+    {&Form5::Command7, {.name = "Command7", .box = {9960, 4680, 1935, 255}, .text = "EC+/MG+/GSD+/Prob.", .tab = kTabButtons + 6,
+      .spoken = "EC+, MG+, GSD+ y probabilidad de la 3ª tarea"}, &Form5::Command7_Click},
+    {&Form5::Command8, {.name = "Command8", .box = {4080, 7080, 7695, 255},
+      .text = "Conclusiones referidas a la jornada en curso :     Validar", .tab = kTabButtons + 7}, &Form5::Command8_Click},
+    {&Form5::Label1, {.name = "Label1", .box = {120, 7080, 3255, 255}, .text = "¿Se ha superado   3 x VLA-ED  o    VLA-EC ?", .look = kCaption}},
+    {&Form5::Label2, {.name = "Label2", .box = {120, 7440, 3255, 255}, .text = "Mayor indice calculado: simple y aditivo", .look = kCaption}},
+    {&Form5::Label4, {.name = "Label4", .box = {120, 7800, 3255, 255}, .text = "Probabilidad de superar corta exposición:", .look = kCaption}},
+    {&Form5::Label5, {.name = "Label5", .box = {9840, 8160, 2535, 255}, .look = kClockLook}},
+    {&Form5::Text7, {.name = "Text7", .box = {3360, 7080,  615, 285}, .look = kAnswer, .tab = kTabAnswers,
+      .spoken = "¿Se ha superado 3 x VLA-ED o VLA-EC?"}},
+    {&Form5::Text2, {.name = "Text2", .box = {3360, 7440,  615, 285}, .look = kAnswer, .tab = kTabAnswers + 1,
+      .spoken = "Mayor índice calculado, simple y aditivo"}},
+    {&Form5::Text5, {.name = "Text5", .box = {4080, 7440, 7695, 285}, .look = kAnswer, .tab = kTabAnswers + 2,
+      .spoken = "Conclusión sobre el índice"}},
+    {&Form5::Text4, {.name = "Text4", .box = {3360, 7800,  615, 285}, .look = kAnswer, .tab = kTabAnswers + 3,
+      .spoken = "Probabilidad de superar corta exposición"}},
+    {&Form5::Text6, {.name = "Text6", .box = {4080, 7800, 7695, 285}, .look = kAnswer, .tab = kTabAnswers + 4,
+      .spoken = "Conclusión sobre la probabilidad"}},
+}};
 // clang-format on
 
-constexpr bool EsMuestra(int columna) {
-    return columna >= grid::kFirstSample && columna <= grid::kLastSample;
+constexpr bool IsSample(int column) {
+    return column >= grid::kFirstSample && column <= grid::kLastSample;
 }
 
 /// Position in the order of the Tab key of a cell of Text1, by sheet row from 0 and column.
-constexpr int TabDe(int fila, int columna) {
-    if (EsMuestra(columna)) return kTabMuestras + fila * 6 + columna - grid::kFirstSample;
-    return kTabResto + fila * 12 + (columna < grid::kFirstSample ? columna : columna - 6);
+constexpr int TabOf(int row, int column) {
+    if (IsSample(column)) return kTabSamples + row * 6 + column - grid::kFirstSample;
+    return kTabRest + row * 12 + (column < grid::kFirstSample ? column : column - 6);
 }
 
-constexpr int TopDe(int fila) {
-    return kBloques.at(static_cast<std::size_t>(fila / grid::kRowsPerTask)).primera_fila +
-           fila % grid::kRowsPerTask * kAltoDeFila;
+constexpr int TopOf(int row) {
+    return kBlocks.at(static_cast<std::size_t>(row / grid::kRowsPerTask)).first_row +
+           row % grid::kRowsPerTask * kRowHeight;
 }
 
-constexpr Row FilaDeCabecera(std::string_view name, int index, const Columna& columna, int top) {
+constexpr Row HeadingRow(std::string_view name, int index, const Column& column, int top) {
     return {.name = name,
             .index = index,
-            .box = {columna.left, top, columna.width, kAltoDeRotulo},
-            .text = columna.cabecera,
-            .look = columna.fondo == kFondoDeVentana ? kCabeceraDeMuestra : kCabecera,
-            .tool_tip = columna.ayuda,
+            .box = {column.left, top, column.width, kHeadingHeight},
+            .text = column.heading,
+            .look = column.back == kFondoDeVentana ? kSampleHeading : kHeading,
+            .tool_tip = column.tool_tip,
             .in_table = true};
 }
 
-constexpr Row FilaDeCelda(std::string_view name, int index, const Columna& columna, int fila,
-                          int tab) {
+constexpr Row CellRow(std::string_view name, int index, const Column& column, int row, int tab) {
     return {.name = name,
             .index = index,
-            .box = {columna.left, TopDe(fila), columna.width, kAltoDeCelda},
-            .look = {.points = columna.points, .back = columna.fondo},
+            .box = {column.left, TopOf(row), column.width, kCellHeight},
+            .look = {.points = column.points, .back = column.back},
             .tab = tab,
-            .tool_tip = columna.fondo == kFondoDeVentana ? kAyudaDeDecimales : std::string_view{},
+            .tool_tip = column.back == kFondoDeVentana ? kDecimalsHelp : std::string_view{},
             .in_table = true};
 }
 
 /// "Tarea 1, contaminante 2, muestra C3"
-std::string Hablado(int fila, const Columna& columna) {
-    return "Tarea " + TextoEntero(fila / grid::kRowsPerTask + 1) + ", contaminante " +
-           TextoEntero(fila % grid::kRowsPerTask + 1) + ", " + std::string(columna.nombre);
+std::string SpokenName(int row, const Column& column) {
+    return "Tarea " + TextoEntero(row / grid::kRowsPerTask + 1) + ", contaminante " +
+           TextoEntero(row % grid::kRowsPerTask + 1) + ", " + std::string(column.spoken);
 }
 
 }  // namespace
@@ -181,102 +178,87 @@ std::string Hablado(int fila, const Columna& columna) {
 Form5::Form5(const Entorno& entorno)
     : Screen(ScreenId::Form5,
              " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ",
-             kAreaCliente, Label5),
+             kClientArea, Label5, "fondo5"),
       entorno_(entorno) {
     PlaceSheet();
-    PlaceRestOfScreen();
+    PlaceControls();
+    PlaceMenu();
 }
 
 void Form5::PlaceSheet() {
     for (int t = 0; t < 3; ++t) {
-        const Bloque& bloque = kBloques.at(static_cast<std::size_t>(t));
+        const Block& block = kBlocks.at(static_cast<std::size_t>(t));
         Place(Label7(54 + t), {.name = "Label7",
                                .index = 54 + t,
-                               .box = {120, bloque.titulo, 3615, kAltoDeRotulo},
-                               .text = bloque.texto,
-                               .look = kTitulo,
+                               .box = {120, block.title, 3615, kHeadingHeight},
+                               .text = block.text,
+                               .look = kTaskTitle,
                                .in_table = true});
         for (int c = 0; c < grid::kColumns; ++c) {
             const int i = t * grid::kColumns + c;
-            Place(Label7(i),
-                  FilaDeCabecera("Label7", i, kColumnasText1.at(static_cast<std::size_t>(c)),
-                                 bloque.cabeceras));
+            Place(Label7(i), HeadingRow("Label7", i, kText1Columns.at(static_cast<std::size_t>(c)),
+                                        block.headings));
         }
         for (int c = 0; c < grid::kColumns3; ++c) {
             const int i = t * grid::kColumns3 + c;
-            Place(Label3(i),
-                  FilaDeCabecera("Label3", i, kColumnasText3.at(static_cast<std::size_t>(c)),
-                                 bloque.cabeceras));
+            Place(Label3(i), HeadingRow("Label3", i, kText3Columns.at(static_cast<std::size_t>(c)),
+                                        block.headings));
         }
     }
-    for (int fila = 0; fila < grid::kRows; ++fila) {
+    for (int row = 0; row < grid::kRows; ++row) {
         for (int c = 0; c < grid::kColumns; ++c) {
-            const int i = fila * grid::kColumns + c;
-            const Columna& columna = kColumnasText1.at(static_cast<std::size_t>(c));
-            Place(Text1(i), FilaDeCelda("Text1", i, columna, fila, TabDe(fila, c)),
-                  {.KeyPress = [this, i](KeyCode& tecla) { Text1_KeyPress(i, tecla); }},
-                  Hablado(fila, columna));
+            const int i = row * grid::kColumns + c;
+            const Column& column = kText1Columns.at(static_cast<std::size_t>(c));
+            Place(Text1(i), CellRow("Text1", i, column, row, TabOf(row, c)),
+                  {.KeyPress = [this, i](KeyCode& key) { Text1_KeyPress(i, key); }},
+                  SpokenName(row, column));
         }
         for (int c = 0; c < grid::kColumns3; ++c) {
-            const int i = fila * grid::kColumns3 + c;
-            const Columna& columna = kColumnasText3.at(static_cast<std::size_t>(c));
-            Place(Text3(i), FilaDeCelda("Text3", i, columna, fila, kTabText3 + i), {},
-                  Hablado(fila, columna));
+            const int i = row * grid::kColumns3 + c;
+            const Column& column = kText3Columns.at(static_cast<std::size_t>(c));
+            Place(Text3(i), CellRow("Text3", i, column, row, kTabText3 + i), {},
+                  SpokenName(row, column));
         }
     }
 }
 
-void Form5::PlaceRestOfScreen() {
-    Place(Command1, kCommand1, [this] { Command1_Click(); });
-    Place(Command2, kCommand2, [this] { Command2_Click(); });
-    Place(Command3, kCommand3, [this] { Command3_Click(); });
-    Place(Command4, kCommand4, [this] { Command4_Click(); });
-    Place(Command5, kCommand5, [this] { Command5_Click(); });
-    Place(Command6, kCommand6, [this] { Command6_Click(); });
-    Place(Command7, kCommand7, [this] { Command7_Click(); });
-    Place(Command8, kCommand8, [this] { Command8_Click(); });
-    Place(Label1, kLabel1);
-    Place(Label2, kLabel2);
-    Place(Label4, kLabel4);
-    Place(Label5, kLabel5);
-    Place(Text7, kText7);
-    Place(Text2, kText2);
-    Place(Text5, kText5);
-    Place(Text4, kText4);
-    Place(Text6, kText6);
+void Form5::PlaceControls() {
+    Place(kControls);
     for (TextCell* cell : ConclusionCells()) cell->Locked = true;
+}
 
-    SetMenu({{"vacio1"},
-             {"vacio2"},
-             {"introducirdatos",
-              "Introducir datos",
-              {},
-              {{"introprimero", "Primer dia", [this] { introprimero_Click(); }},
-               {"introsegundo", "Segundo dia", [this] { introsegundo_Click(); }},
-               {"introtercero", "Tercer dia", [this] { introtercero_Click(); }}}},
-             {"vacio3"},
-             {"vacio4"},
-             {"recuperar",
-              "Recuperar datos/cálculos",
-              {},
-              {{"recupprimerdia", "Primer dia", [this] { recupprimerdia_Click(); }},
-               {"recupsegundodia", "Segundo dia", [this] { recupsegundodia_Click(); }},
-               {"recuptercerdia", "Tercer dia", [this] { recuptercerdia_Click(); }}}},
-             {"vacio5"},
-             {"vacio6"},
-             {"continuar",
-              "Continuar/Regresar",
-              {},
-              {{"datosiniciales", "Datos iniciales: Jornadas y Tareas",
-                [this] { datosiniciales_Click(); }},
-               {"contaminantes", "Contaminantes", [this] { contaminantes_Click(); }},
-               {"resultadosfinales", "Resultado final", [this] { resultadosfinales_Click(); }},
-               {"datosempresa", "Datos de empresa", [this] { datosempresa_Click(); }}}},
-             {"vacio9"},
-             {"vacio14"},
-             {"imprimir", "Imprimir", [this] { imprimir_Click(); }},
-             {"vacio15"},
-             {"salir", "Salir", [this] { salir_Click(); }}});
+void Form5::PlaceMenu() {
+    SetMenu<Form5>(
+        {{"vacio1"},
+         {"vacio2"},
+         {"introducirdatos",
+          "Introducir datos",
+          nullptr,
+          {{"introprimero", "Primer dia", &Form5::introprimero_Click},
+           {"introsegundo", "Segundo dia", &Form5::introsegundo_Click},
+           {"introtercero", "Tercer dia", &Form5::introtercero_Click}}},
+         {"vacio3"},
+         {"vacio4"},
+         {"recuperar",
+          "Recuperar datos/cálculos",
+          nullptr,
+          {{"recupprimerdia", "Primer dia", &Form5::recupprimerdia_Click},
+           {"recupsegundodia", "Segundo dia", &Form5::recupsegundodia_Click},
+           {"recuptercerdia", "Tercer dia", &Form5::recuptercerdia_Click}}},
+         {"vacio5"},
+         {"vacio6"},
+         {"continuar",
+          "Continuar/Regresar",
+          nullptr,
+          {{"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form5::datosiniciales_Click},
+           {"contaminantes", "Contaminantes", &Form5::contaminantes_Click},
+           {"resultadosfinales", "Resultado final", &Form5::resultadosfinales_Click},
+           {"datosempresa", "Datos de empresa", &Form5::datosempresa_Click}}},
+         {"vacio9"},
+         {"vacio14"},
+         {"imprimir", "Imprimir", &Form5::imprimir_Click},
+         {"vacio15"},
+         {"salir", "Salir", &Form5::salir_Click, {}, true}});
 }
 
 TextCell& Form5::Cell(int row, int column) { return Text1(grid::Cell(row, column)); }

@@ -36,7 +36,7 @@ public:
     void recupera(const Entero& s);
 
     // The key filter of the measurements (key_filter.cpp)
-    void Text1_KeyPress(int Index, KeyCode& tecla);
+    void Text1_KeyPress(int Index, KeyCode& key);
 
     // Task validation (task_validation.cpp): one button for each task
     void Command1_Click();
@@ -82,7 +82,8 @@ private:
     class ShortExposure;
 
     void PlaceSheet();
-    void PlaceRestOfScreen();
+    void PlaceControls();
+    void PlaceMenu();
 
     // Cells by row, from 1, and column; the columns are named in grid.h.
     TextCell& Cell(int row, int column);

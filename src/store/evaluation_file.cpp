@@ -12,45 +12,45 @@
 
 #include "core/numbers.h"
 #include "runtime/error.h"
+#include "runtime/text.h"
 #include "store/windows1252.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr std::string_view kFinDeLineaEscrito = "\r\n";
-constexpr char kComilla = '"';
+constexpr char kQuote = '"';
 
 /// Visits the saved part of the record, one value after another, in the order of the file. Writer
 /// and reader both go by this walk, so that they can't drift apart.
 template <class Record, class Visitor>
 void ForEachValue(Record& record, Visitor&& visit) {
-    for (auto& dato : record.DatosEmpresa) visit(dato);
+    for (auto& element : record.DatosEmpresa) visit(element);
     visit(record.NumJornadas);
     visit(record.NumTareas);
-    for (int dia = 1; dia <= 3; ++dia) {
-        for (int tarea = 1; tarea <= 3; ++tarea) {
-            visit(record.TiempoExposicion(dia, tarea));
-            visit(record.Muestras30(dia, tarea));
-            visit(record.Muestras15(dia, tarea));
+    for (int day = 1; day <= 3; ++day) {
+        for (int task = 1; task <= 3; ++task) {
+            visit(record.TiempoExposicion(day, task));
+            visit(record.Muestras30(day, task));
+            visit(record.Muestras15(day, task));
         }
     }
-    for (auto& numero : record.NumContaminantes) visit(numero);
-    for (int tarea = 1; tarea <= 3; ++tarea) {
-        for (int contaminante = 1; contaminante <= 6; ++contaminante) {
-            visit(record.NombreContaminante(tarea, contaminante));
-            visit(record.VlaEd(tarea, contaminante));
-            visit(record.VlaEc(tarea, contaminante));
-            visit(record.TiempoMuestreo(tarea, contaminante));
-            visit(record.Aditivo(tarea, contaminante));
-            visit(record.Unidades(tarea, contaminante));
+    for (auto& number : record.NumContaminantes) visit(number);
+    for (int task = 1; task <= 3; ++task) {
+        for (int contaminant = 1; contaminant <= 6; ++contaminant) {
+            visit(record.NombreContaminante(task, contaminant));
+            visit(record.VlaEd(task, contaminant));
+            visit(record.VlaEc(task, contaminant));
+            visit(record.TiempoMuestreo(task, contaminant));
+            visit(record.Aditivo(task, contaminant));
+            visit(record.Unidades(task, contaminant));
         }
     }
-    for (int entrada = HojaDelDia::kFirst; entrada <= HojaDelDia::kLast; ++entrada) {
-        for (int dia = 1; dia <= 3; ++dia) visit(record.Hoja(dia)(entrada));
+    for (int entry = HojaDelDia::kFirst; entry <= HojaDelDia::kLast; ++entry) {
+        for (int day = 1; day <= 3; ++day) visit(record.Hoja(day)(entry));
     }
-    for (auto& fila : record.HojaFinal) {
-        for (auto& celda : fila) visit(celda);
+    for (auto& row : record.HojaFinal) {
+        for (auto& cell : row) visit(cell);
     }
 }
 
@@ -59,14 +59,12 @@ class LineWriter {
 public:
     explicit LineWriter(std::ostream& out) : out_(out) {}
 
-    void operator()(const std::string& texto) {
-        WriteLine(kComilla + ToWindows1252(texto) + kComilla);
-    }
-    void operator()(Entero numero) { WriteLine(TextoEntero(numero)); }
-    void operator()(Doble numero) { WriteLine(TextoDecimalPlano(numero)); }
+    void operator()(const std::string& text) { WriteLine(kQuote + ToWindows1252(text) + kQuote); }
+    void operator()(Entero number) { WriteLine(TextoEntero(number)); }
+    void operator()(Doble number) { WriteLine(TextoDecimalPlano(number)); }
 
 private:
-    void WriteLine(const std::string& linea) { out_ << linea << kFinDeLineaEscrito; }
+    void WriteLine(const std::string& line) { out_ << line << kLineEnd; }
 
     std::ostream& out_;
 };
@@ -82,60 +80,51 @@ public:
 
     /// The next line without its end, up to the next call; nothing at the end of the file.
     std::optional<std::string_view> Next() {
-        const std::streamsize room =
-            std::min({kMaximoDeLinea, std::max(kSiempre, holgura_), queda_});
+        const std::streamsize room = std::min({kLongestLine, std::max(kAlwaysKept, slack_), left_});
         if (room == 0) return std::nullopt;
-        in_.getline(linea_.get(), room + 1);
-        const std::streamsize leidos = in_.gcount();  // the line's end, where it has one, too
-        if (leidos == 0) return std::nullopt;
+        in_.getline(line_.get(), room + 1);
+        const std::streamsize read = in_.gcount();  // the line's end, where it has one, too
+        if (read == 0) return std::nullopt;
 
-        const bool cortada = in_.fail();
-        const bool con_fin = !cortada && !in_.eof();
-        std::string_view linea(linea_.get(), static_cast<std::size_t>(leidos - (con_fin ? 1 : 0)));
-        queda_ -= leidos;
-        holgura_ -= leidos;
-        if (cortada) {
+        const bool cut = in_.fail();
+        const bool ended = !cut && !in_.eof();
+        std::string_view line(line_.get(), static_cast<std::size_t>(read - (ended ? 1 : 0)));
+        left_ -= read;
+        slack_ -= read;
+        if (cut) {
             in_.clear();
-            in_.ignore(queda_, '\n');
-            queda_ -= in_.gcount();
-        } else if (linea.ends_with('\r')) {
-            linea.remove_suffix(1);
+            in_.ignore(left_, '\n');
+            left_ -= in_.gcount();
+        } else if (line.ends_with('\r')) {
+            line.remove_suffix(1);
         }
-        return linea;
+        return line;
     }
 
 private:
-    static constexpr std::streamsize kMaximoDeLinea = std::streamsize{64} << 10U;
-    static constexpr std::streamsize kSiempre = 256;
+    static constexpr std::streamsize kLongestLine = std::streamsize{64} << 10U;
+    static constexpr std::streamsize kAlwaysKept = 256;
 
     std::istream& in_;
-    std::streamsize queda_ = std::streamsize{64} << 20U;
-    std::streamsize holgura_ = std::streamsize{1} << 20U;  ///< for lines longer than `kSiempre`
+    std::streamsize left_ = std::streamsize{64} << 20U;
+    std::streamsize slack_ = std::streamsize{1} << 20U;  ///< for lines longer than `kAlwaysKept`
     // A place more for the zero that getline adds. NOLINTNEXTLINE(modernize-avoid-c-arrays)
-    std::unique_ptr<char[]> linea_ = std::make_unique_for_overwrite<char[]>(kMaximoDeLinea + 1);
+    std::unique_ptr<char[]> line_ = std::make_unique_for_overwrite<char[]>(kLongestLine + 1);
 };
-
-std::string_view Trimmed(std::string_view texto) {
-    constexpr std::string_view kBlancos = " \t";
-    const std::size_t primero = std::min(texto.find_first_not_of(kBlancos), texto.size());
-    texto.remove_prefix(primero);
-    return texto.substr(0, texto.find_last_not_of(kBlancos) + 1);
-}
 
 /// What stands between the first two quotes; without a closing one up to the end of the line,
 /// without any the text without the blanks around it.
-std::string_view StringOf(std::string_view linea) {
-    const std::size_t abre = linea.find(kComilla);
-    if (abre == std::string_view::npos) return Trimmed(linea);
-    linea.remove_prefix(abre + 1);
-    return linea.substr(0, linea.find(kComilla));
+std::string_view StringOf(std::string_view line) {
+    const std::size_t opening = line.find(kQuote);
+    if (opening == std::string_view::npos) return Trimmed(line);
+    line.remove_prefix(opening + 1);
+    return line.substr(0, line.find(kQuote));
 }
 
 /// Whether the line is a text between its only two quotes, as the writer leaves it.
-bool IsQuoted(std::string_view linea) {
-    const std::string_view texto = Trimmed(linea);
-    return texto.size() >= 2 && texto.front() == kComilla &&
-           texto.find(kComilla, 1) == texto.size() - 1;
+bool IsQuoted(std::string_view line) {
+    const std::string_view text = Trimmed(line);
+    return text.size() >= 2 && text.front() == kQuote && text.find(kQuote, 1) == text.size() - 1;
 }
 
 /// Reads each value from the next line. What can't be read leaves its field as it was.
@@ -143,40 +132,40 @@ class LineReader {
 public:
     LineReader(std::istream& in, ReadingNotes& notes) : lines_(in), notes_(notes) {}
 
-    void operator()(std::string& texto) {
-        const auto linea = NextLine();
-        if (!linea) return;
-        texto = FromWindows1252(StringOf(*linea));
-        if (!IsQuoted(*linea)) notes_.unquoted_strings.push_back(notes_.lines);
+    void operator()(std::string& text) {
+        const auto line = NextLine();
+        if (!line) return;
+        text = FromWindows1252(StringOf(*line));
+        if (!IsQuoted(*line)) notes_.unquoted_strings.push_back(notes_.lines);
     }
-    void operator()(Entero& numero) {
-        ReadNumber([&](double leido) { numero = RedondearEntero(leido); });
+    void operator()(Entero& number) {
+        ReadNumber([&](double read) { number = RedondearEntero(read); });
     }
-    void operator()(Doble& numero) {
-        ReadNumber([&](double leido) { numero = leido; });
+    void operator()(Doble& number) {
+        ReadNumber([&](double read) { number = read; });
     }
 
 private:
     std::optional<std::string_view> NextLine() {
-        const auto linea = lines_.Next();
-        if (linea) ++notes_.lines;
-        return linea;
+        const auto line = lines_.Next();
+        if (line) ++notes_.lines;
+        return line;
     }
 
     /// Hands on the number of the next line, unless there is none or it doesn't fit.
     template <class Store>
     void ReadNumber(Store store) {
-        const auto linea = NextLine();
-        if (!linea) return;
-        const auto numero = NumeroCompleto(Trimmed(*linea), ".");
-        bool leido = false;
-        if (numero && std::isfinite(*numero)) {
+        const auto line = NextLine();
+        if (!line) return;
+        const auto number = NumeroCompleto(Trimmed(*line), ".");
+        bool read = false;
+        if (number && std::isfinite(*number)) {
             Intentar([&] {
-                store(*numero);
-                leido = true;
+                store(*number);
+                read = true;
             });
         }
-        if (!leido) notes_.unread_numbers.push_back(notes_.lines);
+        if (!read) notes_.unread_numbers.push_back(notes_.lines);
     }
 
     Lines lines_;
@@ -206,7 +195,7 @@ void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record, Read
     std::ifstream in(file_name, std::ios::binary);
     if (!in) return;
     LineReader reader(in, notes);
-    ForEachValue(record, [&](auto& valor) { reader(valor); });
+    ForEachValue(record, [&](auto& value) { reader(value); });
     notes.more =
         notes.lines == kLinesOfEvaluation && in.peek() != std::ifstream::traits_type::eof();
 }

@@ -19,6 +19,7 @@ LINES = [
     ("src/sheet/form5.cpp", "const Doble x = std::pow(y, 2);", "const Doble x = Potencia(y, 2.0);"),
     ("src/sheet/form5.cpp", "double sum = 0;", "Doble sum = 0;"),
     ("src/capture/form4.cpp", "Text1[3].Text.clear();", "Text1(3).Text.clear();"),
+    ("src/qt/canvas.cpp", "if (id == ScreenId::Form1) return;", "if (name.isEmpty()) return;"),
     ("src/sheet/form5.cpp", '#include "../final/form6.h"', '#include "sheet/grid.h"'),
     ("src/sheet/form5.cpp", '#include "final/form6.h"', '#include "stats/statistics.h"'),
     ("src/core/chain.cpp", "i = stoi(text);", "i = 3;  // no stoi(text)"),
