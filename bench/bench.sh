@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 . scripts/common.sh
 
 install_packages "${build_packages[@]}"
-build release velmora velmora_bench velmora_empty velmora_day velmora_watch
+build release velmora velmora_informe velmora_bench velmora_empty velmora_day velmora_watch
 
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 say "Measuring"

@@ -161,14 +161,27 @@ Row MeasureDay(const Places& places, const std::string& name, const Words& comma
         [&] { return Milliseconds([&] { Run(command, STDOUT_FILENO); }); }, repetitions);
 }
 
+/// A report from a cold start, against R that starts and does nothing.
+Row MeasureReportProgram(const Places& places) {
+    const Words ours = {places.build + "/velmora-informe", "--reemplazar",
+                        "--salida=" + places.scratch + "/started.html", places.examples};
+    return CompareValues(
+        "a report of three days from a cold start", "R starting", "ms",
+        [&] { return Milliseconds([&] { Run(ours, STDOUT_FILENO); }); },
+        [&] { return Milliseconds([&] {
+                  Run({"Rscript", "-e", "0"}, STDOUT_FILENO);
+              }); }, 7);
+}
+
 Rows MeasureDays(const Places& places) {
     Rows rows;
     if (Has("Rscript")) {
         const Words r = {"Rscript", "--vanilla", places.source + "/day.R"};
         rows.push_back(MeasureDay(
             places, "R", r, [&] { return Run(r, STDOUT_FILENO); }, 7));
+        rows.push_back(MeasureReportProgram(places));
     } else {
-        std::cerr << "R isn't installed (r-base-core): its row is left out\n";
+        std::cerr << "R isn't installed (r-base-core): its rows are left out\n";
     }
     if (Has("soffice")) {
         const Words calc = {"soffice",

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 
 #include "core/numbers.h"
 #include "runtime/error.h"
@@ -50,16 +49,23 @@ bool IsInUse(const HojaDelDia& sheet, int row) {
 
 Figure FigureOf(std::string_view text) {
     Figure figure{std::string(text), {}};
+    if (text.empty()) return figure;
     if (text == "." || text == ",") {  // zero, as the sheet writes it
         figure.value = 0;
         return figure;
     }
-    for (const std::string_view separator : {".", ","}) {
-        const auto number = NumeroCompleto(text, separator);
-        if (number && std::isfinite(*number)) figure.value = number;
-        if (figure.value) break;
-    }
+    const bool comma = text.find(',') != std::string_view::npos;
+    const auto number = NumeroCompleto(text, comma ? "," : ".");
+    if (number && std::isfinite(*number)) figure.value = number;
     return figure;
+}
+
+double ReadAsTheSheet(const Figure& figure) {
+    // What is a number with a point reads the same, but for a plus sign, at which the sheet stops.
+    const std::string& text = figure.text;
+    const bool alike =
+        figure.value && !text.starts_with('+') && text.find(',') == std::string::npos;
+    return alike ? *figure.value : ReadAsTheSheet(text);
 }
 
 double ReadAsTheSheet(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -43,6 +44,7 @@ enum class Column {
 };
 
 constexpr int PlaceOf(Column column) { return static_cast<int>(column); }
+inline constexpr std::size_t kColumns = PlaceOf(Column::Probability) + 1;
 
 /// The text of the cell of row 1 to 18.
 const std::string& CellOf(const HojaDelDia& sheet, int row, Column column);
@@ -67,5 +69,7 @@ Figure FigureOf(std::string_view text);
 /// The number that the program's own screens read from the text: up to the first character that
 /// can't continue it, 0 when there is none or it is too large for a Double.
 double ReadAsTheSheet(std::string_view text);
+/// The same of a figure made by `FigureOf`.
+double ReadAsTheSheet(const Figure& figure);
 
 }  // namespace velmora::report

@@ -48,7 +48,7 @@ RowInput FromCells(const DayCase& day, int row) {
 /// Whether the row's MMP, MG and GSD come from these samples. Means that a button without its task
 /// has set to zero say nothing.
 bool Explains(const DayCase& day, int row, const RowInput& input) {
-    const RowFigures figures = ComputeRow(input, Precision::Whole);
+    const RowFigures figures = ComputeRow(input);
     if (!figures.mmp || !ComesFrom(day.Shown(row, Column::Mmp), *figures.mmp)) return false;
     if (day.Read(row, Column::Gsd) == 0) return true;
     return ComesFrom(day.Shown(row, Column::Mg), *figures.mg) &&
@@ -64,6 +64,16 @@ void PutBackEmptiedSample(DayCase& day) {
     if (!Explains(day, 1, whole)) return;
     input = whole;
     day.sample_emptied = true;
+}
+
+void ReadGrid(DayCase& day) {
+    for (int row = 1; row <= kRows; ++row) {
+        int place = 0;
+        for (DayCase::ReadCell& cell : day.grid(row)) {
+            cell.shown = FigureOf(CellOf(*day.sheet, row, static_cast<Column>(place++)));
+            cell.read = ReadAsTheSheet(cell.shown);
+        }
+    }
 }
 
 /// Cells that are written by the sheet, with the separator of its machine.
@@ -84,6 +94,7 @@ DayCase CaseOf(const EvaluacionRecord& record, int day) {
     DayCase made;
     made.day = day;
     made.sheet = &SheetOf(record, day);
+    ReadGrid(made);
     for (int row = 1; row <= kRows; ++row) {
         made.in_plan(row) = ContaminantOf(row) <= RowsOf(record, day, TaskOf(row));
         made.on_sheet(row) = IsInUse(*made.sheet, row);
@@ -93,8 +104,14 @@ DayCase CaseOf(const EvaluacionRecord& record, int day) {
     }
     PutBackEmptiedSample(made);
     made.comma = HoldsComma(made);
-    made.exact = ComputeDay(made.plan, Precision::Whole);
-    made.rounded = ComputeDay(made.plan, Precision::TwoDecimals);
+    ByRow<RowFigures> whole;
+    ByRow<RowFigures> cut;
+    for (int row = 1; row <= kRows; ++row) {
+        whole(row) = ComputeRow(made.plan(row));
+        cut(row) = TwoDecimals(whole(row));
+    }
+    made.exact = ComputeDay(made.plan, whole);
+    made.rounded = ComputeDay(made.plan, cut);
     return made;
 }
 

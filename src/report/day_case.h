@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "core/record.h"
 #include "report/plain.h"
 
@@ -19,9 +21,21 @@ struct DayCase {
     DayFigures exact;             ///< of `plan`
     DayFigures rounded;           ///< of `plan`, through the two decimals of the sheet's cells
 
-    const std::string& Cell(int row, Column column) const { return CellOf(*sheet, row, column); }
-    Figure Shown(int row, Column column) const { return FigureOf(Cell(row, column)); }
-    double Read(int row, Column column) const { return ReadAsTheSheet(Cell(row, column)); }
+    const std::string& Cell(int row, Column column) const { return Shown(row, column).text; }
+    const Figure& Shown(int row, Column column) const { return At(row, column).shown; }
+    double Read(int row, Column column) const { return At(row, column).read; }
+
+    /// A cell of the sheet, and the number that the sheet itself reads from it.
+    struct ReadCell {
+        Figure shown;
+        double read = 0;
+    };
+    ByRow<std::array<ReadCell, kColumns>> grid;
+
+private:
+    const ReadCell& At(int row, Column column) const {
+        return grid(row).at(static_cast<std::size_t>(PlaceOf(column)));
+    }
 };
 
 /// The day of the record, which must be validated. The record must outlive it.

@@ -102,7 +102,9 @@ void WriteHtml(const Report& report, std::ostream& out) {
     out << "<!DOCTYPE html>\n<html lang=\"es\">\n" << Head(report) << "<body>\n";
     out << Masthead(report) << Contents() << "<main>\n";
     out << CompanySection(report) << VerdictSection(report) << PlanSection(report);
-    out << AgentSection(report) << DaySections(report) << FinalSection(report);
+    out << AgentSection(report);
+    WriteDaySections(report, out);
+    out << FinalSection(report);
     WritePictureSection(report, out);
     out << ReviewSection(report) << NormSection(report) << MethodSection();
     out << "</main>\n</body>\n</html>\n";

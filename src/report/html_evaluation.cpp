@@ -132,7 +132,11 @@ constexpr std::array kDayColumns = {
 std::vector<Markup> CellsOf(const SheetRow& row) {
     Markup name = NameText(row.name);
     if (!row.unit.empty()) name += " <small>" + Escaped(UnitShown(row.unit)) + "</small>";
-    std::vector<Markup> cells = {Number(row.contaminant), name, Cell(row.group)};
+    std::vector<Markup> cells;
+    cells.reserve(kDayColumns.size());
+    cells.push_back(Number(row.contaminant));
+    cells.push_back(std::move(name));
+    cells.push_back(Cell(row.group));
     for (const Figure& sample : row.samples) cells.push_back(Cell(sample));
     for (const Figure* figure : {&row.mmp, &row.index, &row.combined_index, &row.mg, &row.gsd,
                                  &row.ec_plus, &row.mg_plus, &row.gsd_plus, &row.probability}) {
@@ -192,13 +196,14 @@ std::vector<Markup> CellsOf(const FinalRow& row) {
     return cells;
 }
 
-Markup FigureElement(const Markup& picture, const Markup& caption, std::string_view label) {
-    if (picture.empty()) return "";
-    return Element("figure",
-                   Element("div", picture,
-                           "class=\"lienzo\" role=\"group\" tabindex=\"0\" aria-label=\"" +
-                               Escaped(label) + "\"") +
-                       Element("figcaption", caption));
+/// A picture with its caption, and whether there is one.
+bool WriteFigure(const Markup& picture, const Markup& caption, std::string_view label,
+                 std::ostream& out) {
+    if (picture.empty()) return false;
+    out << "<figure><div class=\"lienzo\" role=\"group\" tabindex=\"0\" aria-label=\""
+        << Escaped(label) << "\">" << picture << "</div>\n"
+        << Element("figcaption", caption) << "</figure>\n";
+    return true;
 }
 
 }  // namespace
@@ -265,18 +270,19 @@ Markup AgentSection(const Report& report) {
     return Section("contaminantes", "Contaminantes y valores límite", table.Finish());
 }
 
-Markup DaySections(const Report& report) {
-    Markup days = Element("p",
-                          "Las cifras están tal como las guarda la hoja, con punto decimal: .61 es "
-                          "0.61, 1. es 1, y un punto solo es un cero o un valor menor que 0.005.");
+void WriteDaySections(const Report& report, std::ostream& out) {
+    out << SectionStart("jornadas", "Jornadas", "jornadas");
+    const bool any = std::ranges::any_of(report.days, &Day::validated);
+    out << Element("p", any ? "Las cifras están tal como las guarda la hoja, con punto decimal: "
+                              ".61 es 0.61, 1. es 1, y un punto solo es un cero o un valor menor "
+                              "que 0.005."
+                            : "Ninguna jornada está validada.");
     for (const Day& day : report.days) {
         if (!day.validated) continue;
-        days += Element("div", Element("h3", DayTitle(day)) + DayTable(day) + DayConclusion(day),
-                        "class=\"jornada\"");
+        out << "<div class=\"jornada\">" << Element("h3", DayTitle(day)) << DayTable(day)
+            << DayConclusion(day) << "</div>\n";
     }
-    const bool any = std::ranges::any_of(report.days, &Day::validated);
-    if (!any) days = Element("p", "Ninguna jornada está validada.");
-    return Section("jornadas", "Jornadas", days, "jornadas");
+    out << kSectionEnd;
 }
 
 Markup FinalSection(const Report& report) {
@@ -294,27 +300,23 @@ Markup FinalSection(const Report& report) {
 }
 
 void WritePictureSection(const Report& report, std::ostream& out) {
-    bool any = false;
-    const auto write = [&](const Markup& figure) {
-        any = any || !figure.empty();
-        out << figure;
-    };
     out << SectionStart("graficos", "Gráficos");
-    write(FigureElement(IndexPicture(report),
-                        "Índice de cada contaminante en cada jornada. Hasta la décima parte del "
-                        "límite la situación es segura; por encima del límite, inaceptable.",
-                        "Índices"));
+    bool any = WriteFigure(IndexPicture(report),
+                           "Índice de cada contaminante en cada jornada. Hasta la décima parte del "
+                           "límite la situación es segura; por encima del límite, inaceptable.",
+                           "Índices", out);
     for (const Day& day : report.days) {
         const std::string label = "Muestras de la jornada " + Whole(day.day);
-        write(FigureElement(ProbabilityPicture(report, day.day),
-                            label + ". Cuanto mejor siguen la recta, mejor se describen con una "
-                                    "distribución log-normal.",
-                            label));
+        any |= WriteFigure(ProbabilityPicture(report, day.day),
+                           label +
+                               ". Cuanto mejor siguen la recta, mejor se describen con una "
+                               "distribución log-normal.",
+                           label, out);
     }
-    write(FigureElement(LadderPicture(report),
-                        "Exposición corta: en qué clase de probabilidad cae cada contaminante o "
-                        "mezcla.",
-                        "Exposición corta"));
+    any |= WriteFigure(LadderPicture(report),
+                       "Exposición corta: en qué clase de probabilidad cae cada contaminante o "
+                       "mezcla.",
+                       "Exposición corta", out);
     if (!any) out << Element("p", "No hay resultados que dibujar.");
     out << kSectionEnd;
 }

@@ -13,7 +13,7 @@ Markup CompanySection(const Report& report);
 Markup VerdictSection(const Report& report);
 Markup PlanSection(const Report& report);
 Markup AgentSection(const Report& report);
-Markup DaySections(const Report& report);
+void WriteDaySections(const Report& report, std::ostream& out);
 Markup FinalSection(const Report& report);
 void WritePictureSection(const Report& report, std::ostream& out);
 Markup ReviewSection(const Report& report);

@@ -42,7 +42,7 @@ Markup FindingTable(const Report& report) {
     for (const Finding& finding : report.findings) {
         const Markup link = finding.anchor.empty() ? "" : " " + GuideLink(finding.anchor) + ".";
         table.Row({Which(finding.day), Which(finding.task), NameOf(finding), OrDash(finding.what),
-                   OrDash(finding.sheet), OrDash(finding.plain), Text(finding.why) + link,
+                   OrDash(finding.sheet), OrDash(finding.plain), Escaped(finding.why) + link,
                    finding.changes_verdict ? "<strong>Sí</strong>" : "No"});
     }
     return table.Finish();

@@ -136,36 +136,35 @@ struct Place {
 constexpr double kLetterWidth = 5.6;
 constexpr double kLetterHeight = 10;
 
-/// Places around a point, from the nearest on: eight directions, at growing distances.
-std::vector<Place> PlacesAround(Point at, std::size_t letters) {
-    constexpr std::array<Point, 8> kDirections = {
-        {{1, 0}, {-1, 0}, {0.7, -0.8}, {-0.7, -0.8}, {0.7, 0.8}, {-0.7, 0.8}, {0, -1}, {0, 1}}};
-    const double width = kLetterWidth * static_cast<double>(letters);
-    std::vector<Place> places;
-    for (const double distance : {8.0, 16.0, 26.0, 38.0, 52.0, 68.0, 86.0}) {
-        for (const Point& direction : kDirections) {
-            const Point near{at.x + direction.x * distance, at.y + direction.y * distance};
-            const double left = near.x - width * (1 - direction.x) / 2;
-            const double top = near.y - kLetterHeight * (1 - direction.y) / 2;
-            places.push_back({{left - 1, top, left + width + 1, top + kLetterHeight},
-                              {left, top + kLetterHeight - 2},
-                              near});
-        }
-    }
-    return places;
-}
-
 bool Inside(const Area& area) {
     return area.left > kLeft && area.right < kRight && area.top > kTop && area.bottom < kBottom;
 }
 
-/// The first place that is free; the first of all where none is.
-Place FreePlace(const std::vector<Place>& places, const std::vector<Area>& taken) {
-    for (const Place& place : places) {
-        const auto meets = [&](const Area& area) { return area.Meets(place.area); };
-        if (Inside(place.area) && std::ranges::none_of(taken, meets)) return place;
+/// The place of so many letters at a distance from a point.
+Place PlaceBeside(Point at, Point direction, double distance, std::size_t letters) {
+    const double width = kLetterWidth * static_cast<double>(letters);
+    const Point near{at.x + direction.x * distance, at.y + direction.y * distance};
+    const double left = near.x - width * (1 - direction.x) / 2;
+    const double top = near.y - kLetterHeight * (1 - direction.y) / 2;
+    return {{left - 1, top, left + width + 1, top + kLetterHeight},
+            {left, top + kLetterHeight - 2},
+            near};
+}
+
+/// The nearest free place around a point, in eight directions at growing distances; the first of
+/// all where none is free.
+Place FreePlace(Point at, std::size_t letters, const std::vector<Area>& taken) {
+    constexpr std::array<Point, 8> kDirections = {
+        {{1, 0}, {-1, 0}, {0.7, -0.8}, {-0.7, -0.8}, {0.7, 0.8}, {-0.7, 0.8}, {0, -1}, {0, 1}}};
+    constexpr std::array kDistances = {8.0, 16.0, 26.0, 38.0, 52.0, 68.0, 86.0};
+    for (const double distance : kDistances) {
+        for (const Point& direction : kDirections) {
+            const Place place = PlaceBeside(at, direction, distance, letters);
+            const auto meets = [&](const Area& area) { return area.Meets(place.area); };
+            if (Inside(place.area) && std::ranges::none_of(taken, meets)) return place;
+        }
     }
-    return places.front();
+    return PlaceBeside(at, kDirections.front(), kDistances.front(), letters);
 }
 
 std::string LabelOf(const LadderPoint& point) {
@@ -189,7 +188,7 @@ void DrawPoints(Picture& picture, const Report& report, const Frame& frame) {
     for (const LadderPoint& point : report.ladder_points) {
         const Point at = frame.At(point.ratio, point.gsd_plus);
         constexpr std::size_t kLetters = 3;
-        const Place place = FreePlace(PlacesAround(at, kLetters), taken);
+        const Place place = FreePlace(at, kLetters, taken);
         taken.push_back(place.area);
         picture.BeginGroup(TooltipOf(point));
         if (std::hypot(place.near.x - at.x, place.near.y - at.y) > 12) {

@@ -1,6 +1,7 @@
 #include "report/markup.h"
 
 #include <cassert>
+#include <utility>
 
 #include "report/text.h"
 
@@ -73,11 +74,11 @@ void Table::Row(const std::vector<Markup>& cells) {
     body_open_ = true;
     markup_ += "<tr>";
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        if (columns_[i].heading) {
-            markup_ += "<th scope=\"row\">" + cells[i] + "</th>";
-        } else {
-            markup_ += (columns_[i].figures ? "<td class=\"n\">" : "<td>") + cells[i] + "</td>";
-        }
+        const Column& column = columns_[i];
+        markup_ += column.heading   ? "<th scope=\"row\">"
+                   : column.figures ? "<td class=\"n\">"
+                                    : "<td>";
+        markup_.append(cells[i]).append(column.heading ? "</th>" : "</td>");
     }
     markup_ += "</tr>\n";
 }
@@ -85,7 +86,7 @@ void Table::Row(const std::vector<Markup>& cells) {
 Markup Table::Finish() {
     if (body_open_) markup_ += "</tbody>\n";
     body_open_ = false;
-    return markup_ + "</table>\n</div>\n";
+    return std::move(markup_ += "</table>\n</div>\n");
 }
 
 }  // namespace velmora::report

@@ -41,6 +41,7 @@ public:
     /// A cell for each column, as markup.
     void Row(const std::vector<Markup>& cells);
 
+    /// The whole table. To be called once, at the end.
     Markup Finish();
 
 private:

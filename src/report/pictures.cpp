@@ -20,9 +20,8 @@ std::vector<ProbabilityPlot::Point> PointsOf(const RowInput& input) {
     }
     std::sort(points.begin(), points.end(),
               [](const auto& a, const auto& b) { return a.value < b.value; });
-    const auto n = static_cast<double>(points.size());
-    double i = 1;
-    for (auto& point : points) point.z = NormalQuantile((i++ - 3.0 / 8) / (n + 1.0 / 4));
+    const std::vector<double>& positions = PlottingPositions(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i) points[i].z = positions[i];
     return points;
 }
 
@@ -61,7 +60,7 @@ std::vector<IndexSeries> IndexSeriesOf(const std::vector<FinalRow>& table,
         if (!row.in_plan) continue;
         IndexSeries series{row.row, row.task, row.contaminant, row.name, {}, row.overall.value};
         for (const DayCase& day : days) {
-            const Figure combined = day.Shown(row.row, Column::CombinedIndex);
+            const Figure& combined = day.Shown(row.row, Column::CombinedIndex);
             series.days.at(static_cast<std::size_t>(day.day - 1)) =
                 combined.value ? combined.value : day.Shown(row.row, Column::Index).value;
         }

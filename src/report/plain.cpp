@@ -32,10 +32,6 @@ std::optional<Estimacion> EstimateOf(const Array<double, 1, 6>& samples) {
     return estimate ? *estimate : std::nullopt;
 }
 
-double Cut(double value, Precision precision) {
-    return precision == Precision::Whole ? value : TwoDecimals(value);
-}
-
 /// The sums of the members' samples, place by place, up to the first that one of them lacks.
 Array<double, 1, 6> SumsOf(const ByRow<RowInput>& inputs, const std::vector<int>& rows) {
     Array<double, 1, 6> sums{};
@@ -134,6 +130,13 @@ std::optional<double> ClassOfCurves(double limit, double mg, double gsd) {
 }
 
 double TwoDecimals(double value) {
+    // Away from a half, where the digits decide, and below where a Double lacks hundredths.
+    constexpr double kHair = 1e-6;
+    const double hundredths = value * 100;
+    const double whole = std::floor(hundredths);
+    if (std::fabs(value) < 1e6 && std::fabs(hundredths - whole - 0.5) > kHair) {
+        return std::nearbyint(hundredths) / 100;
+    }
     return NumeroCompleto(FormatoDosDecimales(value), SeparadorDecimal()).value_or(0);
 }
 
@@ -145,21 +148,28 @@ bool ReachesLimit(const RowInput& input) {
                        [limit](double sample) { return sample >= limit; });
 }
 
-RowFigures ComputeRow(const RowInput& input, Precision precision) {
+RowFigures ComputeRow(const RowInput& input) {
     RowFigures figures;
     const auto estimate = input.in_use ? EstimateOf(input.samples) : std::nullopt;
     if (!estimate) return figures;
-    figures.mg = Cut(estimate->mg.Valor(), precision);
-    figures.gsd = Cut(estimate->gsd.Valor(), precision);
+    figures.mg = estimate->mg.Valor();
+    figures.gsd = estimate->gsd.Valor();
     const auto mmp = Guarded([&] { return estimate->Media(); });
     if (!mmp) return figures;
-    figures.mmp = Cut(mmp->Valor(), precision);
+    figures.mmp = mmp->Valor();
     // The sheet, too, takes the index from the mean before it is cut.
     const auto index = Guarded([&] {
         return input.vla_ed == 0 ? Doble(0) : input.hours * *mmp / (input.vla_ed * kHoursOfWorkday);
     });
-    if (index) figures.index = Cut(index->Valor(), precision);
+    if (index) figures.index = index->Valor();
     return figures;
+}
+
+RowFigures TwoDecimals(const RowFigures& figures) {
+    const auto cut = [](std::optional<double> value) {
+        return value ? std::optional(TwoDecimals(*value)) : std::nullopt;
+    };
+    return {cut(figures.mmp), cut(figures.index), cut(figures.mg), cut(figures.gsd)};
 }
 
 std::vector<Unit> UnitsOfTask(const ByRow<RowInput>& inputs, const ByRow<RowFigures>& figures,
@@ -185,9 +195,9 @@ std::vector<Unit> UnitsOfTask(const ByRow<RowInput>& inputs, const ByRow<RowFigu
     return units;
 }
 
-DayFigures ComputeDay(const ByRow<RowInput>& inputs, Precision precision) {
+DayFigures ComputeDay(const ByRow<RowInput>& inputs, const ByRow<RowFigures>& rows) {
     DayFigures day;
-    for (int row = 1; row <= kRows; ++row) day.rows(row) = ComputeRow(inputs(row), precision);
+    day.rows = rows;
     day.combined_index = CombinedIndices(inputs, day.rows);
     for (int task = 1; task <= 3; ++task) {
         for (Unit& unit : UnitsOfTask(inputs, day.rows, task, kRowsPerTask,

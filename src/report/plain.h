@@ -55,15 +55,15 @@ struct DayFigures {
     std::vector<Unit> units;                      ///< by their first rows
 };
 
-/// Whether numbers pass through two decimals where the sheet's cells make them: MMP, index, MG and
-/// GSD. Two decimals as `FormatoDosDecimales` takes them.
-enum class Precision { Whole, TwoDecimals };
-
 /// The whole day by the plain formulas, without the sheet's oddities: each row with its own hours,
 /// a group's sum over all its rows of the day on each of them, each mixture of a task in its place.
-DayFigures ComputeDay(const ByRow<RowInput>& inputs, Precision precision);
+/// `rows` are those of `ComputeRow`.
+DayFigures ComputeDay(const ByRow<RowInput>& inputs, const ByRow<RowFigures>& rows);
 
-RowFigures ComputeRow(const RowInput& input, Precision precision);
+RowFigures ComputeRow(const RowInput& input);
+
+/// The figures with two decimals, as `FormatoDosDecimales` takes them: what the sheet's cells keep.
+RowFigures TwoDecimals(const RowFigures& figures);
 
 /// The units of one task (1 to 3) among its first `contaminants` rows, from the figures of the
 /// rows. Groups above `last_group` make none.

@@ -89,14 +89,14 @@ std::vector<Agent> AgentsOf(const EvaluacionRecord& record, int tasks) {
     return agents;
 }
 
-SheetRow RowOfSheet(const HojaDelDia& sheet, int row) {
-    const auto figure = [&](Column column) { return FigureOf(CellOf(sheet, row, column)); };
+SheetRow RowOfSheet(const DayCase& day, int row) {
+    const auto figure = [&](Column column) { return day.Shown(row, column); };
     SheetRow made;
     made.row = row;
     made.task = TaskOf(row);
     made.contaminant = ContaminantOf(row);
-    made.name = CellOf(sheet, row, Column::Name);
-    made.unit = CellOf(sheet, row, Column::Unit);
+    made.name = day.Cell(row, Column::Name);
+    made.unit = day.Cell(row, Column::Unit);
     made.vla_ed = figure(Column::VlaEd);
     made.vla_ec = figure(Column::VlaEc);
     made.sampling_minutes = figure(Column::SamplingMinutes);
@@ -139,10 +139,11 @@ Conclusion PlainConclusion(const DayCase& day) {
 
 void FillFromSheet(Day& made, const DayCase& day) {
     made.validated = true;
+    made.rows.reserve(kRows);
     made.comma = day.comma;
     for (int row = 1; row <= kRows; ++row) {
         if (!day.on_sheet(row)) continue;
-        made.rows.push_back(RowOfSheet(*day.sheet, row));
+        made.rows.push_back(RowOfSheet(day, row));
         AddPlainFigures(made.rows.back(), day);
     }
     const HojaDelDia& sheet = *day.sheet;
@@ -176,6 +177,7 @@ std::vector<FinalRow> FinalTableOf(const EvaluacionRecord& record, int tasks) {
 /// The days that hold a sheet.
 std::vector<DayCase> CasesOf(const EvaluacionRecord& record) {
     std::vector<DayCase> days;
+    days.reserve(kDays);
     for (int day = 1; day <= kDays; ++day) {
         if (IsValidated(SheetOf(record, day))) days.push_back(CaseOf(record, day));
     }

@@ -51,7 +51,7 @@ void CompareAgent(ReviewNotes& notes, int row) {
     Differences changed;
     Differences wiped;
     for (const PlanCell& plan : PlanCellsOf(notes.record, row)) {
-        const Figure cell = notes.day.Shown(row, plan.column);
+        const Figure& cell = notes.day.Shown(row, plan.column);
         if (Agree(cell, plan)) continue;
         if (plan.number) notes.inputs_changed(row) = true;
         if (plan.column == Column::Group) notes.group_changed(row) = true;

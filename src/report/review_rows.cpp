@@ -18,7 +18,7 @@ double IndexWith(double hours, double mmp, double vla_ed) {
 
 /// Whether the row's index comes from these hours, with the limit of the plan or of the sheet.
 bool IndexComesFrom(const ReviewNotes& notes, int row, double hours) {
-    const Figure cell = notes.day.Shown(row, Column::Index);
+    const Figure& cell = notes.day.Shown(row, Column::Index);
     const double mmp = notes.day.exact.rows(row).mmp.value_or(0);
     return ComesFrom(cell, IndexWith(hours, mmp, notes.day.plan(row).vla_ed)) ||
            ComesFrom(cell, IndexWith(hours, mmp, notes.day.cells(row).vla_ed));
@@ -30,7 +30,7 @@ bool IsCompared(const ReviewNotes& notes, int row) {
 
 void CompareMeans(ReviewNotes& notes, int row) {
     const RowFigures& exact = notes.day.exact.rows(row);
-    const Figure mmp = notes.day.Shown(row, Column::Mmp);
+    const Figure& mmp = notes.day.Shown(row, Column::Mmp);
     if (!exact.mmp) {
         if (mmp.value.value_or(0) == 0) return;  // a row that nobody measured
         notes.samples_changed(row) = true;
@@ -128,7 +128,7 @@ bool IsRoundedOver(double shown, double exact) {
 
 void CompareRounding(ReviewNotes& notes, int row, Column column, std::optional<double> exact,
                      std::optional<double> rounded) {
-    const Figure cell = notes.day.Shown(row, column);
+    const Figure& cell = notes.day.Shown(row, column);
     if (!cell.value || !exact || !rounded || !SameNumber(*cell.value, *rounded)) return;
     if (!IsRoundedOver(*cell.value, *exact)) return;
     notes.Add(FindingKind::RoundedIndex, {row},

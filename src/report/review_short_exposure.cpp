@@ -47,7 +47,7 @@ bool Agrees(const DayCase& day, const Unit& unit, Column column) {
     const int row = unit.rows.front();
     const auto& number = NumberOf(unit, column);
     if (day.Cell(row, column).empty()) return !number;
-    const auto shown = day.Shown(row, column).value;
+    const auto& shown = day.Shown(row, column).value;
     if (!shown) return false;
     if (number && SameNumber(*shown, *number)) return true;
     const Unit* const plain = UnitAt(day.rounded.units, row);
@@ -56,7 +56,7 @@ bool Agrees(const DayCase& day, const Unit& unit, Column column) {
 }
 
 bool AgreesWithClass(const DayCase& day, int row) {
-    const auto shown = day.Shown(row, Column::Probability).value;
+    const auto& shown = day.Shown(row, Column::Probability).value;
     if (!shown) return false;
     const Unit* const plain = UnitAt(day.rounded.units, row);
     if (plain != nullptr && plain->probability == shown) return true;
@@ -93,7 +93,7 @@ void CompareLostLimit(ReviewNotes& notes, const Unit& unit) {
     const int first = unit.rows.front();
     const Unit* const exact = UnitAt(day.exact.units, first);
     if (!unit.ec_plus || exact == nullptr) return;
-    const Figure above = day.Shown(first - 1, Column::Probability);
+    const Figure& above = day.Shown(first - 1, Column::Probability);
     const bool stays = day.Cell(first - 1, Column::EcPlus).empty() && above.value &&
                        SameNumber(*above.value, *unit.ec_plus);
     const Told told{stays ? "Prob." : "EC+",
@@ -122,7 +122,7 @@ void CompareClass(ReviewNotes& notes, const Unit& unit) {
             return number && SameNumber(day.Read(first, column), *number);
         });
     const auto percent = exact->PercentAboveLimit();
-    const Figure shown = day.Shown(first, Column::Probability);
+    const Figure& shown = day.Shown(first, Column::Probability);
     if (!faithful || !percent || !shown.value) return;
     const double exact_class = ClassOfPercent(*percent);
     if (exact_class == *shown.value) return;

@@ -58,12 +58,12 @@ ByRow<std::optional<double>> WrittenBySheet(const DayCase& day) {
 bool IsWritten(const DayCase& day, int row, const std::optional<double>& written) {
     const std::string& cell = day.Cell(row, Column::CombinedIndex);
     if (!written || cell.empty()) return !written && cell.empty();
-    const auto shown = day.Shown(row, Column::CombinedIndex).value;
+    const auto& shown = day.Shown(row, Column::CombinedIndex).value;
     return shown && SameNumber(*shown, *written);
 }
 
 bool IsPlain(const DayCase& day, int row) {
-    const Figure cell = day.Shown(row, Column::CombinedIndex);
+    const Figure& cell = day.Shown(row, Column::CombinedIndex);
     const auto& plain = day.rounded.combined_index(row);
     return cell.value && plain && SameNumber(*cell.value, *plain);
 }

@@ -37,10 +37,10 @@ public:
     }
 
 private:
-    static fs::path Canonical(const std::string& name) {
+    static std::string Canonical(const std::string& name) {
         std::error_code trouble;
         const fs::path path = fs::weakly_canonical(PathOf(name), trouble);
-        return trouble ? PathOf(name) : path;
+        return trouble ? name : NameOf(path);
     }
 
     /// Runs a step; what goes wrong in it is said, and the others go on.
@@ -111,7 +111,7 @@ private:
 
     const Order& order_;
     Channels channels_;
-    std::set<fs::path> taken_;  ///< the evaluations, and what was written
+    std::set<std::string> taken_;  ///< the evaluations, and what was written
     std::optional<WholeFile> table_;
     bool rows_ = false;  ///< whether an evaluation came into the table
     bool progress_shown_ = false;

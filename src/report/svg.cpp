@@ -13,25 +13,28 @@ namespace velmora::report {
 
 namespace {
 
-/// A length or a place: a tenth of a unit, without a tail of zeros. Whole numbers are written much
-/// faster than Doubles, and a page has thousands of them.
-void AppendUnits(std::string& text, double value) {
+/// A length or a place, with `behind` after it: a tenth of a unit, without a tail of zeros. Whole
+/// numbers are written much faster than Doubles, and a page has thousands of them.
+void AppendUnits(std::string& text, double value, char behind) {
     const auto tenths = std::llround(value * 10);
-    if (tenths < 0) text += '-';
-    std::array<char, 24> digits{};
-    char* const end = std::to_chars(digits.begin(), digits.end(), std::abs(tenths) / 10).ptr;
-    text.append(digits.begin(), end);
-    if (tenths % 10 != 0) text.append({'.', static_cast<char>('0' + std::abs(tenths) % 10)});
+    std::array<char, 24> digits{'-'};
+    char* const first = digits.data() + (tenths < 0 ? 1 : 0);
+    char* end = std::to_chars(first, digits.data() + 20, std::abs(tenths) / 10).ptr;
+    if (tenths % 10 != 0) {
+        *end++ = '.';
+        *end++ = static_cast<char>('0' + std::abs(tenths) % 10);
+    }
+    *end++ = behind;
+    text.append(digits.data(), end);
 }
 
 std::string PathOf(std::span<const Point> points) {
-    std::string path;
+    std::string path = "M";
     for (const Point& point : points) {
-        path += path.empty() ? 'M' : 'L';
-        AppendUnits(path, point.x);
-        path += ',';
-        AppendUnits(path, point.y);
+        AppendUnits(path, point.x, ',');
+        AppendUnits(path, point.y, 'L');
     }
+    path.pop_back();
     return path;
 }
 
@@ -99,55 +102,54 @@ Picture::Picture(std::string_view name, double width, double height, std::string
     markup_.reserve(kUsualSize);
     const std::string id(name);
     markup_ += "<svg role=\"img\" viewBox=\"0 0 ";
-    AppendUnits(markup_, width);
-    markup_ += ' ';
-    AppendUnits(markup_, height);
-    markup_ += '"';
-    Put("width", width).Put("height", height).Put("aria-labelledby", id + "-t " + id + "-d");
-    markup_ += ">\n<title";
-    Put("id", id + "-t");
-    markup_ += '>' + Escaped(title) + "</title>\n<desc";
-    Put("id", id + "-d");
-    markup_ += '>' + Escaped(description) + "</desc>\n";
+    AppendUnits(markup_, width, ' ');
+    AppendUnits(markup_, height, '"');
+    Put(" width=\"", width).Put(" height=\"", height);
+    markup_ += " aria-labelledby=\"" + id + "-t " + id + "-d\">\n<title id=\"" + id + "-t\">" +
+               Escaped(title) + "</title>\n<desc id=\"" + id + "-d\">" + Escaped(description) +
+               "</desc>\n";
 }
 
-Picture& Picture::Put(std::string_view name, std::string_view value) {
-    markup_.append(" ").append(name).append("=\"").append(value).append("\"");
+Picture& Picture::Put(std::string_view opening, double value) {
+    markup_ += opening;
+    AppendUnits(markup_, value, '"');
     return *this;
 }
 
-Picture& Picture::Put(std::string_view name, double value) {
-    markup_.append(" ").append(name).append("=\"");
-    AppendUnits(markup_, value);
-    markup_ += '"';
+Picture& Picture::Begin(std::string_view opening, std::string_view kind) {
+    markup_.append(opening).append(kind).append("\"");
     return *this;
-}
-
-Picture& Picture::Begin(std::string_view element, std::string_view kind) {
-    markup_.append("<").append(element);
-    return Put("class", kind);
 }
 
 void Picture::End() { markup_ += "/>\n"; }
 
 void Picture::Line(Point from, Point to, std::string_view kind) {
-    Begin("line", kind).Put("x1", from.x).Put("y1", from.y).Put("x2", to.x).Put("y2", to.y).End();
+    Begin("<line class=\"", kind).Put(" x1=\"", from.x).Put(" y1=\"", from.y);
+    Put(" x2=\"", to.x).Put(" y2=\"", to.y).End();
+}
+
+void Picture::Path(const std::string& data, std::string_view kind) {
+    Begin("<path class=\"", kind);
+    markup_.append(" d=\"").append(data).append("\"");
+    End();
 }
 
 void Picture::Curve(std::span<const Point> points, std::string_view kind) {
-    Begin("path", kind).Put("d", PathOf(points)).End();
+    Path(PathOf(points), kind);
 }
 
 void Picture::Box(Point corner, double width, double height, std::string_view kind) {
-    Begin("rect", kind).Put("x", corner.x).Put("y", corner.y);
-    Put("width", width).Put("height", height).End();
+    Begin("<rect class=\"", kind).Put(" x=\"", corner.x).Put(" y=\"", corner.y);
+    Put(" width=\"", width).Put(" height=\"", height).End();
 }
 
 void Picture::Text(Point at, std::string_view text, std::string_view kind, Anchor anchor) {
-    Begin("text", kind).Put("x", at.x).Put("y", at.y);
-    if (anchor == Anchor::Middle) Put("text-anchor", "middle");
-    if (anchor == Anchor::End) Put("text-anchor", "end");
-    markup_.append(">").append(Escaped(text)).append("</text>\n");
+    Begin("<text class=\"", kind).Put(" x=\"", at.x).Put(" y=\"", at.y);
+    if (anchor == Anchor::Middle) markup_ += " text-anchor=\"middle\"";
+    if (anchor == Anchor::End) markup_ += " text-anchor=\"end\"";
+    markup_ += '>';
+    AppendEscaped(markup_, text);
+    markup_ += "</text>\n";
 }
 
 void Picture::TextOver(Point at, std::string_view text, std::string_view kind, Anchor anchor) {
@@ -158,14 +160,15 @@ void Picture::TextOver(Point at, std::string_view text, std::string_view kind, A
 void Picture::DayMark(int day, Point at) {
     constexpr double kHalf = 3.6;
     if (day == 1) {
-        Begin("circle", "dia1").Put("cx", at.x).Put("cy", at.y).Put("r", kHalf).End();
+        Begin("<circle class=\"", "dia1").Put(" cx=\"", at.x).Put(" cy=\"", at.y);
+        Put(" r=\"", kHalf).End();
     } else if (day == 2) {
         Box({at.x - kHalf + 0.4, at.y - kHalf + 0.4}, 2 * kHalf - 0.8, 2 * kHalf - 0.8, "dia2");
     } else {
         const std::array<Point, 3> corners = {Point{at.x, at.y - kHalf - 0.8},
                                               Point{at.x + kHalf + 0.6, at.y + kHalf - 0.6},
                                               Point{at.x - kHalf - 0.6, at.y + kHalf - 0.6}};
-        Begin("path", "dia3").Put("d", PathOf(corners) + 'Z').End();
+        Path(PathOf(corners) + 'Z', "dia3");
     }
 }
 

@@ -63,10 +63,12 @@ public:
     std::string Markup();
 
 private:
-    /// An element without content: its beginning, its attributes, its end.
-    Picture& Begin(std::string_view element, std::string_view kind);
-    Picture& Put(std::string_view name, std::string_view value);
-    Picture& Put(std::string_view name, double value);
+    void Path(const std::string& data, std::string_view kind);
+
+    // An element without content: its beginning, up to the value of its class; its measures, each
+    // with its beginning; its end.
+    Picture& Begin(std::string_view opening, std::string_view kind);
+    Picture& Put(std::string_view opening, double value);
     void End();
 
     std::string markup_;

@@ -65,13 +65,32 @@ bool IsUnfit(char32_t code) {
 
 /// Whether a text is shown letter by letter as it stands.
 bool IsPlain(std::string_view text) {
-    const auto is_letter = [](char letter) { return letter > ' ' && letter < 0x7F; };
-    return text.size() <= kLettersShown && std::ranges::all_of(text, is_letter);
+    const auto is_letter = [](char letter) { return letter >= ' ' && letter < 0x7F; };
+    return text.size() <= kLettersShown && !text.starts_with(' ') && !text.ends_with(' ') &&
+           std::ranges::all_of(text, is_letter);
 }
 
 std::string_view ShownAs(const Character& character) {
     if (IsBlank(character.code)) return " ";
     return IsUnfit(character.code) ? kReplacement : character.bytes;
+}
+
+/// The reference that stands in HTML for a letter that marks up; "" for any other.
+std::string_view ReferenceTo(char letter) {
+    switch (letter) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return "&quot;";
+        case '\'':
+            return "&#39;";
+        default:
+            return "";
+    }
 }
 
 }  // namespace
@@ -105,34 +124,20 @@ std::string Fitting(std::string_view text, std::size_t letters) {
     return std::string(text);
 }
 
-std::string Escaped(std::string_view text) {
-    const auto marks_up = [](char letter) {
-        return letter == '&' || letter == '<' || letter == '>' || letter == '"' || letter == '\'';
-    };
-    if (std::ranges::none_of(text, marks_up)) return std::string(text);
-    std::string escaped;
-    escaped.reserve(text.size() + 16);
-    for (const char letter : text) {
-        switch (letter) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            case '\'':
-                escaped += "&#39;";
-                break;
-            default:
-                escaped += letter;
-        }
+void AppendEscaped(std::string& markup, std::string_view text) {
+    std::size_t done = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::string_view reference = ReferenceTo(text[i]);
+        if (reference.empty()) continue;
+        markup.append(text.substr(done, i - done)).append(reference);
+        done = i + 1;
     }
+    markup.append(text.substr(done));
+}
+
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    AppendEscaped(escaped, text);
     return escaped;
 }
 
@@ -153,9 +158,11 @@ std::string CssString(std::string_view text) {
 }
 
 std::string Rounded(double value, int digits) {
-    if (value == 0) return "0";
-    std::array<char, 32> buffer{};
     const double size = std::fabs(value);
+    // Most ticks of an axis and numbers of the plan are whole.
+    constexpr double kSmall = 1e6;
+    if (size < kSmall && value == std::trunc(value)) return Whole(static_cast<int>(value));
+    std::array<char, 32> buffer{};
     const bool plain = size >= 1e-5 && size < 1e15;
     // The places that rounding to so many digits leaves; a carry only adds a zero, taken off below.
     const int places =

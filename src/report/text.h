@@ -24,6 +24,8 @@ std::string Fitting(std::string_view text, std::size_t letters);
 
 /// UTF-8 as it may stand in HTML between tags and in quoted attribute values.
 std::string Escaped(std::string_view text);
+/// The same, written behind what `markup` holds.
+void AppendEscaped(std::string& markup, std::string_view text);
 
 /// UTF-8 as a string of CSS, with its quotes, that may stand in a style element.
 std::string CssString(std::string_view text);
