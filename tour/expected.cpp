@@ -4,7 +4,7 @@ namespace velmora::tour {
 
 // clang-format off
 
-// The conclusions and the final table: printed by tour/esperado.py, which computes them in Python
+// The conclusions and the final table: printed by tests/lockstep/evaluacion.py, a model of its own,
 // from the plan and the measurements alone.
 const std::array<Conclusions, kDays> kConclusions = {{
     {"0.61", "1", "NO",
@@ -39,7 +39,7 @@ const std::array<FinalRow, kFinalRows> kFinalTable = {{
     {"", "", "", "", "", "", ""},
 }};
 
-// The figures of the worked day, as they were given; esperado.py comes to the same.
+// The figures of the worked day, as they were given; the model comes to the same.
 const std::array<WorkedRow, kAgentsOfWorkedDay> kWorkedDay = {{
     {"117.76", ".61", ".61",  "117.11", "1.21", "384",              "117.11",           "1.21",             "0.001"},
     {"32.77",  ".15", "0.19", "31.18",  "1.4",  "536.069661301946", "47.7472786976975", "1.43136286612149", "0.001"},

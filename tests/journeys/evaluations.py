@@ -5,18 +5,18 @@
 
 Each file holds what a user types (company, plan, agents, measurements) and everything that must
 come out: the cells of each day, its answers and sentences, the final table. The figures are those of
-tour/esperado.py, which shares no line with the program.
+the independent model in tests/lockstep.
 """
 
-import math
 import os
 import sys
 
-sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tour"))
-from esperado import Jornada, tabla_final, texto  # noqa: E402
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "lockstep"))
+from evaluacion import NAME, work_out  # noqa: E402
+from numeros import TextoArchivo  # noqa: E402
+from registro import EvaluacionRecord, escribir  # noqa: E402
 
 PLACES = [(task, place) for task in (1, 2, 3) for place in range(1, 7)]
-UNUSED = ("", 0.0, 0.0, 0, 0, "")
 
 # The boxes that a user leaves alone: the person in charge starts with a blank.
 ONLY_NAMED = ["---"] * 7 + [" "] + ["---"] * 10
@@ -48,64 +48,40 @@ PEAKS = {
 
 
 class Evaluation:
-    """What is typed, under the names that tour/esperado.py reads."""
+    """What is typed."""
 
     def __init__(self, company, days, tasks):
-        self.empresa, self.jornadas, self.tareas = company, days, tasks
-        days_and_tasks = [(d, t) for d in (1, 2, 3) for t in (1, 2, 3)]
-        self.horas = dict.fromkeys(days_and_tasks, 0)
-        self.minutos30 = dict.fromkeys(days_and_tasks, 0)
-        self.minutos15 = dict.fromkeys(days_and_tasks, 0)
-        self.contaminantes = {1: 0, 2: 0, 3: 0}
-        self.agente = dict.fromkeys(PLACES, UNUSED)
-        self.hoja = {d: [""] * 401 for d in (1, 2, 3)}
-        self.final = [[""] * 9 for _ in range(18)]
-
-    @property
-    def filas(self):
-        return {k: self.minutos30[k] + self.minutos15[k] for k in self.horas}
+        self.record = EvaluacionRecord()
+        for field, text in enumerate(company, 1):
+            self.record.DatosEmpresa[field] = text
+        self.record.NumJornadas, self.record.NumTareas = days, tasks
+        self.samples = {}
 
     def line(self, day, task, hours, minutes30, minutes15):
         """A line of the plan."""
-        self.horas[day, task] = hours
-        self.minutos30[day, task], self.minutos15[day, task] = minutes30, minutes15
-        self.contaminantes[task] = minutes30 + minutes15
+        self.record.TiempoExposicion[day, task] = float(hours)
+        self.record.Muestras30[day, task] = minutes30
+        self.record.Muestras15[day, task] = minutes15
+        self.record.NumContaminantes[task] = minutes30 + minutes15
 
     def agents(self, task, agents):
-        for place, agent in enumerate(agents, 1):
-            self.agente[task, place] = agent
+        for place, (name, ed, ec, minutes, group, unit) in enumerate(agents, 1):
+            spot = task, place
+            self.record.NombreContaminante[spot] = name
+            self.record.VlaEd[spot], self.record.VlaEc[spot] = float(ed), float(ec)
+            self.record.TiempoMuestreo[spot], self.record.Aditivo[spot] = minutes, group
+            self.record.Unidades[spot] = unit
+            self.record.HojaFinal[6 * (task - 1) + place, NAME] = name
 
     def measure(self, day, task, place, samples):
         first = (6 * (task - 1) + place - 1) * 18 + 7
         for m, sample in enumerate(samples):
-            self.hoja[day][first + m] = sample
-
-    def compute(self):
-        days = {d: Jornada(self, d) for d in range(1, self.jornadas + 1)}
-        self.final = tabla_final(self, days)
-        for d, day in days.items():
-            self.hoja[d] = day.entradas()
-
-    def lines(self):
-        quoted = lambda texts: [f'"{t}"' for t in texts]
-        yield from quoted(self.empresa)
-        yield from (str(self.jornadas), str(self.tareas))
-        for k in sorted(self.horas):
-            yield from (texto(self.horas[k]), str(self.minutos30[k]), str(self.minutos15[k]))
-        yield from (str(self.contaminantes[t]) for t in (1, 2, 3))
-        for task, place in PLACES:
-            name, ed, ec, minutes, group, unit = self.agente[task, place]
-            yield from (f'"{name}"', texto(ed), texto(ec), str(minutes), str(group), f'"{unit}"')
-        for entry in range(401):
-            yield from quoted(self.hoja[d][entry] for d in (1, 2, 3))
-        for row in self.final:
-            yield from quoted(row)
+            self.samples[day, first + m] = sample
 
     def write(self, folder, name):
-        lines = list(self.lines())
-        assert len(lines) == 1524
+        work_out(self.record, self.samples)
         with open(os.path.join(folder, name + ".doc"), "wb") as f:
-            f.write("".join(line + "\r\n" for line in lines).encode("cp1252"))
+            f.write(escribir(self.record))
 
 
 def one_day():
@@ -117,7 +93,6 @@ def one_day():
     e.measure(1, 1, 1, ["0.031", "0.052", "0.044", "0.038", "0.061"])
     e.measure(1, 1, 2, ["41", "58.5", "37", "62", "49", "55"])
     e.measure(1, 1, 3, ["22", "35", "19"])
-    e.compute()
     return e
 
 
@@ -142,9 +117,8 @@ def three_days():
                 part = PEAKS.get((day, task, place, m + 1))
                 if part is None:
                     part = LEVELS[(row + 2 * day) % 9] * SPREADS[(m + row * day) % 6]
-                samples.append(texto(float(f"{limit * part:.3g}")))
+                samples.append(TextoArchivo(float(f"{limit * part:.3g}")))
             e.measure(day, task, place, samples)
-    e.compute()
     return e
 
 
@@ -162,7 +136,6 @@ def restarted():
     e.measure(1, 1, 2, ["300", "280", "410", "355"])
     e.measure(1, 2, 1, ["640", "505", "710"])
     e.measure(1, 2, 2, ["4", "5.5"])
-    e.compute()
     return e
 
 
