@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QIcon>
+#include <QImage>
 #include <QLabel>
 #include <QPainter>
 #include <QPalette>
@@ -17,6 +18,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <memory>
 #include <utility>
 
 #include "qt/spanish.h"
@@ -27,14 +29,28 @@ namespace {
 
 /// The sizes of the style that grow with the window, the letters of a dialog with them.
 constexpr std::array kGrowing = {
-    QStyle::PM_MessageBoxIconSize,      QStyle::PM_SmallIconSize,
-    QStyle::PM_LargeIconSize,           QStyle::PM_ListViewIconSize,
-    QStyle::PM_ButtonIconSize,          QStyle::PM_ScrollBarExtent,
-    QStyle::PM_IndicatorWidth,          QStyle::PM_IndicatorHeight,
-    QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight,
-    QStyle::PM_LayoutLeftMargin,        QStyle::PM_LayoutTopMargin,
-    QStyle::PM_LayoutRightMargin,       QStyle::PM_LayoutBottomMargin,
-    QStyle::PM_LayoutHorizontalSpacing, QStyle::PM_LayoutVerticalSpacing,
+    QStyle::PM_MessageBoxIconSize,
+    QStyle::PM_SmallIconSize,
+    QStyle::PM_LargeIconSize,
+    QStyle::PM_ListViewIconSize,
+    QStyle::PM_ButtonIconSize,
+    QStyle::PM_ScrollBarExtent,
+    QStyle::PM_IndicatorWidth,
+    QStyle::PM_IndicatorHeight,
+    QStyle::PM_ExclusiveIndicatorWidth,
+    QStyle::PM_ExclusiveIndicatorHeight,
+    QStyle::PM_LayoutLeftMargin,
+    QStyle::PM_LayoutTopMargin,
+    QStyle::PM_LayoutRightMargin,
+    QStyle::PM_LayoutBottomMargin,
+    QStyle::PM_LayoutHorizontalSpacing,
+    QStyle::PM_LayoutVerticalSpacing,
+    QStyle::PM_ButtonMargin,
+    QStyle::PM_CheckBoxLabelSpacing,
+    QStyle::PM_RadioButtonLabelSpacing,
+    QStyle::PM_HeaderMarkSize,
+    QStyle::PM_TabBarTabHSpace,
+    QStyle::PM_ToolTipLabelFrameWidth,
 };
 
 /// A disc with a white sign on it: it stands out from a light ground and from a dark one.
@@ -74,7 +90,10 @@ public:
                            const QWidget* widget) const override {
         if (type == CT_MenuBarItem && IsSpacer(option))
             return {qRound(kSpacerWidth * factor_), std::max(size.height(), 1)};
+        if (const auto* counter = qstyleoption_cast<const QStyleOptionSpinBox*>(option))
+            return QProxyStyle::sizeFromContents(type, Grown(*counter).get(), size, widget);
         const QSize contents = QProxyStyle::sizeFromContents(type, option, size, widget);
+        if (type == CT_PushButton) return contents.expandedTo({qRound(kButtonWidth * factor_), 0});
         return type == CT_ComboBox ? contents + QSize(ExtraWidthOfArrow(), 0) : contents;
     }
 
@@ -96,6 +115,8 @@ public:
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override {
+        if (const auto* counter = qstyleoption_cast<const QStyleOptionSpinBox*>(option))
+            return QProxyStyle::subControlRect(control, Grown(*counter).get(), part, widget);
         QRect place = QProxyStyle::subControlRect(control, option, part, widget);
         if (control != CC_ComboBox) return place;
         if (part == SC_ComboBoxArrow) place.setLeft(place.left() - ExtraWidthOfArrow());
@@ -105,6 +126,10 @@ public:
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override {
+        if (const auto* counter = qstyleoption_cast<const QStyleOptionSpinBox*>(option)) {
+            QProxyStyle::drawComplexControl(control, Grown(*counter).get(), painter, widget);
+            return;
+        }
         const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
         if (control != CC_ComboBox || list == nullptr) {
             QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -145,6 +170,18 @@ public:
 
 private:
     static constexpr int kSpacerWidth = 14;
+    static constexpr int kButtonWidth = 80;  ///< at least
+
+    /// The option of a counter, for a denser display: by that the style sizes its arrows.
+    std::unique_ptr<QStyleOptionSpinBox> Grown(const QStyleOptionSpinBox& counter) const {
+        constexpr double kDotsPerMetre = 96 / 0.0254;  // at the size of the layout
+        auto grown = std::make_unique<QStyleOptionSpinBox>(counter);
+        QImage denser(1, 1, QImage::Format_RGB32);
+        denser.setDotsPerMeterX(qRound(kDotsPerMetre * factor_));
+        denser.setDotsPerMeterY(qRound(kDotsPerMetre * factor_));
+        grown->fontMetrics = QFontMetrics(QApplication::font("QDialog"), &denser);
+        return grown;
+    }
 
     static bool IsSpacer(const QStyleOption* option) {
         const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);

@@ -4,13 +4,13 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHeaderView>
-#include <QMessageBox>
 #include <QScreen>
 #include <QSplitter>
 #include <QStandardPaths>
 #include <QTreeView>
 #include <QUrl>
 
+#include "qt/message_box.h"
 #include "qt/text.h"
 
 namespace velmora {
@@ -51,10 +51,11 @@ QList<QUrl> FoldersAtTheSide() {
 }  // namespace
 
 FileDialog::FileDialog(const CommonDialog& dialog, QWidget* parent)
-    : QFileDialog(parent), asks_before_creating_((dialog.Flags & kAsksBeforeCreating) != 0) {
-    const bool asks_before_replacing = (dialog.Flags & kAsksBeforeReplacing) != 0;
+    : QFileDialog(parent),
+      asks_before_replacing_((dialog.Flags & kAsksBeforeReplacing) != 0),
+      asks_before_creating_((dialog.Flags & kAsksBeforeCreating) != 0) {
     setOption(DontUseNativeDialog);
-    setOption(DontConfirmOverwrite, !asks_before_replacing);
+    setOption(DontConfirmOverwrite);  // it is asked below, in a box that keeps its lines
     setWindowTitle(ToQt(dialog.DialogTitle));
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
@@ -82,21 +83,34 @@ QString FileDialog::FileName() const {
 
 void FileDialog::accept() {
     const QString name = FileName();
-    if (asks_before_creating_ && !name.isEmpty() && !QFileInfo::exists(name) &&
-        !ConfirmsCreating(name)) {
-        return;
-    }
+    const QFileInfo file(name);
+    const bool creates = !name.isEmpty() && !file.exists();
+    if (creates && asks_before_creating_ && !ConfirmsCreating(file)) return;
+    const bool replaces = file.exists() && !file.isDir();
+    if (replaces && asks_before_replacing_ && !ConfirmsReplacing(file)) return;
     QFileDialog::accept();
 }
 
-bool FileDialog::ConfirmsCreating(const QString& name) {
-    const QFileInfo file(name);
+bool FileDialog::ConfirmsCreating(const QFileInfo& file) {
     // Of a name that ends in a slash nothing but the extension is left: it stands for its folder.
     const bool is_folder = file.completeBaseName().isEmpty() && !file.dir().exists();
     const QString last = is_folder ? file.dir().dirName() : file.fileName();
-    const QString question = tr("%1 no existe.\n¿Desea crearlo?").arg(last);
-    return QMessageBox::question(this, windowTitle(), question, QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::Yes) == QMessageBox::Yes;
+    return Confirms(QMessageBox::Question, tr("%1 no existe.\n¿Desea crearlo?").arg(last),
+                    QMessageBox::Yes);
+}
+
+bool FileDialog::ConfirmsReplacing(const QFileInfo& file) {
+    // In the toolkit's own words, which its translation has.
+    const QString question = QFileDialog::tr("%1 already exists.\nDo you want to replace it?");
+    return Confirms(QMessageBox::Warning, question.arg(file.fileName()), QMessageBox::No);
+}
+
+bool FileDialog::Confirms(QMessageBox::Icon icon, const QString& question,
+                          QMessageBox::StandardButton preset) {
+    MessageBox box(icon, windowTitle(), question, QMessageBox::Yes | QMessageBox::No, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(preset);
+    return box.exec() == QMessageBox::Yes;
 }
 
 }  // namespace velmora

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QMessageBox>
 
 #include "forms/controls.h"
+
+class QFileInfo;
 
 namespace velmora {
 
@@ -20,8 +23,12 @@ public:
     void accept() override;
 
 private:
-    bool ConfirmsCreating(const QString& name);
+    bool ConfirmsCreating(const QFileInfo& file);
+    bool ConfirmsReplacing(const QFileInfo& file);
+    bool Confirms(QMessageBox::Icon icon, const QString& question,
+                  QMessageBox::StandardButton preset);
 
+    bool asks_before_replacing_;
     bool asks_before_creating_;
 };
 

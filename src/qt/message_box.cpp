@@ -18,6 +18,7 @@ void MessageBox::KeepLines() {
         setFixedSize(size);
     } else {
         label->setWordWrap(true);
+        layout()->activate();
     }
     QApplication::removePostedEvents(this, QEvent::LayoutRequest);  // or it would begin anew
 }

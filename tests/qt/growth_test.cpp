@@ -1,11 +1,15 @@
 // What grows with the window: the screens by one factor, the letters, the boxes and dialogs.
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QScreen>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QToolTip>
 
@@ -138,6 +142,11 @@ protected:
         }
         return sizes;
     }
+
+    static int LinesOf(const QLabel& label) {
+        const double line = label.fontMetrics().lineSpacing();
+        return qRound(label.contentsRect().height() / line);
+    }
 };
 
 // 10 points are 13 pixels at the size of the layout, and 26 at twice it: worked by hand.
@@ -167,7 +176,7 @@ TEST_F(GrowingThings, ABoxKeepsItsTwoLines) {
     int lines = 0;
     robot.on_modal = [&](QDialog& modal) {
         const auto& label = *modal.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-        lines = label.contentsRect().height() / label.fontMetrics().lineSpacing();
+        lines = LinesOf(label);
         EXPECT_GT(label.width(), 400);
         EXPECT_FALSE(label.wordWrap());
     };
@@ -175,6 +184,20 @@ TEST_F(GrowingThings, ABoxKeepsItsTwoLines) {
     robot.ExpectBox(BoxOf(text + "\n" + text, Estilo::Aceptar));
     robot.Act("a box", [&] { host.MsgBox(text + "\r\n" + text, Estilo::Aceptar, "Velmora"); });
     EXPECT_EQ(lines, 2);
+}
+
+TEST_F(GrowingThings, ABoxWhoseLineIsWiderThanTheDisplayBreaksItAndShowsItWhole) {
+    std::string text(200, 'a');
+    for (std::size_t i = 8; i < text.size(); i += 9) text[i] = ' ';
+    robot.on_modal = [&](QDialog& modal) {
+        const auto& label = *modal.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        EXPECT_TRUE(label.wordWrap());
+        EXPECT_GE(label.height(), label.heightForWidth(label.width()));
+        EXPECT_LE(modal.width(), modal.screen()->availableSize().width());
+    };
+    Resize(1650, 1214);
+    robot.ExpectBox(BoxOf(text, Estilo::Aceptar));
+    robot.Act("a box", [&] { host.MsgBox(text, Estilo::Aceptar, "Velmora"); });
 }
 
 TEST_F(GrowingThings, AFileDialogGrowsWithItsQuestion) {
@@ -188,6 +211,63 @@ TEST_F(GrowingThings, AFileDialogGrowsWithItsQuestion) {
     robot.ExpectFileDialog(std::nullopt);
     robot.Choose("guardararchivo");
     EXPECT_THAT(letters, ::testing::ElementsAre(26));
+}
+
+TEST_F(GrowingThings, AFileDialogsQuestionsKeepTheirTwoLines) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("guardado.doc")));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    Open(ScreenId::Form6);
+    std::vector<int> lines;
+    robot.on_modal = [&](QDialog& modal) {
+        const auto* const label = modal.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        if (label == nullptr) return;
+        lines.push_back(LinesOf(*label));
+    };
+    Resize(1650, 1214);
+    for (const auto& [name, question] :
+         {std::pair("guardado", "ya existe"), std::pair("nuevo", "no existe")}) {
+        robot.ExpectFileDialog(folder.filePath(QString::fromUtf8(name)).toStdString());
+        robot.ExpectPrompt(question, QMessageBox::No);
+        robot.ExpectFileDialog(std::nullopt);
+        robot.Choose("guardararchivo");
+    }
+    EXPECT_THAT(lines, ::testing::ElementsAre(2, 2));
+}
+
+/// The dark pixels of the arrows at the right end of a counter.
+int InkOfArrows(QAbstractSpinBox& counter) {
+    const QImage seen = counter.grab().toImage();
+    constexpr int kFrame = 3;
+    int ink = 0;
+    for (int y = kFrame; y < seen.height() - kFrame; ++y) {
+        for (int x = counter.findChild<QLineEdit*>()->geometry().right() + kFrame;
+             x < seen.width() - kFrame; ++x) {
+            if (seen.pixelColor(x, y).lightness() < 130) ++ink;
+        }
+    }
+    return ink;
+}
+
+TEST_F(GrowingThings, TheArrowsOfACounterAndTheButtonsOfADialogGrow) {
+    Open(ScreenId::Form2);
+    CommonDialog dialog;
+    int button = 0;
+    const Twice ink = Measure([&] {
+        int arrows = 0;
+        robot.ExpectPrintDialog(Robot::Print::Cancel, [&](QPrintDialog& shown) {
+            QSpinBox counter(&shown);  // with a value in the middle both arrows are dark
+            counter.setValue(7);
+            counter.resize(counter.sizeHint());
+            arrows = InkOfArrows(counter);
+            button = shown.findChild<QDialogButtonBox*>()->buttons().front()->width();
+        });
+        robot.Act("the print dialog", [&] { host.ShowPrinter(dialog); });
+        return arrows;
+    });
+    EXPECT_GT(ink.once, 8);
+    EXPECT_GE(ink.twice, 2 * ink.once);
+    EXPECT_GE(button, 160);  // twice the style's own 80 pixels
 }
 
 TEST_F(GrowingThings, ThePrintDialogGrows) {
