@@ -102,13 +102,6 @@ Hue HueOf(Color color) {
 
 // ---- layout
 
-TEST_F(Form2Test, ItsCaptionAndClientAreaAreThoseOfTheDesign) {
-    const Form2& form = OpenForm2();
-    EXPECT_EQ(form.Caption, "     Velmora / h2");
-    EXPECT_EQ(form.ClientArea().width, 11715);
-    EXPECT_EQ(form.ClientArea().height, 8310);
-}
-
 TEST_F(Form2Test, BoxesAndLabelsStandWhereTheDesignPutsThemInItsTabOrder) {
     OpenForm2();
     using enum Hue;
@@ -218,42 +211,6 @@ TEST_F(Form2Test, EveryBoxHasASpokenNameOfItsOwn) {
     for (int i = 1; i <= 19; ++i) names.insert(Find(Indexed("Text1", i)).spoken);
     EXPECT_EQ(names.size(), 19u);
     EXPECT_FALSE(names.contains(""));
-}
-
-TEST_F(Form2Test, TheMenuHasItsEntriesAndSpacersInTheOrderGiven) {
-    const Form2& form = OpenForm2();
-    using Entries = std::vector<std::pair<std::string_view, std::string_view>>;
-    Entries bar;
-    for (const MenuEntry& entry : form.Menu()) {
-        bar.emplace_back(entry.name, entry.caption);
-        const bool opens_or_spaces = entry.name == "continuar" || entry.caption.empty();
-        EXPECT_EQ(static_cast<bool>(entry.Click), !opens_or_spaces) << entry.name;
-        EXPECT_EQ(entry.list.empty(), entry.name != "continuar") << entry.name;
-    }
-    EXPECT_EQ(bar, (Entries{{"vacio1", ""},
-                            {"vacio2", ""},
-                            {"continuar", "Continuar"},
-                            {"vacio30", ""},
-                            {"vacio32", ""},
-                            {"Regresar", "Regresar"},
-                            {"vacio40", ""},
-                            {"vacio50", ""},
-                            {"recuperardatos", "Recuperar datos"},
-                            {"vacio51", ""},
-                            {"vacio52", ""},
-                            {"imprimir", "Imprimir"},
-                            {"vacio53", ""},
-                            {"vacio54", ""},
-                            {"salir", "Salir"}}));
-    Entries list;
-    for (const MenuEntry& entry : form.FindEntry("continuar")->list) {
-        list.emplace_back(entry.name, entry.caption);
-        EXPECT_TRUE(entry.Click) << entry.name;
-    }
-    EXPECT_EQ(list, (Entries{{"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
-                             {"contaminantes", "Contaminantes"},
-                             {"calculos", "Cálculos"},
-                             {"resulatadofinal", "Resultado final"}}));
 }
 
 // ---- load
@@ -393,7 +350,7 @@ TEST_F(Form2Test, ARefusalIsOverOnceANameStandsInTheBox) {
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form5);
 }
 
-// ---- Regresar, salir, imprimir, the clock
+// ---- Regresar
 
 TEST_F(Form2Test, Regresar_OnNoStaysWithWhatWasTyped) {
     Form2& form = OpenForm2();
@@ -429,64 +386,6 @@ TEST_F(Form2Test, AnEmptyNameDoesNotStandInTheWayOfTheOtherEntries) {
     host.ExpectBox(std::string(kGoBack), Estilo::SiNoInformacionNo, Respuesta::Si);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
-}
-
-TEST_F(Form2Test, Salir_OnNoStays) {
-    const Form2& form = OpenForm2();
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacionNo, Respuesta::No);
-    Choose("salir");
-    EXPECT_EQ(&chain.Current(), &form);
-}
-
-TEST_F(Form2Test, Salir_OnYesEndsTheProcessAndStoresNothing) {
-    OpenForm2().Text1(1).Text = "Acme";
-    const EvaluacionRecord before = record;
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacionNo, Respuesta::Si);
-    host.ExpectEnd();
-    Choose("salir");
-    EXPECT_TRUE(record == before);
-}
-
-TEST_F(Form2Test, Imprimir_OnYesShowsThePrintDialogForPages0To2AndPrints) {
-    OpenForm2();
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
-    Choose("imprimir");
-    ASSERT_EQ(host.print_dialogs.size(), 1u);
-    EXPECT_EQ(host.print_dialogs[0].Flags, 524288u);
-    EXPECT_EQ(host.print_dialogs[0].FromPage, 0);
-    EXPECT_EQ(host.print_dialogs[0].ToPage, 2);
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(Form2Test, Imprimir_OnNoShowsNoDialogAndPrintsNothing) {
-    OpenForm2();
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::No);
-    Choose("imprimir");
-    EXPECT_TRUE(host.print_dialogs.empty());
-    EXPECT_EQ(host.printed, 0);
-}
-
-TEST_F(Form2Test, Imprimir_PassesOverAStepThatFails) {
-    OpenForm2();
-    host.on_print = [] { throw ErrorEjecucion(TipoError::Desbordamiento); };
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
-    EXPECT_NO_THROW(Choose("imprimir"));
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(Form2Test, TheTimerSetsTheClockAndNothingElse) {
-    Form2& form = OpenForm2();
-    const std::vector<std::string> before = Texts(form);
-    host.now.tm_mday = 7;
-    host.now.tm_mon = 2;  // March
-    host.now.tm_year = 104;
-    host.now.tm_hour = 9;
-    host.now.tm_min = 5;
-    host.now.tm_sec = 59;
-    form.Timer1_Timer();
-    EXPECT_EQ(form.Label3.Caption, "07:03:04     09:05:59");
-    EXPECT_EQ(&form.Clock(), &form.Label3);
-    EXPECT_EQ(Texts(form), before);
 }
 
 // ---- recuperardatos

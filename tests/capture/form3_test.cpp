@@ -39,10 +39,6 @@ constexpr std::string_view kIncomplete =
     " Aún le faltan datos por introducir y sin ellos\r\n"
     "  el programa no funcionará correctamente\r\n"
     "¿Está seguro de que quiere continuar ?";
-constexpr std::string_view kQuit = "¿Está seguro de que quiere salir?";
-constexpr std::string_view kPrint =
-    "Se imprimirá la pantalla\r\n¿Desea continuar?\r\n \r\n"
-    "Pulsar 'Si' no admite cancelación posterior";
 
 class Form3Test : public VelmoraTest {
 protected:
@@ -179,13 +175,6 @@ void ExpectPlanOpen(const Form3& form) {
 
 // ---- layout
 
-TEST_F(Form3Test, ItsCaptionAndClientAreaAreThoseOfTheDesign) {
-    const Form3& form = OpenForm3();
-    EXPECT_EQ(form.Caption, "    Velmora / h3");
-    EXPECT_EQ(form.ClientArea().width, 11880);
-    EXPECT_EQ(form.ClientArea().height, 8310);
-}
-
 TEST_F(Form3Test, TheListsStandWhereTheDesignPutsThemWithTheirItemsAndNoText) {
     const Form3& form = OpenForm3();
     struct Expected {
@@ -312,36 +301,6 @@ TEST_F(Form3Test, EveryCellListAndButtonHasASpokenNameOfItsOwn) {
     EXPECT_EQ(Find("Text1(14)").spoken, "Fila 3, tiempo de exposición en horas");
     EXPECT_EQ(Find("Command1").spoken, "Validar jornadas y tareas");
     EXPECT_EQ(Find("Command2").spoken, "Validar la línea del plan");
-}
-
-TEST_F(Form3Test, TheMenuHasItsEntriesAndSpacersInTheOrderGiven) {
-    const Form3& form = OpenForm3();
-    using Entries = std::vector<std::pair<std::string_view, std::string_view>>;
-    Entries bar;
-    for (const MenuEntry& entry : form.Menu()) {
-        bar.emplace_back(entry.name, entry.caption);
-        const bool opens_or_spaces = entry.name == "continuar" || entry.caption.empty();
-        EXPECT_EQ(static_cast<bool>(entry.Click), !opens_or_spaces) << entry.name;
-        EXPECT_EQ(entry.list.empty(), entry.name != "continuar") << entry.name;
-    }
-    EXPECT_EQ(bar, (Entries{{"vacio1", ""},
-                            {"vacio2", ""},
-                            {"continuar", "Continuar/Regresar"},
-                            {"vacio8", ""},
-                            {"vacio9", ""},
-                            {"imprimir", "Imprimir"},
-                            {"vacio20", ""},
-                            {"vacio22", ""},
-                            {"salir", "Salir"}}));
-    Entries list;
-    for (const MenuEntry& entry : form.FindEntry("continuar")->list) {
-        list.emplace_back(entry.name, entry.caption);
-        EXPECT_TRUE(entry.Click) << entry.name;
-    }
-    EXPECT_EQ(list, (Entries{{"contaminantes", "Contaminantes"},
-                             {"pagina5", "Cálculos"},
-                             {"datosdeempresa", "Datos de empresa"},
-                             {"resultadofinal", "Resultado final"}}));
 }
 
 // ---- load
@@ -1172,67 +1131,6 @@ TEST_F(Form3Test, Datosdeempresa_UnloadsThePlanScreen) {
     Pick(0, "3");
     Choose("datosdeempresa");
     EXPECT_EQ(OpenForm3().Combo1(0).Text, "");
-}
-
-// ---- salir, imprimir, the clock
-
-TEST_F(Form3Test, Salir_DefaultsToNoAndStaysOnIt) {
-    const Form3& form = OpenForm3();
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacionNo, Respuesta::No);
-    Choose("salir");
-    EXPECT_EQ(&chain.Current(), &form);
-}
-
-TEST_F(Form3Test, Salir_OnYesEndsTheProcessWhateverThePlanLacks) {
-    OpenForm3();
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacionNo, Respuesta::Si);
-    host.ExpectEnd();
-    Choose("salir");
-}
-
-TEST_F(Form3Test, Imprimir_OnYesShowsThePrintDialogForPages0To1000AndPrints) {
-    OpenForm3();
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
-    Choose("imprimir");
-    ASSERT_EQ(host.print_dialogs.size(), 1u);
-    EXPECT_EQ(host.print_dialogs[0].Flags, 524288u);
-    EXPECT_EQ(host.print_dialogs[0].FromPage, 0);
-    EXPECT_EQ(host.print_dialogs[0].ToPage, 1000);
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(Form3Test, Imprimir_OnNoPrintsNothing) {
-    OpenForm3();
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::No);
-    Choose("imprimir");
-    EXPECT_TRUE(host.print_dialogs.empty());
-    EXPECT_EQ(host.printed, 0);
-}
-
-TEST_F(Form3Test, Imprimir_PassesOverAStepThatFails) {
-    OpenForm3();
-    host.on_print = [] { throw ErrorEjecucion(TipoError::Desbordamiento); };
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
-    EXPECT_NO_THROW(Choose("imprimir"));
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(Form3Test, TheClockIsBoldAndWhiteAtTheFootAndShowsTheTimersTime) {
-    Form3& form = OpenForm3();
-    EXPECT_TRUE(Find("Label2").row.look.bold);
-    EXPECT_EQ(Find("Label2").row.look.fore, 0xFFFFFFu);
-    EXPECT_EQ(Find("Label2").row.look.points, 8.25);
-    EXPECT_EQ(form.Label2.Caption, "");
-    host.now.tm_mday = 31;
-    host.now.tm_mon = 11;  // December
-    host.now.tm_year = 99;
-    host.now.tm_hour = 23;
-    host.now.tm_min = 0;
-    host.now.tm_sec = 4;
-    form.Timer1_Timer();
-    EXPECT_EQ(form.Label2.Caption, "31:12:99     23:00:04");
-    EXPECT_EQ(&form.Clock(), &form.Label2);
-    ExpectPlanOpen(form);
 }
 
 }  // namespace

@@ -21,10 +21,6 @@ constexpr std::string_view kBeyondPlanAtPick =
     " El número de tareas seleccionado no es coherente con el valor asignado inicialmente";
 constexpr std::string_view kBeyondPlan = " El número de tareas seleccionado no es coherente";
 constexpr std::string_view kIncomplete = " Cumplimente todos los datos";
-constexpr std::string_view kQuit = "¿Está seguro de que quiere salir?";
-constexpr std::string_view kPrint =
-    "Se imprimirá pantalla\r\n¿Desea continuar?\r\n \r\n"
-    "Pulsar 'Si' no admite cancelación posterior";
 
 constexpr KeyCode kPoint = 46;
 constexpr KeyCode kBackspace = 8;
@@ -191,13 +187,6 @@ bool HeadingsHidden(const Form4& form) {
 
 // ---- layout
 
-TEST_F(Form4Test, ItsCaptionAndClientAreaAreThoseOfTheDesign) {
-    const Form4& form = OpenForm4();
-    EXPECT_EQ(form.Caption, " Velmora / h4");
-    EXPECT_EQ(form.ClientArea().width, 11880);
-    EXPECT_EQ(form.ClientArea().height, 8310);
-}
-
 TEST_F(Form4Test, HeadingsAndButtonsStandWhereTheDesignPutsThemWithTheirTexts) {
     const Form4& form = OpenForm4();
     struct Expected {
@@ -322,36 +311,6 @@ TEST_F(Form4Test, TheUnitListsHaveNoClickHandler) {
     OpenForm4();
     for (int i = 0; i <= 5; ++i) EXPECT_FALSE(Find(Indexed("Combo13", i)).events.Click) << i;
     EXPECT_TRUE(Find("Combo1").events.Click);
-}
-
-TEST_F(Form4Test, TheMenuHasItsEntriesAndSpacersInTheOrderGiven) {
-    const Form4& form = OpenForm4();
-    using Entries = std::vector<std::pair<std::string_view, std::string_view>>;
-    Entries bar;
-    for (const MenuEntry& entry : form.Menu()) {
-        bar.emplace_back(entry.name, entry.caption);
-        const bool opens_or_spaces = entry.name == "continuar" || entry.caption.empty();
-        EXPECT_EQ(static_cast<bool>(entry.Click), !opens_or_spaces) << entry.name;
-        EXPECT_EQ(entry.list.empty(), entry.name != "continuar") << entry.name;
-    }
-    EXPECT_EQ(bar, (Entries{{"vacio1", ""},
-                            {"vacio7", ""},
-                            {"continuar", "Continuar/Regresar"},
-                            {"vacio10", ""},
-                            {"vacio11", ""},
-                            {"imprimir", "Imprimir"},
-                            {"vacio22", ""},
-                            {"vacio23", ""},
-                            {"salir", "Salir"}}));
-    Entries list;
-    for (const MenuEntry& entry : form.FindEntry("continuar")->list) {
-        list.emplace_back(entry.name, entry.caption);
-        EXPECT_TRUE(entry.Click) << entry.name;
-    }
-    EXPECT_EQ(list, (Entries{{"pagina5", "Cálculos"},
-                             {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
-                             {"datosdeempresa", "Datos de empresa"},
-                             {"resultadosfinales", "Resultado final"}}));
 }
 
 // ---- load
@@ -1001,20 +960,7 @@ TEST_F(Form4Test, TheCountersAreIntegersAndOverflowBeyond32767Digits) {
     }
 }
 
-// ---- moves, salir, imprimir, the clock
-
-TEST_F(Form4Test, TheFourEntriesOfContinuarMoveWithoutAGuard) {
-    for (const auto& [entry, target] : {std::pair{"pagina5", ScreenId::Form5},
-                                        {"datosiniciales", ScreenId::Form3},
-                                        {"datosdeempresa", ScreenId::Form2},
-                                        {"resultadosfinales", ScreenId::Form6}}) {
-        OpenForm4();
-        const EvaluacionRecord before = record;
-        Choose(entry);
-        EXPECT_EQ(chain.Current().Id(), target) << entry;
-        EXPECT_TRUE(record == before) << entry;
-    }
-}
+// ---- moves
 
 TEST_F(Form4Test, Datosdeempresa_ReliesOnTheLoadOfForm2Alone) {
     record.DatosEmpresa(2) = "Los Olivos";
@@ -1032,63 +978,6 @@ TEST_F(Form4Test, LeavingWithoutCommand1LosesWhatWasTyped) {
     Choose("datosiniciales");
     EXPECT_TRUE(record == before);
     EXPECT_TRUE(HeadingsHidden(OpenForm4()));
-}
-
-TEST_F(Form4Test, Salir_DefaultsToYesAndStaysOnNo) {
-    const Form4& form = OpenForm4();
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacion, Respuesta::No);
-    Choose("salir");
-    EXPECT_EQ(&chain.Current(), &form);
-}
-
-TEST_F(Form4Test, Salir_OnYesEndsTheProcess) {
-    OpenForm4();
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacion, Respuesta::Si);
-    host.ExpectEnd();
-    Choose("salir");
-}
-
-TEST_F(Form4Test, Imprimir_OnYesShowsThePrintDialogForPages0To1000AndPrints) {
-    OpenForm4();
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
-    Choose("imprimir");
-    ASSERT_EQ(host.print_dialogs.size(), 1u);
-    EXPECT_EQ(host.print_dialogs[0].Flags, 524288u);
-    EXPECT_EQ(host.print_dialogs[0].FromPage, 0);
-    EXPECT_EQ(host.print_dialogs[0].ToPage, 1000);
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(Form4Test, Imprimir_OnNoPrintsNothing) {
-    OpenForm4();
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::No);
-    Choose("imprimir");
-    EXPECT_TRUE(host.print_dialogs.empty());
-    EXPECT_EQ(host.printed, 0);
-}
-
-TEST_F(Form4Test, Imprimir_PassesOverAStepThatFails) {
-    OpenForm4();
-    host.on_print = [] { throw ErrorEjecucion(TipoError::Desbordamiento); };
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
-    EXPECT_NO_THROW(Choose("imprimir"));
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(Form4Test, TheClockIsBoldAndWhiteAtTheFootAndShowsTheTimersTime) {
-    Form4& form = OpenForm4();
-    EXPECT_TRUE(Find("Label1").row.look.bold);
-    EXPECT_EQ(Find("Label1").row.look.fore, 0xFFFFFFu);
-    EXPECT_EQ(Find("Label1").row.look.points, 8.25);
-    host.now.tm_mday = 1;
-    host.now.tm_mon = 0;  // January
-    host.now.tm_year = 126;
-    host.now.tm_hour = 0;
-    host.now.tm_min = 30;
-    host.now.tm_sec = 9;
-    form.Timer1_Timer();
-    EXPECT_EQ(form.Label1.Caption, "01:01:26     00:30:09");
-    EXPECT_EQ(&form.Clock(), &form.Label1);
 }
 
 }  // namespace

@@ -26,15 +26,6 @@ constexpr std::array kAllScreens = {ScreenId::Form1, ScreenId::Form2, ScreenId::
                                     ScreenId::Form4, ScreenId::Form5, ScreenId::Form6};
 
 constexpr std::string_view kExitQuestion = "¿Está seguro de que quiere salir?";
-constexpr std::string_view kNameMissing =
-    "Debe cumplimentarse por lo menos el nombre de la empresa";
-constexpr std::string_view kPlanIncomplete =
-    " Aún le faltan datos por introducir y sin ellos\r\n"
-    "  el programa no funcionará correctamente\r\n"
-    "¿Está seguro de que quiere continuar ?";
-constexpr std::string_view kGoBackQuestion =
-    "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
-    "¿Está seguro de que quiere regresar?";
 
 // The chain, with screens that only tell what happens to them.
 
@@ -388,18 +379,6 @@ constexpr std::array kUnguardedMoves = {
     Move{ScreenId::Form6, "datosdeempresa",    ScreenId::Form2},
 };
 
-constexpr std::array kFromForm2 = {
-    Move{ScreenId::Form2, "datosiniciales",    ScreenId::Form3},
-    Move{ScreenId::Form2, "contaminantes",     ScreenId::Form4},
-    Move{ScreenId::Form2, "calculos",          ScreenId::Form5},
-    Move{ScreenId::Form2, "resulatadofinal",   ScreenId::Form6},
-};
-
-constexpr std::array kGuardedFromForm3 = {
-    Move{ScreenId::Form3, "contaminantes",     ScreenId::Form4},
-    Move{ScreenId::Form3, "pagina5",           ScreenId::Form5},
-    Move{ScreenId::Form3, "resultadofinal",    ScreenId::Form6},
-};
 // clang-format on
 
 TEST_F(ScreensTest, UnguardedEntriesMoveAtOnceAndChangeNothingOfTheRecord) {
@@ -441,172 +420,6 @@ TEST_F(ScreensTest, LeavingForm5BlanksTheSheetAndTheDaysSnapshotBringsItBack) {
     EXPECT_EQ(Current<Form5>().Text1(1).Text, "Tolueno");
     EXPECT_EQ(Current<Form5>().Text1(7).Text, "120");
     EXPECT_TRUE(Current<Form5>().Text1(7).Visible);
-}
-
-// The guard of Form2
-
-TEST_F(ScreensTest, Form2_ContinuesToEachScreenAndStoresTheFields) {
-    for (const Move& move : kFromForm2) {
-        record = {};
-        auto& form2 = Open<Form2>(ScreenId::Form2);
-        form2.Text1(1).Text = "Talleres";
-        form2.Text1(19).Text = "A-7";
-        Choose(move.entry);
-        EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
-        EXPECT_EQ(record.DatosEmpresa(1), "Talleres");
-        EXPECT_EQ(record.DatosEmpresa(2), "---");
-        EXPECT_EQ(record.DatosEmpresa(19), "A-7");
-    }
-}
-
-TEST_F(ScreensTest, Form2_AnEmptyNameBlocksTheFourEntriesAndStoresNothing) {
-    for (const Move& move : kFromForm2) {
-        auto& form2 = Open<Form2>(ScreenId::Form2);
-        form2.Text1(1).Text = "";
-        form2.Text1(2).Text = "Polígono Norte";
-        host.ExpectBox(std::string(kNameMissing));
-        Choose(move.entry);
-        EXPECT_EQ(&chain.Current(), &form2) << move.entry;
-        EXPECT_EQ(record, EvaluacionRecord{}) << move.entry;
-    }
-}
-
-TEST_F(ScreensTest, Form2_AnEmptyNameLeavesTheOtherEntriesAtWork) {
-    auto& form2 = Open<Form2>(ScreenId::Form2);
-    form2.Text1(1).Text = "";
-    host.ExpectFileDialog(std::nullopt);
-    Choose("recuperardatos");
-    host.ExpectBox(
-        "Se imprimirá la pantalla\r\n¿Desea continuar?\r\n \r\n"
-        "Pulsar 'Si' no admite cancelación posterior",
-        Estilo::SiNo, Respuesta::Si);
-    Choose("imprimir");
-    EXPECT_EQ(host.printed, 1);
-    host.ExpectBox(std::string(kExitQuestion), Estilo::SiNoInformacionNo, Respuesta::Si);
-    host.ExpectEnd();
-    Choose("salir");
-    host.ExpectBox(std::string(kGoBackQuestion), Estilo::SiNoInformacionNo, Respuesta::Si);
-    Choose("Regresar");
-    EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
-}
-
-TEST_F(ScreensTest, Form2_AFieldLeftEmptyComesBackAsThreeDashes) {
-    auto& form2 = Open<Form2>(ScreenId::Form2);
-    form2.Text1(1).Text = "Talleres";
-    Choose("contaminantes");
-    Choose("datosdeempresa");
-    EXPECT_EQ(Current<Form2>().Text1(1).Text, "Talleres");
-    EXPECT_EQ(Current<Form2>().Text1(2).Text, "---");
-}
-
-TEST_F(ScreensTest, Form2_RegresarAsksAndMovesOnYesOnly) {
-    auto& form2 = Open<Form2>(ScreenId::Form2);
-    form2.Text1(1).Text = "Talleres";
-    host.ExpectBox(std::string(kGoBackQuestion), Estilo::SiNoInformacionNo, Respuesta::No);
-    Choose("Regresar");
-    EXPECT_EQ(&chain.Current(), &form2);
-    host.ExpectBox(std::string(kGoBackQuestion), Estilo::SiNoInformacionNo, Respuesta::Si);
-    Choose("Regresar");
-    EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
-    EXPECT_EQ(record, EvaluacionRecord{});  // the fields aren't stored
-}
-
-// The guards of Form3
-
-class Form3GuardTest : public ScreensTest {
-protected:
-    /// A plan whose last pair of day and task has its hours.
-    void SetPlan(int days, int tasks) {
-        record.NumJornadas = days;
-        record.NumTareas = tasks;
-        record.TiempoExposicion(days, tasks) = 8;
-    }
-
-    void ExpectNoPrompt() {
-        for (const Move& move : kGuardedFromForm3) {
-            Show(ScreenId::Form3);
-            Choose(move.entry);
-            EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
-        }
-    }
-
-    /// Each of the three entries asks; No stays, Yes moves all the same. `spoil` changes the
-    /// screen once it is loaded.
-    void ExpectPrompt(const std::function<void(Form3&)>& spoil = [](Form3&) {}) {
-        for (const Move& move : kGuardedFromForm3) {
-            auto& form3 = Open<Form3>(ScreenId::Form3);
-            spoil(form3);
-            host.ExpectBox(std::string(kPlanIncomplete), Estilo::SiNoInformacionNo, Respuesta::No);
-            Choose(move.entry);
-            EXPECT_EQ(&chain.Current(), &form3) << move.entry;
-            host.ExpectBox(std::string(kPlanIncomplete), Estilo::SiNoInformacionNo, Respuesta::Si);
-            Choose(move.entry);
-            EXPECT_EQ(chain.Current().Id(), move.to) << move.entry;
-        }
-    }
-};
-
-TEST_F(Form3GuardTest, WithoutAPlanTheThreeEntriesAsk) { ExpectPrompt(); }
-
-TEST_F(Form3GuardTest, WithoutTasksTheThreeEntriesAsk) {
-    record.NumJornadas = 3;
-    ExpectPrompt();
-}
-
-TEST_F(Form3GuardTest, WithoutDaysTheThreeEntriesAsk) {
-    record.NumTareas = 3;
-    ExpectPrompt();
-}
-
-TEST_F(Form3GuardTest, ACompletePlanMovesWithoutAPrompt) {
-    SetPlan(1, 1);
-    ExpectNoPrompt();
-    SetPlan(3, 3);
-    ExpectNoPrompt();
-}
-
-TEST_F(Form3GuardTest, AnEmptyCellOfThePlanAsks) {
-    SetPlan(1, 2);
-    for (const int cell : {0, 5, 11}) {
-        ExpectPrompt([&](Form3& form3) { form3.Text1(cell).Text = ""; });
-    }
-}
-
-TEST_F(Form3GuardTest, AnEmptyCellBeyondThePlanDoesNotCount) {
-    SetPlan(1, 2);
-    ASSERT_EQ(Open<Form3>(ScreenId::Form3).Text1(12).Text, "");
-    ExpectNoPrompt();
-}
-
-TEST_F(Form3GuardTest, NoHoursAtTheLastPairAsk) {
-    SetPlan(3, 2);
-    record.TiempoExposicion(1, 1) = 8;
-    record.TiempoExposicion(3, 2) = 0;
-    ExpectPrompt();
-}
-
-TEST_F(Form3GuardTest, NoHoursAtAnEarlierPairDoNotCount) {
-    SetPlan(3, 2);
-    for (const auto& [day, task] : {std::pair{1, 1}, {1, 2}, {2, 1}, {2, 2}, {3, 1}}) {
-        ASSERT_EQ(record.TiempoExposicion(day, task), 0.0);
-    }
-    ExpectNoPrompt();
-}
-
-TEST_F(Form3GuardTest, datosdeempresa_NeedsNoPlanAndShowsNoPrompt) {
-    Show(ScreenId::Form3);
-    Choose("datosdeempresa");
-    EXPECT_EQ(chain.Current().Id(), ScreenId::Form2);
-}
-
-TEST_F(Form3GuardTest, datosdeempresa_FillsTheBoxesEvenWithoutACompanysName) {
-    record.DatosEmpresa(2) = "Polígono Norte";
-    Show(ScreenId::Form3);
-    Choose("datosdeempresa");
-    const auto& form2 = Current<Form2>();
-    EXPECT_EQ(form2.Text1(1).Text, "");  // the hint is gone, too
-    EXPECT_EQ(form2.Text1(2).Text, "Polígono Norte");
-    EXPECT_EQ(form2.Text1(9).Text, "");
 }
 
 TEST_F(ScreensTest, OtherWaysToForm2LeaveItToItsLoadHandler) {

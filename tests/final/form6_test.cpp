@@ -623,29 +623,6 @@ TEST_F(Form6Test, HeadingsAndBlocksAreBoldDarkOnPaleAndIgStandsOut) {
 
 // Moves
 
-struct Move {
-    std::string_view entry;
-    ScreenId target;
-};
-
-TEST_F(Form6Test, EachEntryOfTheListMovesToItsScreen) {
-    for (const Move& move :
-         {Move{"calculos", ScreenId::Form5}, Move{"contaminantes", ScreenId::Form4},
-          Move{"datosiniciales", ScreenId::Form3}, Move{"datosdeempresa", ScreenId::Form2}}) {
-        Screen6();
-        Choose(move.entry);
-        EXPECT_EQ(chain.Current().Id(), move.target) << move.entry;
-    }
-}
-
-TEST_F(Form6Test, PressingTheTitleRegresarMovesToForm5AtOnce) {
-    const MenuEntry* title = Screen6().FindEntry("regresar");
-    ASSERT_NE(title, nullptr);
-    EXPECT_EQ(title->list.size(), 4U);  // it has a list all the same
-    Choose("regresar");
-    EXPECT_EQ(chain.Current().Id(), ScreenId::Form5);
-}
-
 TEST_F(Form6Test, LeavingAndComingBackHidesTheTableAgain) {
     Screen6().Command1_Click();
     Choose("calculos");

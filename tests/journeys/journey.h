@@ -16,6 +16,9 @@
 
 namespace velmora::journeys {
 
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
 /// One run of the program from its start, put together as `velmora` is, and the robot that uses it.
 /// Its end is noted instead of ending this process.
 struct Program {

@@ -10,9 +10,6 @@
 namespace velmora::journeys {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class Journeys : public JourneyTest {
 protected:
     std::string FileNamed(const char* name) const {

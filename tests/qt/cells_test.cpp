@@ -24,9 +24,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
-
 class CellTest : public WindowTest {
 protected:
     QLineEdit& Edit(std::string_view cell) { return robot.Find<QLineEdit>(cell); }

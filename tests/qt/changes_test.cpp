@@ -17,10 +17,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::Not;
-using ::testing::StartsWith;
-
 const QString kMark = QStringLiteral("marca");
 
 /// Notes the widgets whose visibility, lock, colours or enabling is told anew.

@@ -11,8 +11,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-
 class RunTimeErrorTest : public WindowTest {
 protected:
     void ExpectErrorBox(const std::string& sentence) {

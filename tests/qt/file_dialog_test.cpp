@@ -20,9 +20,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 class FileDialogTest : public WindowTest {
 protected:
     std::string Path(std::string_view name) { return folder.filePath(ToQt(name)).toStdString(); }

@@ -20,9 +20,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-
 class FocusTest : public WindowTest {
 protected:
     /// The sheet of a plan, its first day laid out.

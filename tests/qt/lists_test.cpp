@@ -22,8 +22,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-
 class ListTest : public WindowTest {
 protected:
     QComboBox& Box(std::string_view list) { return robot.Find<QComboBox>(list); }

@@ -7,8 +7,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAreArray;
-
 struct Entry {
     std::string name;
     std::string caption;

@@ -18,9 +18,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class MoveTest : public WindowTest {
 protected:
     void ExpectNoNameTwice() {

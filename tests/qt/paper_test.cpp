@@ -17,9 +17,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::Not;
-
 class PaperTest : public WindowTest {
 protected:
     PaperTest() {

@@ -19,10 +19,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::Ge;
-using ::testing::Le;
-
 /// A colour number as the toolkit's: low byte red; the two system colours are those of the window.
 QColor Seen(Color color) {
     if (color == kFondoDeVentana) return QColor(255, 255, 255);

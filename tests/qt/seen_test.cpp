@@ -26,9 +26,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 // Keys and buttons of the mouse.
 
 using EachScreensButtonTest = EachScreenTest;

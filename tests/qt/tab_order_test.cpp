@@ -8,9 +8,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-
 /// The names of the controls that the Tab key reaches, one round from the first on.
 std::vector<std::string> Round(Robot& robot, Qt::Key key = Qt::Key_Tab) {
     constexpr std::size_t kMany = 1000;

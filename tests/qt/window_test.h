@@ -21,6 +21,16 @@
 
 namespace velmora::test {
 
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::Ge;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Le;
+using ::testing::Not;
+using ::testing::StartsWith;
+
 inline constexpr std::array<ScreenId, 6> kScreens = {ScreenId::Form1, ScreenId::Form2,
                                                      ScreenId::Form3, ScreenId::Form4,
                                                      ScreenId::Form5, ScreenId::Form6};

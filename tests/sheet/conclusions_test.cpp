@@ -9,9 +9,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
-
 constexpr std::string_view kSeguraDecima =
     "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
 constexpr std::string_view kSegura = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA";

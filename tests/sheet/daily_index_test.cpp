@@ -1,14 +1,12 @@
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "support/sheet_test.h"
 
 namespace velmora::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class DailyIndexTest : public SheetTest {
 protected:
@@ -28,6 +26,14 @@ protected:
         for (int row = 1; row <= last; ++row) texts.push_back(IndicMas(row));
         return texts;
     }
+
+    /// What the button makes of the group and the index of the first rows.
+    std::vector<std::string> IndicMasOf(
+        const std::vector<std::pair<std::string_view, std::string_view>>& rows) {
+        for (int row = 1; const auto& [group, index] : rows) SetRow(row++, group, index);
+        form.Command4_Click();
+        return IndicMasTo(static_cast<int>(rows.size()));
+    }
 };
 
 // ------------------------------------------------------------------------------ without a group
@@ -39,12 +45,8 @@ TEST_F(DailyIndexTest, WithoutGroupsEachRowShowsItsIndexAsItStands) {
 }
 
 TEST_F(DailyIndexTest, TheIndexIsCopiedWithoutAConversion) {
-    SetRow(1, "0", "1.20");
-    SetRow(2, "", ".");
-    SetRow(3, "x", "4. y");
-    SetRow(4, ".", "");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(4), ElementsAre("1.20", ".", "4. y", ""));
+    EXPECT_THAT(IndicMasOf({{"0", "1.20"}, {"", "."}, {"x", "4. y"}, {".", ""}}),
+                ElementsAre("1.20", ".", "4. y", ""));
 }
 
 TEST_F(DailyIndexTest, IndexesWithoutAGroupAreNeverSummed) {
@@ -95,11 +97,8 @@ TEST_F(DailyIndexTest, AGroupWhoseOtherMembersHaveNoIndexIsEmptiedAndSpreadsAZer
 }
 
 TEST_F(DailyIndexTest, AGroupWhoseFirstMemberHasNoIndexKeepsTheSumOfTheOthers) {
-    SetRow(1, "1", ".");
-    SetRow(2, "1", ".2");
-    SetRow(3, "1", ".3");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(3), ElementsAre("0.5", "0.5", "0.5"));
+    EXPECT_THAT(IndicMasOf({{"1", "."}, {"1", ".2"}, {"1", ".3"}}),
+                ElementsAre("0.5", "0.5", "0.5"));
 }
 
 TEST_F(DailyIndexTest, AGroupRunsAcrossTheThreeTasks) {
@@ -124,35 +123,21 @@ TEST_F(DailyIndexTest, EachNumberUpTo20IsSummedAndNoHigherOne) {
 }
 
 TEST_F(DailyIndexTest, Groups19And20KeepTheirSumsAndNeverSpreadThem) {
-    SetRow(1, "19", ".4");
-    SetRow(2, "20", ".1");
-    SetRow(3, "19", ".4");
-    SetRow(4, "20", ".2");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.8", "0.3", "", ""));
+    EXPECT_THAT(IndicMasOf({{"19", ".4"}, {"20", ".1"}, {"19", ".4"}, {"20", ".2"}}),
+                ElementsAre("0.8", "0.3", "", ""));
 }
 
 TEST_F(DailyIndexTest, AGroupAbove20IsLeftEmpty) {
-    SetRow(1, "21", ".4");
-    SetRow(2, "21", ".1");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(2), ElementsAre("", ""));
+    EXPECT_THAT(IndicMasOf({{"21", ".4"}, {"21", ".1"}}), ElementsAre("", ""));
 }
 
 TEST_F(DailyIndexTest, ANumberThatIsNotWholeIsNoGroupAndNoAbsenceOfOne) {
-    SetRow(1, "1.5", ".4");
-    SetRow(2, "1.5", ".1");
-    SetRow(3, "0.5", ".1");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", ""));
+    EXPECT_THAT(IndicMasOf({{"1.5", ".4"}, {"1.5", ".1"}, {"0.5", ".1"}}), ElementsAre("", "", ""));
 }
 
 TEST_F(DailyIndexTest, GroupNumbersAreComparedAsNumbers) {
-    SetRow(1, "1", ".4");
-    SetRow(2, "1.0", ".1");
-    SetRow(3, "01 ", ".2");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(3), ElementsAre("0.7", "0.7", "0.7"));
+    EXPECT_THAT(IndicMasOf({{"1", ".4"}, {"1.0", ".1"}, {"01 ", ".2"}}),
+                ElementsAre("0.7", "0.7", "0.7"));
 }
 
 TEST_F(DailyIndexTest, AMemberWithTheGroupsNumberBehindTheFirstSpreadsItsOwnEmptyCell) {
@@ -167,12 +152,8 @@ TEST_F(DailyIndexTest, AMemberWithTheGroupsNumberBehindTheFirstSpreadsItsOwnEmpt
 }
 
 TEST_F(DailyIndexTest, SeveralGroupsAreKeptApart) {
-    SetRow(1, "1", ".1");
-    SetRow(2, "2", "1.");
-    SetRow(3, "1", ".2");
-    SetRow(4, "2", "2.");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.3", "3", "0.3", "3"));
+    EXPECT_THAT(IndicMasOf({{"1", ".1"}, {"2", "1."}, {"1", ".2"}, {"2", "2."}}),
+                ElementsAre("0.3", "3", "0.3", "3"));
 }
 
 TEST_F(DailyIndexTest, TheRunningSumLivesInTheCellAsTextOfFifteenDigits) {
@@ -365,29 +346,19 @@ TEST_F(DailyIndexTest, ADayOutsideTheRecordEndsTheProgramWithTheSumsWritten) {
 
 TEST_F(DailyIndexTest, UnderACommaTheIndexesEnterTheSumsCutAtIt) {
     const WithSeparator comma(",");
-    SetRow(1, "1", "1,23");
-    SetRow(2, "1", ",45");
-    SetRow(3, "1", "2,9");
-    SetRow(4, "0", "1,23");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(4), ElementsAre("3", "3", "3", "1,23"));
+    EXPECT_THAT(IndicMasOf({{"1", "1,23"}, {"1", ",45"}, {"1", "2,9"}, {"0", "1,23"}}),
+                ElementsAre("3", "3", "3", "1,23"));
 }
 
 TEST_F(DailyIndexTest, UnderACommaAGroupOfFractionsAddsUpToNothing) {
     const WithSeparator comma(",");
-    SetRow(1, "1", ",45");
-    SetRow(2, "1", ",45");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(2), ElementsAre("", "0"));
+    EXPECT_THAT(IndicMasOf({{"1", ",45"}, {"1", ",45"}}), ElementsAre("", "0"));
 }
 
 TEST_F(DailyIndexTest, UnderACommaARunningSumIsReadBackCut) {
     const WithSeparator comma(",");
     // Worked by hand: 0 + 1.5 is 1,5, read back as 1; 1 + 1.5 is 2,5, which spreads as 2.
-    SetRow(1, "1", "1.5");
-    SetRow(2, "1", "1.5");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(2), ElementsAre("2,5", "2"));
+    EXPECT_THAT(IndicMasOf({{"1", "1.5"}, {"1", "1.5"}}), ElementsAre("2,5", "2"));
 }
 
 TEST_F(DailyIndexTest, UnderACommaTheColumnsAreWrittenWithIt) {

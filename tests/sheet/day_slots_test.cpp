@@ -11,9 +11,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 constexpr std::string_view kDiaIncoherente =
     " El número de día seleccionado no es coherente con los datos introducidos";
 
@@ -334,102 +331,7 @@ TEST_F(SheetLayoutTest, TheFiveAnswerCellsAreLockedFromTheStart) {
     }
 }
 
-TEST_F(SheetLayoutTest, TheScreenHasItsSizeAndItsCaptionOfDesign) {
-    const auto made = MakeScreen(ScreenId::Form5, Entorno{record, chain, host});
-    EXPECT_EQ(made->Caption,
-              " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ");
-    EXPECT_EQ(made->ClientArea().width, 11880);
-    EXPECT_EQ(made->ClientArea().height, 8310);
-}
-
 // -------------------------------------------------------------------------------- menu and moves
-
-TEST_F(SheetTest, TheMenuBarHasItsEntriesAndSpacersInTheirOrder) {
-    std::vector<std::string> bar;
-    for (const MenuEntry& title : form.Menu()) {
-        bar.push_back(std::string(title.name) + "|" + std::string(title.caption));
-        for (const MenuEntry& entry : title.list) {
-            bar.push_back("- " + std::string(entry.name) + "|" + std::string(entry.caption));
-        }
-    }
-    EXPECT_THAT(
-        bar, ElementsAre("vacio1|", "vacio2|", "introducirdatos|Introducir datos",
-                         "- introprimero|Primer dia", "- introsegundo|Segundo dia",
-                         "- introtercero|Tercer dia", "vacio3|", "vacio4|",
-                         "recuperar|Recuperar datos/cálculos", "- recupprimerdia|Primer dia",
-                         "- recupsegundodia|Segundo dia", "- recuptercerdia|Tercer dia", "vacio5|",
-                         "vacio6|", "continuar|Continuar/Regresar",
-                         "- datosiniciales|Datos iniciales: Jornadas y Tareas",
-                         "- contaminantes|Contaminantes", "- resultadosfinales|Resultado final",
-                         "- datosempresa|Datos de empresa", "vacio9|", "vacio14|",
-                         "imprimir|Imprimir", "vacio15|", "salir|Salir"));
-}
-
-TEST_F(SheetTest, TheTitlesThatOpenListsAndTheSpacersHaveNoHandler) {
-    for (const MenuEntry& title : form.Menu()) {
-        const bool works = title.name == "imprimir" || title.name == "salir";
-        EXPECT_EQ(static_cast<bool>(title.Click), works) << title.name;
-    }
-}
-
-TEST_F(SheetTest, EachEntryOfContinuarGoesToItsScreen) {
-    const std::array<std::pair<std::string_view, ScreenId>, 4> moves = {
-        {{"datosiniciales", ScreenId::Form3},
-         {"contaminantes", ScreenId::Form4},
-         {"resultadosfinales", ScreenId::Form6},
-         {"datosempresa", ScreenId::Form2}}};
-    for (const auto& [entry, target] : moves) {
-        Open<Form5>(ScreenId::Form5);
-        Choose(entry);
-        EXPECT_EQ(chain.Current().Id(), target) << entry;
-    }
-}
-
-TEST_F(SheetTest, Salir_AsksWithYesAsDefaultAndStaysOnNo) {
-    host.ExpectBox("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, Respuesta::No);
-    Choose("salir");
-}
-
-TEST_F(SheetTest, Salir_EndsTheProcessOnYes) {
-    host.ExpectBox("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, Respuesta::Si);
-    host.ExpectEnd();
-    Choose("salir");
-}
-
-constexpr std::string_view kPreguntaDeImprimir =
-    "Se imprimirán todos los datos en pantalla\r\n¿Desea continuar?\r\n \r\n"
-    "Pulsar 'Si' no admite cancelación posterior";
-
-TEST_F(SheetTest, Imprimir_OnYesShowsThePrintDialogAndPrintsTheSheet) {
-    host.ExpectBox(std::string(kPreguntaDeImprimir), Estilo::SiNo, Respuesta::Si);
-    Choose("imprimir");
-    ASSERT_EQ(host.print_dialogs.size(), 1U);
-    EXPECT_EQ(host.print_dialogs[0].Flags, 524288U);
-    EXPECT_EQ(host.print_dialogs[0].FromPage, 0);
-    EXPECT_EQ(host.print_dialogs[0].ToPage, 1000);
-    EXPECT_EQ(host.printed, 1);
-}
-
-TEST_F(SheetTest, Imprimir_OnNoPrintsNothing) {
-    host.ExpectBox(std::string(kPreguntaDeImprimir), Estilo::SiNo, Respuesta::No);
-    Choose("imprimir");
-    EXPECT_TRUE(host.print_dialogs.empty());
-    EXPECT_EQ(host.printed, 0);
-}
-
-TEST_F(SheetTest, TheClockTouchesItsLabelAlone) {
-    host.now.tm_mday = 7;
-    host.now.tm_mon = 1;
-    host.now.tm_year = 104;
-    host.now.tm_hour = 9;
-    host.now.tm_min = 5;
-    host.now.tm_sec = 3;
-    const auto before = StateOf(form);
-    form.Timer1_Timer();
-    EXPECT_THAT(Changed(before, form), ElementsAre("Label5"));
-    EXPECT_EQ(form.Label5.Caption, "07:02:04     09:05:03");
-    EXPECT_EQ(&form.Clock(), &form.Label5);
-}
 
 TEST_F(SheetTest, LeavingTheSheetAndComingBackBlanksItButTheSlotCanBeBroughtBack) {
     SetPlan(1, 1, 1);

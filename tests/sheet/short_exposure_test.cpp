@@ -11,10 +11,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
-
 /// One of the three twins: its task and its button.
 struct Twin {
     int tarea;

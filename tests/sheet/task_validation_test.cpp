@@ -10,10 +10,6 @@
 namespace velmora::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
-
 constexpr std::string_view kSinLimites = "No se dispone de datos relativos a los contaminantes ";
 constexpr std::string_view kPocasMuestras = "No hay datos suficientes para operar ";
 constexpr std::string_view kHuecos = "No deje espacios vacios";

@@ -17,6 +17,10 @@
 
 namespace velmora::test {
 
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
 /// Columns of `Text1`.
 inline constexpr int kNumero = 0;
 inline constexpr int kNombre = 1;
