@@ -5,8 +5,12 @@
 
 namespace velmora::report {
 
-/// The report of a record whose file held so many cells of the final table, row by row; what it
-/// didn't hold isn't missed in the second reading.
-Report MakeReport(const EvaluacionRecord& record, int cells_read);
+/// The report of a record whose file held so many lines, up to kLinesOfEvaluation; what it didn't
+/// hold isn't missed in the second reading.
+Report MakeReport(const EvaluacionRecord& record, int lines);
+
+// Where the parts of the file begin, by line.
+inline constexpr int kFirstOfSheets = 160;
+inline constexpr int kFirstOfFinalTable = 1363;
 
 }  // namespace velmora::report

@@ -30,7 +30,7 @@ struct DayCase {
         Figure shown;
         double read = 0;
     };
-    ByRow<std::array<ReadCell, kColumns>> grid;
+    ByRow<std::array<ReadCell, kSheetColumns>> grid;
 
 private:
     const ReadCell& At(int row, Column column) const {

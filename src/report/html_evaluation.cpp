@@ -63,6 +63,7 @@ Markup PercentOf(const Figure& figure) {
 Markup OtherConclusion(const Day& day) {
     const Conclusion& sheet = day.sheet;
     const Conclusion& plain = day.plain;
+    if (plain.index_sentence.empty()) return "";  // nothing was computed
     Markup others;
     const auto compare = [&](const std::string& ours, const std::string& theirs) {
         if (Shown(ours) != Shown(theirs)) others += Element("li", Text(theirs));
@@ -102,17 +103,31 @@ Markup DayCard(const Day& day) {
     return Element("article", content, "class=\"tarjeta\"");
 }
 
-Markup ReviewNotice(const Report& report) {
-    if (report.findings.empty() && report.remarks.empty()) {
-        return Element("p", "La segunda lectura no encuentra nada que revisar.");
-    }
-    const std::size_t all = report.findings.size() + report.remarks.size();
+/// What the findings do to the verdicts, together and one by one.
+Markup EffectOf(const Report& report) {
     const auto changing = std::ranges::count(report.findings, true, &Finding::changes_verdict);
-    Markup text = "<a href=\"#revisar\">Lo que conviene revisar</a>: " + Whole(all) +
-                  (all == 1 ? " punto" : " puntos");
-    text += changing == 0 ? ", ninguno de los cuales cambia un veredicto."
-                          : ", de los que <b>" + Whole(changing) +
-                                (changing == 1 ? " cambia" : " cambian") + " un veredicto</b>.";
+    if (changing > 0) {
+        return ", de los que <b>" + Whole(changing) + (changing == 1 ? " cambia" : " cambian") +
+               " un veredicto</b>.";
+    }
+    const bool together = std::ranges::any_of(
+        report.days, [](const Day& day) { return day.validated && !OtherConclusion(day).empty(); });
+    return together ? "; ninguno cambia por sí solo un veredicto, pero juntos sí."
+                    : ", ninguno de los cuales cambia un veredicto.";
+}
+
+Markup ReviewNotice(const Report& report) {
+    const Markup link = "<a href=\"#revisar\">Lo que conviene revisar</a>: ";
+    const std::size_t points = report.findings.size();
+    Markup text;
+    if (points > 0) {
+        text = link + Whole(points) + (points == 1 ? " punto" : " puntos") + EffectOf(report);
+    }
+    if (!report.remarks.empty()) {
+        text += (text.empty() ? link : Markup(" ")) +
+                "El fichero de la evaluación no se ha leído entero o tal como se escribió.";
+    }
+    if (text.empty()) return Element("p", "La segunda lectura no encuentra nada que revisar.");
     return Element("p", text, "class=\"aviso\"");
 }
 

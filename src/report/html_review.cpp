@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <array>
+#include <span>
 
+#include "report/cells.h"
 #include "report/html_parts.h"
 #include "report/text.h"
 #include "report/version.h"
@@ -10,15 +12,27 @@ namespace velmora::report {
 
 namespace {
 
-using Column = Table::Column;
+using Heading = Table::Column;
 
 /// A number of the plan, "todas" for 0.
 std::string Which(int number) { return number == 0 ? "todas" : Whole(number); }
 
+/// The other rows of a finding, each as task and contaminant: " (también 1·3, 2·1)".
+Markup OtherRows(const Finding& finding) {
+    if (finding.rows.size() < 2) return "";
+    Markup others;
+    for (const int row : std::span(finding.rows).subspan(1)) {
+        others +=
+            (others.empty() ? "" : ", ") + Whole(TaskOf(row)) + "·" + Whole(ContaminantOf(row));
+    }
+    return " <small>(también " + others + ")</small>";
+}
+
 Markup NameOf(const Finding& finding) {
     if (finding.contaminant == 0) return finding.name.empty() ? "—" : Text(finding.name);
     const std::string number = Whole(finding.contaminant);
-    return finding.name.empty() ? "nº " + number : number + " " + Text(finding.name);
+    return (finding.name.empty() ? "nº " + number : number + " " + Text(finding.name)) +
+           OtherRows(finding);
 }
 
 Markup OrDash(std::string_view text) {
@@ -28,14 +42,14 @@ Markup OrDash(std::string_view text) {
 
 Markup FindingTable(const Report& report) {
     constexpr std::array kColumns = {
-        Column{"Jornada"},
-        Column{"Tarea"},
-        Column{"Contaminante", false, true},
-        Column{"Qué"},
-        Column{"La hoja"},
-        Column{"Cálculo llano"},
-        Column{"Por qué"},
-        Column{"¿Cambia el veredicto?"},
+        Heading{"Jornada"},
+        Heading{"Tarea"},
+        Heading{"Contaminante", false, true},
+        Heading{"Qué"},
+        Heading{"La hoja"},
+        Heading{"Cálculo llano"},
+        Heading{"Por qué"},
+        Heading{"¿Cambia el veredicto?"},
     };
     Table table("tabla-revisar", "Lo que dice la hoja y lo que sale al calcularlo de nuevo.",
                 kColumns);
@@ -47,6 +61,12 @@ Markup FindingTable(const Report& report) {
     }
     return table.Finish();
 }
+
+constexpr std::string_view kReadingOfTable =
+    "Un punto cambia el veredicto si alguna de las tres respuestas o de las dos frases del día "
+    "sería otra al corregir solo ese punto en la hoja, o al dejar solo ese punto sin corregir. Los "
+    "enlaces abren la guía del usuario instalada con Velmora; donde no lo esté, el título dice qué "
+    "apartado de la guía lo explica.";
 
 Markup RemarkList(const Report& report) {
     Markup items;
@@ -71,7 +91,7 @@ Markup ResultOf(const PreliminaryTest& test, int day) {
 Markup Formula(const Markup& formula) { return Element("p", formula, "class=\"formula\""); }
 
 Markup FactorTable() {
-    constexpr std::array kColumns = {Column{"Mediciones", true, true}, Column{"F"}};
+    constexpr std::array kColumns = {Heading{"Mediciones", true, true}, Heading{"F"}};
     Table table("tabla-f", "Factor F de la media estimada; nunca menor que 1.", kColumns);
     table.Row({"2", "1"});
     for (const Correccion& factor : kCorrecciones) {
@@ -82,7 +102,7 @@ Markup FactorTable() {
 }
 
 Markup CurveTable() {
-    constexpr std::array kColumns = {Column{"Clase, %", true, true}, Column{"Curva"}};
+    constexpr std::array kColumns = {Heading{"Clase, %", true, true}, Heading{"Curva"}};
     Table table("tabla-curvas",
                 "Clases de probabilidad, con r = EC+ / MG+: vale la primera curva que queda por "
                 "encima de GSD+.",
@@ -121,6 +141,7 @@ Markup ReviewSection(const Report& report) {
         content += Element("p", "<b>No se ha encontrado ninguna diferencia.</b>");
     } else {
         content += FindingTable(report);
+        content += Element("p", Markup(kReadingOfTable), "class=\"nota\"");
     }
     if (!report.remarks.empty()) content += RemarkList(report);
     return Section("revisar", "Lo que conviene revisar", content);
@@ -128,12 +149,12 @@ Markup ReviewSection(const Report& report) {
 
 Markup NormSection(const Report& report) {
     constexpr std::array kColumns = {
-        Column{"Contaminante o grupo", false, true},
-        Column{"Jornada 1", true},
-        Column{"Jornada 2", true},
-        Column{"Jornada 3", true},
-        Column{"Umbral", true},
-        Column{"Resultado"},
+        Heading{"Contaminante o grupo", false, true},
+        Heading{"Jornada 1", true},
+        Heading{"Jornada 2", true},
+        Heading{"Jornada 3", true},
+        Heading{"Umbral", true},
+        Heading{"Resultado"},
     };
     Table table("tabla-norma", "Exposición de cada jornada dividida por el VLA-ED, sin redondear.",
                 kColumns);

@@ -39,6 +39,7 @@ dd { margin: 0; }
 .v2 { border-color: #8a5a00; border-left-style: dashed; background: #fdf6e7; } .v2 .signo { color: #8a5a00; }
 .v3 { border-color: #a11d1d; border-left-style: double; border-left-width: 8px; background: #fcefee; }
 .v3 .signo { color: #fff; background: #a11d1d; }
+.nota { color: var(--soft); font-size: .9rem; }
 .falta { color: var(--soft); font-style: italic; }
 .otra { margin: .8rem 0 0; padding: .5rem .8rem; border: 1px dashed #8a5a00; font-size: .92rem; }
 .otra p, .otra ul { margin: 0; } .otra ul { padding-left: 1.2rem; }
@@ -60,6 +61,7 @@ small { color: var(--soft); font-size: .85em; white-space: nowrap; }
     padding: .8rem 1rem; background: var(--pale); }
 .respuestas dd { font-weight: 600; }
 #tabla-revisar ~ thead th, #tabla-revisar ~ tbody td { vertical-align: top; }
+#tabla-revisar ~ tbody td:nth-child(5), #tabla-revisar ~ tbody td:nth-child(6) { min-width: 6rem; }
 #tabla-revisar ~ tbody td:nth-child(7) { min-width: 18rem; }
 .caja { margin-top: 3rem; padding: .2rem 1.4rem 1rem; border: 2px solid var(--navy); border-radius: 4px; }
 .caja h2 { margin-top: 1rem; } .caja td:last-child { min-width: 16rem; }
@@ -119,9 +121,10 @@ svg .halo { stroke: #fff; stroke-width: 2.5px; stroke-linejoin: round; }
     .jornadas { page: apaisada; } .jornadas > h2 { margin-top: 0; }
     .jornadas > p { max-width: none; margin: 0; font-size: 8.5pt; }
     .jornada + .jornada { break-before: page; } .jornada h3 { margin: 2mm 0 1mm; }
-    .jornada table { font-size: 7.4pt; width: 100%; line-height: 1.25; }
-    .jornada th, .jornada td { padding: .55mm .9mm; } .jornada .grupo th { padding-top: 1.2mm; }
+    .jornada table { font-size: 7.4pt; width: 100%; line-height: 1.15; }
+    .jornada th, .jornada td { padding: .4mm .9mm; } .jornada .grupo th { padding-top: .8mm; }
     .respuestas { grid-template-columns: 3fr 2fr 4fr 3fr 5fr; padding: 2mm 3mm; font-size: 8.5pt; }
+    #tabla-revisar ~ tbody td:nth-child(5), #tabla-revisar ~ tbody td:nth-child(6) { min-width: 17mm; }
     #tabla-revisar ~ tbody td:nth-child(7), #tabla-revisar ~ tbody th { min-width: 0; }
     a { color: inherit; text-decoration: none; }
     * { print-color-adjust: exact; -webkit-print-color-adjust: exact; }

@@ -8,7 +8,6 @@
 
 #include "report/assembly.h"
 #include "report/findings.h"
-#include "report/review_final.h"
 #include "store/evaluation_file.h"
 
 namespace velmora::report {
@@ -19,8 +18,6 @@ namespace {
 constexpr int kFirstOfPlan = 22;
 constexpr int kFirstCount = 49;
 constexpr int kFirstOfAgents = 52;
-constexpr int kFirstOfSheets = 160;
-constexpr int kFirstOfFinalTable = kLinesOfEvaluation - kFinalCells + 1;
 
 constexpr int kLinesOfAgent = 6;
 
@@ -122,7 +119,7 @@ Report ReadReport(const std::string& file_name) {
     if (notes.lines == 0) throw Refused("está vacío");
     if (!LooksLikeEvaluation(notes)) throw Refused("no es una evaluación de Velmora");
 
-    Report report = MakeReport(record, std::max(notes.lines - kFirstOfFinalTable + 1, 0));
+    Report report = MakeReport(record, notes.lines);
     TellLines(notes, report.remarks);
     TellPlan(record, report.remarks);
     return report;

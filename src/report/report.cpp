@@ -198,15 +198,23 @@ std::vector<Day> DaysOf(const std::vector<DayCase>& cases, int days_planned) {
     return days;
 }
 
+/// Whether the file held all entries of the day's sheet; those of the three days take turns in it.
+bool HeldSheet(int lines, int day) { return lines >= kFirstOfFinalTable - kDays + day - 1; }
+
+std::vector<Finding> ReviewSheet(const EvaluacionRecord& record, const DayCase& day, int lines) {
+    return HeldSheet(lines, day.day) ? ReviewDay(record, day) : ReviewCutDay(day, lines);
+}
+
 /// All findings, those of no day last.
 std::vector<Finding> FindingsOf(const EvaluacionRecord& record,
-                                const std::vector<DayCase>& planned_days, int cells_read) {
+                                const std::vector<DayCase>& planned_days, int lines) {
     std::vector<Finding> all = ReviewPlan(record);
     const auto add = [&all](std::vector<Finding> more) {
         std::move(more.begin(), more.end(), std::back_inserter(all));
     };
-    for (const DayCase& day : planned_days) add(ReviewDay(record, day));
-    add(ReviewFinalTable(record, planned_days, cells_read));
+    for (const DayCase& day : planned_days) add(ReviewSheet(record, day, lines));
+    const int final_cells = std::max(lines - kFirstOfFinalTable + 1, 0);
+    add(ReviewFinalTable(record, planned_days, final_cells));
     std::stable_sort(all.begin(), all.end(), [](const Finding& a, const Finding& b) {
         return (a.day == 0 ? kDays + 1 : a.day) < (b.day == 0 ? kDays + 1 : b.day);
     });
@@ -215,7 +223,7 @@ std::vector<Finding> FindingsOf(const EvaluacionRecord& record,
 
 }  // namespace
 
-Report MakeReport(const EvaluacionRecord& record, int cells_read) {
+Report MakeReport(const EvaluacionRecord& record, int lines) {
     Report report;
     report.company = CompanyOf(record);
     report.days_planned = Cut(record.NumJornadas, kDays);
@@ -229,11 +237,11 @@ Report MakeReport(const EvaluacionRecord& record, int cells_read) {
     report.index_series = IndexSeriesOf(report.final_table, days);
     report.probability_plots = ProbabilityPlotsOf(days);
     report.ladder_points = LadderPointsOf(days);
-    report.findings = FindingsOf(record, days, cells_read);
+    report.findings = FindingsOf(record, days, lines);
     report.preliminary_tests = PreliminaryTests(record, days);
     return report;
 }
 
-Report MakeReport(const EvaluacionRecord& record) { return MakeReport(record, kFinalCells); }
+Report MakeReport(const EvaluacionRecord& record) { return MakeReport(record, kLinesOfEvaluation); }
 
 }  // namespace velmora::report

@@ -153,6 +153,7 @@ struct LadderPoint {
 enum class FindingKind {
     DayNotValidated,         ///< a day of the plan has no sheet
     DayWithoutMeasurements,  ///< a day was closed with nothing computed on its sheet
+    SheetCutShort,           ///< the file ends within the day's sheet
     DayBeyondPlan,           ///< a sheet of a day that the plan no longer has
     PlanChanged,             ///< hours, rows or tasks of the plan are other than the sheet's
     AgentChanged,            ///< a contaminant's name, limits, unit, time or group likewise

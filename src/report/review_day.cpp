@@ -1,5 +1,7 @@
 #include "report/review_day.h"
 
+#include <utility>
+
 #include "report/review_notes.h"
 
 namespace velmora::report {
@@ -12,12 +14,17 @@ std::vector<int> AllRows() {
     return rows;
 }
 
+/// The one finding of a day that has nothing for a verdict to rest on.
+std::vector<Finding> NothingToRestOn(FindingKind kind, const DayCase& day, Told told) {
+    Finding finding = MakeFinding(kind, day.day, {}, std::move(told));
+    finding.changes_verdict = true;
+    return {finding};
+}
+
 /// A day that was closed without any of its buttons: there is no figure to look at.
 std::vector<Finding> ReviewEmptyDay(const DayCase& day) {
-    Finding finding = MakeFinding(FindingKind::DayWithoutMeasurements, day.day, {},
-                                  {"conclusiones", (*day.sheet)(399), "sin mediciones calculadas"});
-    finding.changes_verdict = true;  // there is nothing for a verdict to rest on
-    return {finding};
+    return NothingToRestOn(FindingKind::DayWithoutMeasurements, day,
+                           {"conclusiones", (*day.sheet)(399), "sin mediciones calculadas"});
 }
 
 void NoteComma(ReviewNotes& notes) {
@@ -29,6 +36,12 @@ void NoteComma(ReviewNotes& notes) {
 }
 
 }  // namespace
+
+std::vector<Finding> ReviewCutDay(const DayCase& day, int lines) {
+    return NothingToRestOn(
+        FindingKind::SheetCutShort, day,
+        {"hoja del día", "cortada en la línea " + NumberText(lines), "1524 líneas"});
+}
 
 std::vector<Finding> ReviewDay(const EvaluacionRecord& record, const DayCase& day) {
     if (!day.computed) return ReviewEmptyDay(day);

@@ -16,4 +16,7 @@ namespace velmora::report {
 /// sheet's known causes, or was changed.
 std::vector<Finding> ReviewDay(const EvaluacionRecord& record, const DayCase& day);
 
+/// The same of a day whose sheet the file of so many lines didn't hold to its end: that alone.
+std::vector<Finding> ReviewCutDay(const DayCase& day, int lines);
+
 }  // namespace velmora::report

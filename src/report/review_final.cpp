@@ -123,6 +123,7 @@ private:
     void CompareOverall() {
         std::vector<int> zero;
         std::vector<int> missing;
+        std::vector<int> stale;
         for (int row = 1; row <= kRows; ++row) {
             if (!IsRead(row, kOverallColumn)) continue;
             const auto overall = OverallOf(row);
@@ -131,7 +132,7 @@ private:
             if (cell.empty()) {
                 if (overall.value_or(0) != 0) missing.push_back(row);
             } else if (!overall || !SameNumber(shown, *overall)) {
-                Note(FindingKind::StaleFinal, 0, {row}, {"IG", cell, NumberText(overall)});
+                stale.push_back(row);
             } else if (*overall == 0 && Cell(row, IndexColumn(3)).empty()) {
                 zero.push_back(row);
             }
@@ -139,6 +140,10 @@ private:
         if (!zero.empty()) {
             Note(FindingKind::OverallZero, 3, zero,
                  {"IG", Cell(zero.front(), kOverallColumn), "sin valor: falta I3"});
+        }
+        if (!stale.empty()) {
+            Note(FindingKind::StaleFinal, 0, stale,
+                 {"IG", Cell(stale.front(), kOverallColumn), NumberText(OverallOf(stale.front()))});
         }
         if (!missing.empty()) {
             Note(FindingKind::OverallMissing, 0, missing,

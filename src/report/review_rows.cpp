@@ -98,7 +98,9 @@ void CompareRowWithFirstDaysTime(ReviewNotes& notes) {
     if (notes.samples_changed(kRow) || IndexComesFrom(notes, kRow, notes.day.plan(kRow).hours)) {
         return;
     }
-    if (!IndexComesFrom(notes, kRow, notes.record.TiempoExposicion(1, 2).Valor())) {
+    const double first_days = notes.record.TiempoExposicion(1, 2).Valor();
+    // The first day's hours may have been changed since: any whole hours are taken for them.
+    if (!IndexComesFrom(notes, kRow, first_days) && HoursOf(notes, {kRow}).empty()) {
         notes.Fault(kRow, Column::Index, NumberText(index));
         return;
     }

@@ -107,6 +107,25 @@ TEST(HtmlTest, MegabytesInFieldsDontMakeAPageOfMegabytes) {
     EXPECT_LT(Html(MakeReport(record)).size(), large.size()) << "the size of one of them";
 }
 
+TEST(HtmlTest, NothingToReviewIsSaidInBothPlaces) {
+    Report report = MakeReport(Example());
+    report.findings.clear();
+    const std::string page = Html(report);
+    EXPECT_THAT(page, HasSubstr("La segunda lectura no encuentra nada que revisar."));
+    EXPECT_THAT(page, HasSubstr("No se ha encontrado ninguna diferencia."));
+}
+
+TEST(HtmlTest, TheNoticeTellsWhatTheFindingsDoToTheVerdicts) {
+    Report report = MakeReport(Example());
+    report.findings.resize(1);
+    report.findings.front().changes_verdict = false;
+    EXPECT_THAT(Html(report), HasSubstr("1 punto, ninguno de los cuales cambia un veredicto."));
+    report.days.front().plain.over_limit = "SI";
+    EXPECT_THAT(Html(report), HasSubstr("ninguno cambia por sí solo un veredicto, pero juntos sí"));
+    report.findings.front().changes_verdict = true;
+    EXPECT_THAT(Html(report), HasSubstr("de los que <b>1 cambia un veredicto</b>"));
+}
+
 TEST(HtmlTest, AnEmptyEvaluationIsAPage) {
     const std::string page = Html(MakeReport(EvaluacionRecord()));
     EXPECT_THAT(page, HasSubstr("Ninguna jornada está validada."));

@@ -103,6 +103,25 @@ TEST_F(ReportTest, AFileCutShortIsTold) {
     EXPECT_THAT(report.findings, IsEmpty()) << "what the file doesn't hold isn't missed twice";
 }
 
+TEST_F(ReportTest, AFileCutWithinTheSheetsLeavesTheirDaysUnread) {
+    MakeDay();
+    std::vector<std::string> lines = Lines();
+    lines.resize(700);
+    EXPECT_THAT(
+        WithLines(lines).findings,
+        ElementsAre(AllOf(Field(&Finding::kind, FindingKind::SheetCutShort),
+                          Field(&Finding::day, 1), Field(&Finding::changes_verdict, true))));
+}
+
+TEST_F(ReportTest, AFileCutBehindTheSheetOfItsDayIsReadWithIt) {
+    MakeDay();
+    std::vector<std::string> lines = Lines();
+    lines.resize(static_cast<std::size_t>(LineOfEntry(1, 401)));
+    EXPECT_THAT(WithLines(lines).findings, IsEmpty());
+    lines.pop_back();
+    EXPECT_THAT(WithLines(lines).findings, SizeIs(1));
+}
+
 TEST_F(ReportTest, AFileThatGoesOnIsTold) {
     MakeDay();
     std::vector<std::string> lines = Lines();

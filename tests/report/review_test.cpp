@@ -366,43 +366,45 @@ TEST_F(ReviewTest, EqualFirstAndSecondSamplesAreNone) {
     EXPECT_THAT(OneDay({kToluene}, {{"95", "95", "120", "110"}}).findings, IsEmpty());
 }
 
-TEST_F(ReviewTest, TheRowThatTakesTheFirstDaysHours) {
-    FixPlan("3", "2");
-    const std::vector<TypedAgent> six(6, {"Butanona", "600", "900"});
-    for (int day = 1; day <= 3; ++day) {
-        PlanLine(day, 1, 8, 1, 1);
-        PlanLine(day, 2, day == 1 ? 8 : 2, 6, 6);
+class SixRowsTest : public ReviewTest {
+protected:
+    /// Three days with six rows in the second task: the first day of so many hours, the others of
+    /// two.
+    Report WorkDays(int first_days_hours) {
+        FixPlan("3", "2");
+        for (int day = 1; day <= 3; ++day) {
+            PlanLine(day, 1, 8, 1, 1);
+            PlanLine(day, 2, day == 1 ? first_days_hours : 2, 6, 6);
+        }
+        TypeAgents(1, {kToluene});
+        TypeAgents(2, std::vector<TypedAgent>(6, {"Butanona", "600", "900"}));
+        for (int day = 1; day <= 3; ++day) {
+            NewDay(day);
+            TypeSamples(1, {"1", "2", "3"});
+            for (int row = 7; row <= 12; ++row) TypeSamples(row, {"150", "200", "175"});
+            PressAll();
+        }
+        return Finish();
     }
-    TypeAgents(1, {kToluene});
-    TypeAgents(2, six);
-    for (int day = 1; day <= 3; ++day) {
-        NewDay(day);
-        TypeSamples(1, {"1", "2", "3"});
-        for (int row = 7; row <= 12; ++row) TypeSamples(row, {"150", "200", "175"});
-        PressAll();
+    static auto TakesTheFirstDaysHours(int day) {
+        return Finds(FindingKind::FirstDaysTime, day, 2, 6, ".29", Expected("butanone.index.2h"),
+                     true);
     }
-    const std::string plain = Expected("butanone.index.2h");
-    EXPECT_THAT(Finish().findings,
-                ElementsAre(Finds(FindingKind::FirstDaysTime, 2, 2, 6, ".29", plain, true),
-                            Finds(FindingKind::FirstDaysTime, 3, 2, 6, ".29", plain, true)));
+};
+
+TEST_F(SixRowsTest, TheLastTakesTheFirstDaysHours) {
+    EXPECT_THAT(WorkDays(8).findings,
+                ElementsAre(TakesTheFirstDaysHours(2), TakesTheFirstDaysHours(3)));
 }
 
-TEST_F(ReviewTest, TheRowThatTakesTheFirstDaysHoursWhenTheyAreTheSameIsNone) {
-    FixPlan("3", "2");
-    for (int day = 1; day <= 3; ++day) {
-        PlanLine(day, 1, 8, 1, 1);
-        PlanLine(day, 2, 2, 6, 6);
-    }
-    TypeAgents(1, {kToluene});
-    TypeAgents(2, std::vector<TypedAgent>(6, {"Butanona", "600", "900"}));
-    for (int day = 1; day <= 3; ++day) {
-        NewDay(day);
-        TypeSamples(1, {"1", "2", "3"});
-        for (int row = 7; row <= 12; ++row) TypeSamples(row, {"150", "200", "175"});
-        PressAll();
-    }
-    EXPECT_THAT(Finish().findings, IsEmpty());
+TEST_F(SixRowsTest, TheLastTookThemBeforeTheyWereChanged) {
+    WorkDays(8);
+    PlanLine(1, 2, 5, 6, 6);
+    EXPECT_THAT(Save().findings, ElementsAre(Field(&Finding::kind, FindingKind::PlanChanged),
+                                             TakesTheFirstDaysHours(2), TakesTheFirstDaysHours(3)));
 }
+
+TEST_F(SixRowsTest, TheSameHoursAreNone) { EXPECT_THAT(WorkDays(2).findings, IsEmpty()); }
 
 TEST_F(ReviewTest, ASumThatDidNotReachItsMembers) {
     EXPECT_THAT(OneDay(WithGroup("1"), kMixturesDay).findings,
@@ -633,6 +635,17 @@ TEST_F(ReviewTest, AnOverallIndexOfAnEarlierRun) {
     WorkDay(3, {{1, {"12", "9", "15", "11"}}, {2, kAcetonesDay}});
     EXPECT_THAT(Save().findings, ElementsAre(Finds(FindingKind::StaleFinal, 0, 1, 1, "0.61",
                                                    Expected("overall.mended"))));
+}
+
+TEST_F(ReviewTest, OverallIndicesOfAnEarlierRunAreOneFinding) {
+    PlanPlain(3);
+    WorkPlainDay(1);
+    WorkPlainDay(2);
+    Finish();
+    WorkPlainDay(3);
+    const Report report = Save();
+    EXPECT_THAT(report.findings, ElementsAre(Finds(FindingKind::StaleFinal, 0, 1, 1, "0", "0.61")));
+    EXPECT_THAT(report.findings.front().rows, ElementsAre(1, 2));
 }
 
 TEST_F(ReviewTest, ADayWorkedAgainAlikeIsNone) {
