@@ -45,6 +45,12 @@ run_tests() {
 
 check_format() { git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror; }
 
+run_example() {
+    rm -f build/recorrido/evaluacion.html
+    env -u DISPLAY -u WAYLAND_DISPLAY ./run.sh
+    grep -q '<!DOCTYPE html>' build/recorrido/evaluacion.html
+}
+
 run_model() {
     python3 -B tests/lockstep/lockstep.py --program "$PWD/build/release/velmora" \
         --driver "$PWD/build/release" --sessions 6 --actions 300 --seed 1
@@ -61,6 +67,7 @@ step "Packages" install_packages "${build_packages[@]}" "${test_packages[@]}"
 step "Format" check_format
 step "Release build" build release
 step "Lint" scripts/lint.sh
+step "The guided example, which leaves a report" run_example
 step "Tests of the release build under a decimal point" run_tests release C.UTF-8
 step "The independent model beside the program" run_model
 step "The package, made, installed and removed" try_package

@@ -64,7 +64,17 @@ private:
         if (!taken_.insert(Canonical(name)).second) {
             throw FileError("«" + name + "»: es una de las evaluaciones, o ya se ha escrito");
         }
+        if (order_.replace && IsEvaluation(name)) {  // "--csv *.doc" names one
+            throw FileError("«" + name + "»: es una evaluación; no se escribe encima");
+        }
         return PathOf(name);
+    }
+
+    static bool IsEvaluation(const std::string& name) try {
+        ReadReport(name);
+        return true;
+    } catch (const Refused&) {
+        return false;
     }
 
     void OpenTable() {

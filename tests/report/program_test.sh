@@ -41,3 +41,26 @@ grep -q 'b.html' "$work/err"
 # A summary that nobody reads to its end, on a full disk.
 if "$informe" --resumen "$work/a.doc" >/dev/full 2>"$work/err"; then exit 1; fi
 grep -q 'salida estándar' "$work/err"
+
+# Names with other letters and blanks, and without an ending.
+for name in 'señal ñ' sin_fin; do
+    cp "$work/a.doc" "$work/$name"
+    "$informe" -- "$work/$name"
+    cmp "$work/$name.html" "$work/a.html"
+done
+
+# Killed at any moment: the old report or the new one, whole.
+for moment in 1 2 3 5 7 10 15 20 30 50; do
+    echo viejo >"$work/b.html"
+    timeout -s KILL "$(printf '0.%03d' "$moment")" \
+        "$informe" --reemplazar --salida="$work/b.html" "$work/a.doc" || :
+    echo viejo | cmp -s - "$work/b.html" || cmp "$work/b.html" "$work/a.html"
+done
+
+# A progress line on a terminal alone, and for more than twenty files alone.
+for i in $(seq 21); do cp "$work/a.doc" "$work/n$i.doc"; done
+"$informe" --resumen "$work"/n*.doc >/dev/null 2>"$work/err"
+[ ! -s "$work/err" ]
+on_terminal() { script -qec "'$informe' --resumen $1 >/dev/null" /dev/null </dev/null; }
+on_terminal "'$work'/n*.doc" | grep -q '21 de 21'
+[ -z "$(on_terminal "'$work'/n1?.doc")" ]

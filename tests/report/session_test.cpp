@@ -80,6 +80,9 @@ TEST_F(SessionTest, NoEvaluationIsEverWrittenOver) {
     fs::copy_file(Name("plan.doc"), Name("raro.html"));
     EXPECT_EQ(Do({"--reemplazar", Name("raro.html")}), 1) << "its own report's name";
     EXPECT_EQ(Bytes(Name("raro.html")), before);
+    EXPECT_EQ(Do({"--reemplazar", "--csv", Name("plan.doc"), Name("tres días.doc")}), 1);
+    EXPECT_THAT(err_.str(), HasSubstr("plan.doc»: es una evaluación"));
+    EXPECT_EQ(Bytes(Name("plan.doc")), before);
 }
 
 TEST_F(SessionTest, TwoEvaluationsDontShareAReport) {
