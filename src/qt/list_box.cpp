@@ -50,8 +50,7 @@ protected:
 
 ListBox::ListBox(const QStringList& items, QWidget* parent) : QComboBox(parent) {
     InstallAccessibleLists();
-    setEditable(true);  // only an editable list shows a text that isn't among its items
-    setLineEdit(new ListLine(this));
+    setLineEdit(new ListLine(this));  // without one it shows only texts that are among its items
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     addItems(items);
