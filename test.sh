@@ -4,10 +4,12 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+tests=ON
 
 # What tests take beyond that: the accessibility bus and a print server of their own, the package
 # and its checkers.
 test_packages=(
+    libgtest-dev libgmock-dev
     binutils clang-14 clang-format clang-tidy cppcheck libclang-rt-14-dev
     dpkg-dev file git python3
     python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb openbox x11-utils

@@ -6,7 +6,6 @@ say() { printf '\n== %s\n' "$*"; }
 build_packages=(
     g++ cmake ninja-build
     qt6-base-dev qt6-svg-dev qt6-translations-l10n libcups2-dev
-    libgtest-dev libgmock-dev
     fonts-liberation fonts-dejavu-core python3-markdown
 )
 
@@ -27,12 +26,16 @@ install_packages() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# build <preset> [target...]: configures once and builds what has changed.
+# build <preset> [target...]: configures once and builds what has changed; the tests, too, where the
+# script that calls it sets `tests` to ON.
 build() {
     local preset=$1
     shift
     say "Building (preset $preset)"
-    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null
+    if [ ! -f "build/$preset/build.ninja" ] ||
+        { [ "${tests:-OFF}" = ON ] && grep -q '^VELMORA_TESTS:.*=OFF' "build/$preset/CMakeCache.txt"; }; then
+        cmake --preset "$preset" -DVELMORA_TESTS="${tests:-OFF}" >/dev/null
+    fi
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 

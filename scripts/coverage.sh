@@ -19,6 +19,7 @@ forget_counts() { find "$folder" -name '*.gcda' -delete; }
 
 mkdir -p "$folder"
 forget_counts
+tests=ON
 build coverage "${rooms[@]/#/test_}"
 forget_counts
 for room in "${rooms[@]}"; do

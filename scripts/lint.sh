@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
-install_packages "${build_packages[@]}" clang-tidy cppcheck
+install_packages "${build_packages[@]}" libgtest-dev libgmock-dev clang-tidy cppcheck
 build=build/release
 [ -f $build/build.ninja ] || cmake --preset release >/dev/null
 

@@ -13,7 +13,7 @@ cd "$(dirname "$0")/.."
 . scripts/common.sh
 
 # A test that is skipped for want of something notices nothing.
-install_packages "${build_packages[@]}" git patch python3 python3-gi gir1.2-atspi-2.0 \
+install_packages "${build_packages[@]}" libgtest-dev libgmock-dev git patch python3 python3-gi gir1.2-atspi-2.0 \
     at-spi2-core dbus-daemon xvfb openbox x11-utils poppler-utils
 
 export QT_QPA_PLATFORM=offscreen
