@@ -6,6 +6,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrinter>
+#include <QTextOption>
 
 #include <algorithm>
 #include <utility>
@@ -22,7 +23,6 @@ constexpr double kLetters = 6.5;  // points
 constexpr double kGap = 1.5;      // points between texts and image
 constexpr double kMostOfPage = 0.2;
 constexpr int kLongest = 400;  // characters of a text
-constexpr int kFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 /// A page in the painter's own units: the corner of its page rectangle is at 0, 0.
 struct Page {
@@ -67,6 +67,17 @@ QString Bounded(const QString& text) {
         .arg(text.left(kLongest), QLocale::c().toString(text.size()));
 }
 
+/// Lines are broken between words: a figure stands on one line.
+QTextOption Wrapped() {
+    QTextOption option(Qt::AlignLeft | Qt::AlignTop);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
+
+double HeightOf(QPainter& painter, const QRectF& room, const QString& notes) {
+    return painter.boundingRect(room, notes, Wrapped()).height();
+}
+
 QString HeadOf(const QString& name, const QString& text) {
     return text.isEmpty() ? QString() : name + text;
 }
@@ -84,7 +95,7 @@ bool PaintLine(QPainter& painter, const QRectF& line, const QString& left, const
 }
 
 /// The texts one after the other, as many as a fifth of the page holds, and how many are left out.
-QString NotesOf(const std::vector<QString>& texts, const QFontMetricsF& metrics, const Page& page) {
+QString NotesOf(const std::vector<QString>& texts, QPainter& painter, const Page& page) {
     const QRectF room(0, 0, page.rectangle.width(), page.rectangle.height() * kMostOfPage);
     QString notes;
     for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -93,8 +104,7 @@ QString NotesOf(const std::vector<QString>& texts, const QFontMetricsF& metrics,
             Bounded(texts[i]);
         QString counted =
             notes + QStringLiteral(";  … y %1 más que no caben").arg(texts.size() - i);
-        if (metrics.boundingRect(room, kFlags, more + counted.right(40)).height() > room.height())
-            return counted;
+        if (HeightOf(painter, room, more + counted.right(40)) > room.height()) return counted;
         notes = more;
     }
     return notes;
@@ -129,14 +139,14 @@ QRectF PaintImprint(QPainter& painter, const QPrinter& printer, const Imprint& i
     if (PaintLine(painter, first.translated(0, line), code, source)) cut.insert(cut.begin(), code);
     if (PaintLine(painter, first, company, imprint.caption)) cut.insert(cut.begin(), company);
 
-    const QString notes = NotesOf(cut, metrics, page);
-    const double high = metrics.boundingRect(page.rectangle, kFlags, notes).height();
+    const QString notes = NotesOf(cut, painter, page);
+    const double high = HeightOf(painter, page.rectangle, notes);
     QRectF room = page.rectangle;
     room.setTop(std::max(room.top(), first.top() + 2 * line + gap));
     room.setBottom(std::min(room.bottom(), page.bottom - high - gap));
     QRectF image = Fitted(page.rectangle, shape_of_image);
     if (!room.contains(image)) image = Fitted(room, shape_of_image);
-    painter.drawText(QRectF(0, image.bottom() + gap, width, high), kFlags, notes);
+    painter.drawText(QRectF(0, image.bottom() + gap, width, high), notes, Wrapped());
     painter.restore();
     return image;
 }

@@ -133,6 +133,22 @@ TEST_F(PaperTest, ACutTextOfAListStandsInFullUnderTheImage) {
     EXPECT_THAT(Text(), HasSubstr("unidad: microgramos por metro cubico"));
 }
 
+TEST_F(PaperTest, AFigureUnderTheImageIsNotBrokenAtTheEndOfALine) {
+    SetPlan(1, 1, 6);
+    auto& form5 = Open<Form5>(ScreenId::Form5);
+    robot.Choose("introducirdatos", "introprimero");
+    const std::string figure = "536.069661301946";
+    for (int i = 0; i < 36; ++i) form5.Text1(i).Text = figure;
+    window->ShowChanges();
+    Print();
+    std::string notes = Text();
+    notes.erase(0, notes.find("Textos completos"));
+    std::size_t whole = 0;
+    for (auto at = notes.find(figure); at != std::string::npos; at = notes.find(figure, at + 1))
+        ++whole;
+    EXPECT_EQ(whole, window->CutTexts().size());
+}
+
 TEST_F(PaperTest, WithoutACutTextNothingStandsUnderTheImage) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form5);
