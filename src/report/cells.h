@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -44,7 +43,7 @@ enum class Column {
 };
 
 constexpr int PlaceOf(Column column) { return static_cast<int>(column); }
-inline constexpr std::size_t kSheetColumns = PlaceOf(Column::Probability) + 1;
+inline constexpr int kSheetColumns = PlaceOf(Column::Probability) + 1;
 
 /// The text of the cell of row 1 to 18.
 const std::string& CellOf(const HojaDelDia& sheet, int row, Column column);

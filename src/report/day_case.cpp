@@ -67,11 +67,11 @@ void PutBackEmptiedSample(DayCase& day) {
 }
 
 void ReadGrid(DayCase& day) {
+    day.grid.reserve(kRows * kSheetColumns);
     for (int row = 1; row <= kRows; ++row) {
-        int place = 0;
-        for (DayCase::ReadCell& cell : day.grid(row)) {
-            cell.shown = FigureOf(CellOf(*day.sheet, row, static_cast<Column>(place++)));
-            cell.read = ReadAsTheSheet(cell.shown);
+        for (int place = 0; place < kSheetColumns; ++place) {
+            const Figure shown = FigureOf(CellOf(*day.sheet, row, static_cast<Column>(place)));
+            day.grid.push_back({shown, ReadAsTheSheet(shown)});
         }
     }
 }

@@ -1,11 +1,17 @@
 #pragma once
 
-#include <array>
+#include <vector>
 
 #include "core/record.h"
 #include "report/plain.h"
 
 namespace velmora::report {
+
+/// A cell of the sheet, and the number that the sheet itself reads from it.
+struct ReadCell {
+    Figure shown;
+    double read = 0;
+};
 
 /// A validated day, ready for its second reading.
 struct DayCase {
@@ -25,16 +31,11 @@ struct DayCase {
     const Figure& Shown(int row, Column column) const { return At(row, column).shown; }
     double Read(int row, Column column) const { return At(row, column).read; }
 
-    /// A cell of the sheet, and the number that the sheet itself reads from it.
-    struct ReadCell {
-        Figure shown;
-        double read = 0;
-    };
-    ByRow<std::array<ReadCell, kSheetColumns>> grid;
+    std::vector<ReadCell> grid;  ///< row by row, each with all its columns
 
 private:
     const ReadCell& At(int row, Column column) const {
-        return grid(row).at(static_cast<std::size_t>(PlaceOf(column)));
+        return grid.at(static_cast<std::size_t>((row - 1) * kSheetColumns + PlaceOf(column)));
     }
 };
 

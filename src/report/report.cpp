@@ -233,11 +233,16 @@ Report MakeReport(const EvaluacionRecord& record, int lines) {
     std::vector<DayCase> days = CasesOf(record);
     report.days = DaysOf(days, report.days_planned);
     std::erase_if(days, [&](const DayCase& day) { return day.day > report.days_planned; });
+    report.findings = FindingsOf(record, days, lines);
     report.final_table = FinalTableOf(record, report.tasks_planned);
+    // From a part of a sheet nothing is concluded.
+    std::erase_if(days, [&](const DayCase& day) { return !HeldSheet(lines, day.day); });
+    for (Day& day : report.days) {
+        if (!HeldSheet(lines, day.day)) day.plain = {};
+    }
     report.index_series = IndexSeriesOf(report.final_table, days);
     report.probability_plots = ProbabilityPlotsOf(days);
     report.ladder_points = LadderPointsOf(days);
-    report.findings = FindingsOf(record, days, lines);
     report.preliminary_tests = PreliminaryTests(record, days);
     return report;
 }
