@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <iomanip>
 #include <ostream>
 #include <sstream>
@@ -37,6 +38,12 @@ double Time(const Side& side) {
     const std::chrono::duration<double, std::micro> taken =
         std::chrono::steady_clock::now() - start;
     return taken.count();
+}
+
+double ProcessorTime() {
+    std::timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
 }
 
 Row CompareValues(std::string name, std::string yardstick, std::string unit,

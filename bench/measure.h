@@ -34,6 +34,9 @@ double Median(std::vector<double> values);
 /// Microseconds that the action takes, once.
 double Time(const Side& side);
 
+/// Processor time of this process so far, in microseconds.
+double ProcessorTime();
+
 /// Times both sides in turns, in alternating order, after one time that doesn't count.
 Row Compare(std::string name, std::string yardstick, const Side& ours, const Side& bare,
             int repetitions, std::optional<double> budget = std::nullopt);

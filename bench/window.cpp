@@ -6,7 +6,6 @@
 #include <QTimer>
 
 #include <cstdlib>
-#include <ctime>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -210,13 +209,6 @@ Rows MeasureButtons(const Places& places) {
         throw std::logic_error("the day came to something else");
     }
     return rows;
-}
-
-/// Processor time of this process, in microseconds.
-double ProcessorTime() {
-    std::timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
 }
 
 void RunEvents(int milliseconds) {
