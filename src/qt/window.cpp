@@ -1,5 +1,6 @@
 #include "qt/window.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -193,6 +194,8 @@ void Window::closeEvent(QCloseEvent* event) {
 
 void Window::BuildScreen() {
     bonds_ = std::make_unique<QObject>();
+    // A list that stands open would hand its keys on to a menu bar that is gone.
+    while (QWidget* const open = QApplication::activePopupWidget()) open->close();
     screen_ = &chain_.Current();
     setUpdatesEnabled(false);
     setObjectName(ToQt(screen_->Name()));

@@ -142,6 +142,15 @@ TEST_P(BurstTest, AnEntryUsedTwiceAtOnceMovesOnce) {
     }
 }
 
+TEST_P(BurstTest, AListThatStandsOpenGoesWithItsScreen) {
+    auto* const list = new QMenu(window->menuBar());
+    list->addAction(QStringLiteral("entrada"));
+    list->popup(window->mapToGlobal(QPoint(20, 20)));
+    ASSERT_EQ(QApplication::activePopupWidget(), list);
+    window->Run([this] { chain.Go(ScreenId::Form1); });
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
 INSTANTIATE_TEST_SUITE_P(AllSix, BurstTest, ::testing::ValuesIn(kScreens),
                          [](const auto& test) { return NameOf(test.param); });
 
