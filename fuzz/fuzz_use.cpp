@@ -91,6 +91,14 @@ private:
     bool used_ = true;
 };
 
+/// The deed's actions. Half of the deeds are hasty: the next action comes before anything of theirs
+/// is tidied up.
+std::vector<Action> Hasty(const Deed& deed, const Screen& screen) {
+    std::vector<Action> actions = ActionsOf(deed, screen);
+    for (Action& action : actions) action.at_once = deed.which >= 128;
+    return actions;
+}
+
 bool IsHarm(const Action& action) { return action.kind >= Action::Kind::CutFile; }
 
 /// A use on the bare screens.
@@ -154,7 +162,7 @@ void RunBare(const Start& start, Bytes input) {
     std::vector<Action> done;
     while (!input.Empty() && done.size() < kMostActions) {
         const Deed deed = Deed::Next(input);
-        for (const Action& action : ActionsOf(deed, use.Program().Current())) {
+        for (const Action& action : Hasty(deed, use.Program().Current())) {
             const auto* const outcome = use.Perform(action, deed.kind == Deed::Kind::Work);
             done.push_back(action);
             if (outcome == nullptr || outcome->Lives()) continue;
@@ -189,7 +197,7 @@ void RunWatched(const Start& start, const std::string& separator, Bytes input) {
     FijarSeparadorDecimal(separator);
     std::size_t done = 0;
     while (!input.Empty() && done < kMostActions) {
-        for (const Action& action : ActionsOf(Deed::Next(input), world.Program().Current())) {
+        for (const Action& action : Hasty(Deed::Next(input), world.Program().Current())) {
             ++done;
             if (!world.Perform(action)) continue;
             if (WatchesAll()) Tell(world.Last());

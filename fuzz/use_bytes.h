@@ -14,7 +14,7 @@ namespace velmora::fuzz {
 
 /// What three bytes of a use say: the kind of deed, which of the things that the screen offers at
 /// the moment, and with what. Any three bytes are a deed; `which` and `what` are taken modulo the
-/// number of things.
+/// number of things. The high bit of `which` leaves what the deed left for the next to tidy up.
 struct Deed {
     /// The first byte of a deed, up to Harm; above, those that lead on come again.
     enum class Kind : std::uint8_t {

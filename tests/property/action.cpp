@@ -46,6 +46,7 @@ std::string Describe(const Action& action) {
     std::string line = DescribeDeed(action);
     if (action.file) line += Say(", file ", *action.file);
     if (action.answer == Respuesta::Si) line += ", answer Yes";
+    if (action.at_once) line += ", and at once";
     return line;
 }
 

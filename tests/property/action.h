@@ -30,7 +30,8 @@ struct Action {
     int number = 0;
     Respuesta answer = Respuesta::No;  ///< to a Yes/No box
     std::optional<std::string>
-        file{};  ///< name given to a file dialog; without one it is cancelled
+        file{};            ///< name given to a file dialog; without one it is cancelled
+    bool at_once = false;  ///< the next action follows before anything of this one is tidied up
 
     friend bool operator==(const Action&, const Action&) = default;
 };

@@ -135,7 +135,7 @@ const Outcome& Process::Perform(const Action& action) {
     host_.Answer(action);
     try {
         Do(action);
-        chain_.Settle();
+        if (!action.at_once) chain_.Settle();
     } catch (const Ended&) {
     } catch (const ErrorEjecucion& error) {
         outcome_.error = error.Tipo();

@@ -43,6 +43,7 @@ Finding Plainer(Finding finding, const std::string& separator) {
         std::vector<Action> plainer = finding.actions;
         plainer[i].answer = Respuesta::No;
         plainer[i].file.reset();
+        plainer[i].at_once = false;
         if (plainer[i] == finding.actions[i]) continue;
         auto found = Replay(plainer, separator, *finding.invariant);
         if (found && found->actions.size() <= finding.actions.size()) finding = *std::move(found);
@@ -67,9 +68,11 @@ std::optional<Finding> RunAtRandom(const Orders& orders, std::span<const Invaria
                                    Reach* reach) {
     World world(orders.separator);
     User user(orders.seed, orders.meddles);
+    Dice haste(orders.seed);
     std::vector<Action> actions;
     while (static_cast<int>(actions.size()) < orders.actions) {
         Action action = user.Next(world);
+        action.at_once = haste.Chance(50);
         if (!world.Perform(action)) continue;
         actions.push_back(std::move(action));
         if (reach != nullptr) reach->Note(world.Last());
