@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Bans and arrows of the sources, README's map, and cppcheck over the program, the guided example, the
-# benchmark and what drives the window in the tests; any finding fails. With --tidy, clang-tidy over
-# the same, with --tests over the tests, which takes half an hour.
+# Bans and arrows of the sources, README's map, the explained mutants, and cppcheck over the program,
+# the guided example, the benchmark and what drives the window in the tests; any finding fails. With
+# --tidy, clang-tidy over the same, with --tests over the tests, which takes half an hour.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -38,6 +38,9 @@ git ls-files | sed -n 's,^\(src/[^/]*\)/.*,\1,p;t; /^src/d; s,^\([^/]*/\).*,\1,p
         grep -qE "(^|  )$folder( |$)" README.md ||
             { echo "README.md doesn't say what $folder holds" >&2; exit 1; }
     done
+
+say "Explained mutants"
+python3 -B scripts/mutants.py --check
 
 # Not findings: members that only a structured binding reads, a loop that reads better than an
 # algorithm, a variable that is written through its call operator.

@@ -4,6 +4,7 @@
     scripts/mutants.py --sample 100 --seed 7          some of all, by chance
     scripts/mutants.py --files src/sheet/day_slots.cpp
     scripts/mutants.py                                all of them, which takes very long
+    scripts/mutants.py --check                        is what docs/mutants.md explains still there?
 
 Every number, letter, text and truth value, every comparison, arithmetic and logical operator and
 every subscript is changed, one at a time, in a copy of the tree under build/mutants. The copy is
@@ -224,9 +225,21 @@ def chosen(options):
     return mutants
 
 
+def explained_changes():
+    return set(re.findall(r"^- `(src/.+)`$", PAGE.read_text(), re.M))
+
+
+def check_page(mutants):
+    """Whether each change that docs/mutants.md explains can still be made; names the others."""
+    gone = explained_changes() - {mutant.key for mutant in mutants}
+    for key in sorted(gone):
+        print(f"docs/mutants.md explains what can't be changed any more: {key}")
+    return not gone
+
+
 def report(mutants):
     """Prints the rooms and what survived; whether all of that is explained."""
-    explained = set(re.findall(r"^- `(src/.+)`$", PAGE.read_text(), re.M))
+    explained = explained_changes()
     rooms = collections.defaultdict(collections.Counter)
     for mutant in mutants:
         kind = "survived" if not mutant.verdict else "noticed"
@@ -252,8 +265,11 @@ def main():
     parser.add_argument("--seed", type=int, default=1, help="of the choice")
     parser.add_argument("--jobs", type=int, default=1, help="so many copies at a time")
     parser.add_argument("--list", action="store_true", help="say what would be changed, and stop")
+    parser.add_argument("--check", action="store_true", help="only look over docs/mutants.md")
     options = parser.parse_args()
     mutants = chosen(options)
+    if options.check:
+        return 0 if check_page(mutants) else 1
     if options.list:
         print(*(mutant.key for mutant in mutants), sep="\n")
         return 0
