@@ -48,10 +48,12 @@ for name in "${names[@]}"; do
 done
 
 [ -f build/dev/build.ninja ] || cmake --preset dev >/dev/null
-unnoticed=0
 for name in "${names[@]}"; do
     built "$name" || give_up "$name" "the tree doesn't build: see $work/$name.log"
     pass "$name" || give_up "$name" "its tests fail without it: see $work/$name.log"
+done
+unnoticed=0
+for name in "${names[@]}"; do
     plant <"$faults/$name.patch"
     verdict="noticed"
     if ! built "$name"; then
