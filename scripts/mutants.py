@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Changes one thing at a time in the rooms without Qt and sees whether a test notices.
 
-    scripts/mutants.py --sample 100 --seed 7          some of all, by chance
+    scripts/mutants.py --sample 10 --seed 7           ten of each room, by chance
+    scripts/mutants.py --rooms sheet stats            two rooms
     scripts/mutants.py --files src/sheet/day_slots.cpp
     scripts/mutants.py                                all of them, which takes very long
     scripts/mutants.py --check                        is what docs/mutants.md explains still there?
@@ -30,7 +31,7 @@ import sys
 TREE = pathlib.Path(__file__).resolve().parent.parent
 WORK = TREE / "build/mutants"
 PAGE = TREE / "docs/mutants.md"
-WITHOUT_TESTS_HERE = ("src/qt/", "src/app/main.cpp")  # Qt
+WITHOUT_TESTS_HERE = ("src/qt/", "src/app/main.cpp", "src/app/informe.cpp", "src/app/report_dialog.cpp")  # Qt
 SUITES = (
     "runtime", "stats", "core", "store", "capture", "final", "sheet", "report", "report_output",
 )  # fmt: skip
@@ -214,15 +215,17 @@ class Copy:
 def chosen(options):
     paths = [p for p in (TREE / "src").rglob("*") if p.suffix in (".h", ".cpp")]
     names = arrays(p.read_text() for p in paths)
-    mutants = []
+    rooms = collections.defaultdict(list)
     for path in sorted(paths):
         name = str(path.relative_to(TREE))
-        wanted = name in options.files if options.files else True
+        room = name.split("/")[1]
+        wanted = name in (options.files or [name]) and room in (options.rooms or [room])
         if wanted and not name.startswith(WITHOUT_TESTS_HERE):
-            mutants += mutants_of(path, names)
+            rooms[room] += mutants_of(path, names)
     if options.sample:
-        mutants = random.Random(options.seed).sample(mutants, min(options.sample, len(mutants)))
-    return mutants
+        chance = random.Random(options.seed)
+        rooms = {r: chance.sample(m, min(options.sample, len(m))) for r, m in rooms.items()}
+    return [mutant for mutants in rooms.values() for mutant in mutants]
 
 
 def explained_changes():
@@ -261,7 +264,8 @@ def main():
         description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
     )
     parser.add_argument("--files", nargs="+", help="only these files of the tree")
-    parser.add_argument("--sample", type=int, help="only so many, picked by chance")
+    parser.add_argument("--rooms", nargs="+", help="only these rooms")
+    parser.add_argument("--sample", type=int, help="only so many of each room, picked by chance")
     parser.add_argument("--seed", type=int, default=1, help="of the choice")
     parser.add_argument("--jobs", type=int, default=1, help="so many copies at a time")
     parser.add_argument("--list", action="store_true", help="say what would be changed, and stop")
