@@ -31,7 +31,11 @@ import sys
 TREE = pathlib.Path(__file__).resolve().parent.parent
 WORK = TREE / "build/mutants"
 PAGE = TREE / "docs/mutants.md"
-WITHOUT_TESTS_HERE = ("src/qt/", "src/app/main.cpp", "src/app/informe.cpp", "src/app/report_dialog.cpp")  # Qt
+# Qt, and what is for Windows.
+WITHOUT_TESTS_HERE = (
+    "src/qt/", "src/app/main.cpp", "src/app/informe.cpp", "src/app/report_dialog.cpp",
+    "src/windows/", "src/store/path_windows",
+)  # fmt: skip
 SUITES = (
     "runtime", "stats", "core", "store", "capture", "final", "sheet", "report", "report_output",
 )  # fmt: skip

@@ -9,6 +9,7 @@
 #include "report/assembly.h"
 #include "report/findings.h"
 #include "store/evaluation_file.h"
+#include "store/path.h"
 
 namespace velmora::report {
 
@@ -53,8 +54,8 @@ std::string NameOfNumber(int line) {
 }
 
 bool CanBeRead(const std::string& file_name) {
-    std::error_code ignored;
-    return std::filesystem::is_regular_file(file_name, ignored) && std::ifstream(file_name);
+    const std::filesystem::path file = PathOf(file_name);
+    return TypeOf(file) == std::filesystem::file_type::regular && std::ifstream(file);
 }
 
 /// An evaluation has most of its texts between quotes and most of its numbers as numbers.

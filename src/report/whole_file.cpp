@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <random>
+#include <system_error>
 
 namespace velmora::report {
 
@@ -16,10 +17,9 @@ namespace {
 
 /// Whether the name may be taken.
 void Check(const fs::path& target, bool replace) {
-    std::error_code ignored;
-    const fs::file_status status = fs::status(target, ignored);
-    if (!fs::exists(status)) return;
-    if (!fs::is_regular_file(status)) Refuse(target, "no es un fichero corriente");
+    const fs::file_type type = TypeOf(target);
+    if (type == fs::file_type::not_found || type == fs::file_type::none) return;
+    if (type != fs::file_type::regular) Refuse(target, "no es un fichero corriente");
     if (!replace) Refuse(target, "ya existe; --reemplazar escribe encima");
 }
 
@@ -33,13 +33,6 @@ fs::path TemporaryFor(const fs::path& target) {
 }
 
 }  // namespace
-
-fs::path PathOf(std::string_view name) { return {std::u8string(name.begin(), name.end())}; }
-
-std::string NameOf(const fs::path& path) {
-    const std::u8string name = path.u8string();
-    return {name.begin(), name.end()};
-}
 
 WholeFile::WholeFile(const fs::path& target, bool replace)
     : target_(target), temporary_(TemporaryFor(target)), replace_(replace) {

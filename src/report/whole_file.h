@@ -4,7 +4,8 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
-#include <string_view>
+
+#include "store/path.h"
 
 namespace velmora::report {
 
@@ -12,12 +13,6 @@ namespace velmora::report {
 class FileError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
-
-/// A path from a name in UTF-8, whatever the platform's own code.
-std::filesystem::path PathOf(std::string_view name);
-
-/// The name of a path in UTF-8.
-std::string NameOf(const std::filesystem::path& path);
 
 /// A file that comes to be whole or not at all: it is written under a temporary name beside its
 /// own, which it takes when it is finished. What stood there before stays until then; an

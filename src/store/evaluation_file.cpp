@@ -8,11 +8,11 @@
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <system_error>
 
 #include "core/numbers.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
+#include "store/path.h"
 #include "store/windows1252.h"
 
 namespace velmora {
@@ -172,27 +172,24 @@ private:
     ReadingNotes& notes_;
 };
 
-std::filesystem::file_type TypeOf(const std::string& file_name) {
-    std::error_code ignored;  // what can't be looked at is neither regular nor missing
-    return std::filesystem::status(file_name, ignored).type();
-}
-
 }  // namespace
 
 void WriteEvaluation(const std::string& file_name, const EvaluacionRecord& record) {
     // Opening a pipe would wait for its reader: only a file, or a name yet to be made, is opened.
-    const auto type = TypeOf(file_name);
+    const std::filesystem::path file = PathOf(file_name);
+    const auto type = TypeOf(file);
     if (type != std::filesystem::file_type::regular &&
         type != std::filesystem::file_type::not_found) {
         return;
     }
-    std::ofstream out(file_name, std::ios::binary | std::ios::trunc);
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
     if (out) ForEachValue(record, LineWriter(out));
 }
 
 void ReadEvaluation(const std::string& file_name, EvaluacionRecord& record, ReadingNotes& notes) {
-    if (TypeOf(file_name) != std::filesystem::file_type::regular) return;
-    std::ifstream in(file_name, std::ios::binary);
+    const std::filesystem::path file = PathOf(file_name);
+    if (TypeOf(file) != std::filesystem::file_type::regular) return;
+    std::ifstream in(file, std::ios::binary);
     if (!in) return;
     LineReader reader(in, notes);
     ForEachValue(record, [&](auto& value) { reader(value); });

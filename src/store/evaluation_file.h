@@ -11,6 +11,8 @@ namespace velmora {
 /// order. Strings stand between double quotes with nothing escaped, numbers in plain notation with
 /// a point whatever the locale. `MG`, `GSD`, `MGmas` and `GSDmas` aren't in it.
 
+/// Names are in UTF-8 on every platform.
+
 /// Writes the saved part of the record, replacing the file. A name that can't be opened, or that
 /// stands for something other than a regular file, writes nothing; a write that fails leaves the
 /// file cut short, its old content gone. Neither is reported.

@@ -15,6 +15,7 @@
 #include "core/form1.h"
 #include "sheet/form5.h"
 #include "store/evaluation_file.h"
+#include "support/files.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
@@ -295,9 +296,7 @@ TEST_F(RecordTest, TheLaterLineOfATaskSetsItsContaminantsForAllDays) {
 class RestoredRecordTest : public RecordTest {
 protected:
     void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "velmora-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder = name;
+        folder = test::MakeTemporaryFolder();
         EvaluacionRecord saved = FilledRecord();
         saved.HojaPrimerDia(1 + 16) = "117.11";  // MG of the first row
         saved.HojaPrimerDia(1 + 17) = "1.21";    // its GSD

@@ -16,6 +16,8 @@
 
 #include "core/numbers.h"
 #include "store/evaluation_file.h"
+#include "store/path.h"
+#include "support/files.h"
 #include "support/sheet_test.h"
 #include "support/velmora_test.h"
 
@@ -635,14 +637,10 @@ TEST_F(Form6Test, LeavingAndComingBackHidesTheTableAgain) {
 
 class Form6SavingTest : public Form6Test {
 protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "velmora-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder = name;
-    }
+    void SetUp() override { folder = test::MakeTemporaryFolder(); }
     void TearDown() override { fs::remove_all(folder); }
 
-    std::string Path(std::string_view name) const { return (folder / name).string(); }
+    std::string Path(std::string_view name) const { return NameOf(folder / PathOf(name)); }
 
     EvaluacionRecord Restored(std::string_view name) const {
         EvaluacionRecord restored;

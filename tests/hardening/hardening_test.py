@@ -43,7 +43,10 @@ class Commands(unittest.TestCase):
     def test_every_source_is_compiled_with_the_flags(self):
         commands = {entry["file"]: entry["command"]
                     for entry in json.loads((BUILD / "compile_commands.json").read_text())}
-        sources = sorted(SOURCE.rglob("*.cpp"))
+        # Those for Windows aren't compiled here.
+        sources = sorted(source for source in SOURCE.rglob("*.cpp")
+                         if source.parent.name != "windows"
+                         and not source.stem.endswith("_windows"))
         self.assertGreater(len(sources), 30)
         for source in sources:
             for flag in FLAGS:

@@ -8,18 +8,11 @@
 
 #include "core/numbers.h"
 #include "property/say.h"
+#include "support/files.h"
 
 namespace velmora::property {
 
 namespace {
-
-std::filesystem::path NewFolder() {
-    std::random_device random;
-    for (;;) {
-        auto folder = std::filesystem::temp_directory_path() / Say("velmora-", random());
-        if (std::filesystem::create_directory(folder)) return folder;
-    }
-}
 
 void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
@@ -100,7 +93,8 @@ bool Step::Chose(ScreenId screen, std::string_view entry) const {
     return action.kind == Action::Kind::Choose && before.Id() == screen && action.target == entry;
 }
 
-World::World(std::string separator) : folder_(NewFolder()), separator_before_(SeparadorDecimal()) {
+World::World(std::string separator)
+    : folder_(test::MakeTemporaryFolder()), separator_before_(SeparadorDecimal()) {
     FijarSeparadorDecimal(std::move(separator));
     Start();
 }

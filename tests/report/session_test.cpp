@@ -8,6 +8,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "store/path.h"
+
 namespace velmora::report {
 namespace {
 
@@ -23,15 +25,15 @@ protected:
         fs::remove_all(folder_);
         fs::create_directories(folder_);
         const fs::path examples = VELMORA_EXAMPLES;
-        fs::copy_file(examples / "tres-dias-tres-tareas.doc", Name("tres días.doc"));
+        fs::copy_file(examples / "tres-dias-tres-tareas.doc", PathOf(Name("tres días.doc")));
         fs::copy_file(examples / "plan-dia-trabajado.doc", Name("plan.doc"));
     }
     ~SessionTest() override { fs::remove_all(folder_); }
 
-    std::string Name(const std::string& name) const { return (folder_ / name).string(); }
+    std::string Name(const std::string& name) const { return NameOf(folder_ / PathOf(name)); }
 
     static std::string Bytes(const std::string& name) {
-        std::ifstream in(name, std::ios::binary);
+        std::ifstream in(PathOf(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
     }
 
@@ -86,7 +88,7 @@ TEST_F(SessionTest, NoEvaluationIsEverWrittenOver) {
 }
 
 TEST_F(SessionTest, TwoEvaluationsDontShareAReport) {
-    fs::copy_file(Name("tres días.doc"), Name("plan.txt"));
+    fs::copy_file(PathOf(Name("tres días.doc")), Name("plan.txt"));
     EXPECT_EQ(Do({"--reemplazar", Name("plan.doc"), Name("plan.txt")}), 1);
     EXPECT_THAT(Bytes(Name("plan.html")), HasSubstr("Barnices del Jalón"));
 }

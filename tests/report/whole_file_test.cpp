@@ -5,6 +5,8 @@
 
 #include <iterator>
 
+#include "support/files.h"
+
 namespace velmora::report {
 namespace {
 
@@ -72,12 +74,12 @@ TEST_F(WholeFileTest, OneThatCameMeanwhileIsNotReplaced) {
 TEST_F(WholeFileTest, WhatIsNoFileIsNeverReplaced) {
     fs::create_directory(Name("carpeta"));
     EXPECT_THAT(Refusal(Name("carpeta"), true), HasSubstr("no es un fichero corriente"));
-    EXPECT_THAT(Refusal("/dev/null", true), HasSubstr("no es un fichero corriente"));
+    EXPECT_THAT(Refusal(test::kNullDevice, true), HasSubstr("no es un fichero corriente"));
 }
 
 TEST_F(WholeFileTest, AMissingFolderIsSaidWithTheName) {
     const fs::path target = Name("nada") / "a.html";
-    EXPECT_EQ(Refusal(target, false), "«" + target.string() + "»: no se puede escribir");
+    EXPECT_EQ(Refusal(target, false), "«" + NameOf(target) + "»: no se puede escribir");
 }
 
 TEST_F(WholeFileTest, AFullDiskLeavesTheOldOne) {

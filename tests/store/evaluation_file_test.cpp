@@ -1,10 +1,14 @@
 #include "store/evaluation_file.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
+#ifdef __unix__
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#elif defined(_WIN32)
+#include <windows.h>
+#endif
 
 #include <array>
 #include <csignal>
@@ -20,6 +24,8 @@
 #include <vector>
 
 #include "core/numbers.h"
+#include "store/path.h"
+#include "support/files.h"
 #include "support/velmora_test.h"
 
 namespace velmora {
@@ -161,27 +167,23 @@ void SetWorkingValues(EvaluacionRecord& record, double value) {
 
 class EvaluationFileTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "velmora-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder = name;
-    }
+    void SetUp() override { folder = test::MakeTemporaryFolder(); }
     void TearDown() override { fs::remove_all(folder); }
 
-    std::string Path(std::string_view name) const { return (folder / name).string(); }
+    std::string Path(std::string_view name) const { return NameOf(folder / PathOf(name)); }
 
     static std::string Bytes(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
+        std::ifstream in(PathOf(path), std::ios::binary);
         EXPECT_TRUE(in.is_open()) << path;
-        std::string bytes(fs::file_size(path), '\0');
+        std::string bytes(fs::file_size(PathOf(path)), '\0');
         in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return bytes;
     }
 
     std::string File(std::string_view bytes) const {
         const std::string path = Path("datos.doc");
-        fs::remove(path);  // a new file is quicker than one that is cut and filled again
-        std::ofstream(path, std::ios::binary) << bytes;
+        fs::remove(PathOf(path));  // a new file is quicker than one that is cut and filled again
+        std::ofstream(PathOf(path), std::ios::binary) << bytes;
         return path;
     }
 
@@ -764,23 +766,6 @@ TEST_F(EvaluationFileTest, ANumberOfManyDigitsIsRead) {
 
 // Names that are no file
 
-/// While it lives this process can open no file.
-class NoMoreFiles {
-public:
-    NoMoreFiles() {
-        getrlimit(RLIMIT_NOFILE, &before_);
-        rlimit limit = before_;
-        limit.rlim_cur = 0;
-        setrlimit(RLIMIT_NOFILE, &limit);
-    }
-    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before_); }
-    NoMoreFiles(const NoMoreFiles&) = delete;
-    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
-
-private:
-    rlimit before_{};
-};
-
 class NoFileTest : public EvaluationFileTest {
 protected:
     void ExpectNothingRead(const std::string& name) {
@@ -829,6 +814,84 @@ TEST_F(NoFileTest, ANameTooLongIsNotOpened) {
     WriteEvaluation(name, {});
     EXPECT_TRUE(fs::is_empty(folder));
 }
+
+TEST_F(NoFileTest, ANameWithAccentsAndBlanksIsAFileLikeAnyOther) {
+    WriteEvaluation(Path("evaluación nº 1.doc"), {});
+    EXPECT_EQ(Bytes(Path("evaluación nº 1.doc")), Saved({}));
+}
+
+#ifdef _WIN32
+
+// What Windows alone has
+
+TEST_F(NoFileTest, TheReservedNamesAreNoFiles) {
+    for (const char* const name : {"NUL", "nul", "CON", "PRN", "AUX", "COM1", "LPT9"}) {
+        ExpectNothingRead(name);
+        WriteEvaluation(name, {});
+        EXPECT_EQ(TypeOf(PathOf(name)), fs::file_type::character) << name;
+    }
+}
+
+TEST_F(NoFileTest, BlanksAndPointsAtTheEndOfANameDoNotCount) {
+    WriteEvaluation(Path("plan.doc. "), {});
+    EXPECT_EQ(Bytes(Path("plan.doc")), Saved({}));
+    WriteEvaluation(Path("plan.doc "), DistinctValues(0).record);
+    EvaluacionRecord record;
+    ReadEvaluation(Path("plan.doc.."), record);
+    EXPECT_EQ(record, DistinctValues(0).record);
+}
+
+TEST_F(NoFileTest, AReadOnlyFileStaysAsItIs) {
+    const std::string path = File("contenido");
+    ASSERT_TRUE(SetFileAttributesW(PathOf(path).c_str(), FILE_ATTRIBUTE_READONLY));
+    const bool written_everywhere = std::ofstream(PathOf(path), std::ios::app).is_open();
+    WriteEvaluation(path, {});
+    SetFileAttributesW(PathOf(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (written_everywhere) GTEST_SKIP() << "by this user";
+    EXPECT_EQ(Bytes(path), "contenido");
+}
+
+TEST_F(NoFileTest, APathBeyondTheOldLimitIsWrittenAndRead) {
+    std::string name = NameOf(folder);
+    for (int depth = 0; depth < 5; ++depth) {
+        name += "\\" + std::string(90, 'c') + "ñ";
+        fs::create_directory(PathOf(name));
+    }
+    name += "\\plan.doc";
+    WriteEvaluation(name, DistinctValues(0).record);
+    EvaluacionRecord record;
+    ReadEvaluation(name, record);
+    EXPECT_EQ(record, DistinctValues(0).record);
+    EXPECT_EQ(fs::file_size(PathOf(name)), Saved(DistinctValues(0).record).size());
+    DeleteFileW(PathOf(name).c_str());
+    for (int depth = 0; depth < 5; ++depth) {
+        name.resize(name.find_last_of('\\'));
+        RemoveDirectoryW(PathOf(name).c_str());
+    }
+}
+
+#endif
+
+#ifdef __unix__
+
+// Other things than files, and disks without room
+
+/// While it lives this process can open no file.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        rlimit limit = before_;
+        limit.rlim_cur = 0;
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before_); }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+
+private:
+    rlimit before_{};
+};
 
 TEST_F(NoFileTest, APipeWithoutAWriterIsNotWaitedFor) {
     ASSERT_EQ(mkfifo(Path("tubo").c_str(), 0600), 0);
@@ -898,11 +961,6 @@ TEST_F(NoFileTest, ALinkToAFileIsReadAndWritten) {
     EXPECT_EQ(Bytes(Path("datos.doc")), Saved({}));
 }
 
-TEST_F(NoFileTest, ANameWithAccentsAndBlanksIsAFileLikeAnyOther) {
-    WriteEvaluation(Path("evaluación nº 1.doc"), {});
-    EXPECT_EQ(Bytes(Path("evaluación nº 1.doc")), Saved({}));
-}
-
 /// While it lives no file of this process grows beyond a size: a write that would fails, as on a
 /// full disk.
 class FileSizeLimit {
@@ -959,6 +1017,8 @@ TEST_F(EvaluationFileTest, AFileWithoutRoomForAByteIsLeftEmpty) {
     }
     EXPECT_EQ(Bytes(path), "");
 }
+
+#endif
 
 }  // namespace
 }  // namespace velmora
