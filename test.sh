@@ -58,6 +58,8 @@ run_model() {
         --driver "$PWD/build/release" --sessions 6 --actions 300 --seed 1
 }
 
+fetch_musl() { VELMORA_MUSL=$(packaging/windows/sources.sh musl) && export VELMORA_MUSL; }
+
 # A machine without root can't install: the package is made and checked all the same.
 try_package() {
     local status=0
@@ -65,7 +67,8 @@ try_package() {
     [ "$status" -eq 0 ] || [ "$status" -eq 77 ]
 }
 
-step "Packages" install_packages "${build_packages[@]}" "${test_packages[@]}"
+step "Packages" install_packages "${build_packages[@]}" "${windows_packages[@]}" \
+    "${test_packages[@]}"
 step "Format" check_format
 step "Release build" build release
 step "Lint" scripts/lint.sh
@@ -77,6 +80,11 @@ step "The fuzzers for a short while" fuzz/fuzz.sh
 step "The reports in a browser" tests/report/browser/browser_test.sh build/release
 # The rooms without Qt are the same ones; their tests have run above.
 step "The rooms on a machine without Qt" build core velmora_screens velmora_report
+step "Musl, whose routines give Windows the same numbers" fetch_musl
+step "The rooms without Qt, for Windows" build windows-core
+step "Tests of the rooms for Windows, under Wine" run_tests windows-core C.UTF-8
+step "Numbers on both systems, bit by bit" \
+    tests/windows/compare_bits.sh build/release build/windows-core
 step "Build with sanitizers" build asan
 # What the toolkit and the font library hold for the life of the process is no leak of ours.
 ASAN_OPTIONS=detect_leaks=0 step "Tests with sanitizers under a decimal comma" run_tests asan es_ES.UTF-8

@@ -6,7 +6,14 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 add_library(velmora_hardening INTERFACE)
 target_compile_options(velmora_hardening INTERFACE -fstack-protector-strong -Werror=format-security)
-target_link_options(velmora_hardening INTERFACE -Wl,-z,relro -Wl,-z,now)
+if(WIN32)
+    # No data that runs, any address, one out of 64 bits; the stack's guard is a library there.
+    target_link_options(velmora_hardening INTERFACE
+        -Wl,--nxcompat -Wl,--dynamicbase -Wl,--high-entropy-va)
+    target_link_libraries(velmora_hardening INTERFACE ssp)
+else()
+    target_link_options(velmora_hardening INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
 # The checked string functions take an optimizer, and the sanitizers have checks of their own.
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_compile_options(velmora_hardening INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)

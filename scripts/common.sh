@@ -9,6 +9,12 @@ build_packages=(
     fonts-liberation fonts-dejavu-core python3-markdown
 )
 
+# What the programs for Windows take beyond that, and to try them.
+windows_packages=(
+    g++-mingw-w64-x86-64-posix dpkg-dev googletest
+    wine wine64 xvfb
+)
+
 # install_packages <package>...: installs those that are missing, with apt, through sudo where the
 # user isn't root.
 install_packages() {
