@@ -16,7 +16,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void KeepLines();
+    /// Gives whether the display is wide enough.
+    bool KeepLines();
 };
 
 }  // namespace velmora

@@ -186,6 +186,34 @@ TEST_F(GrowingThings, ABoxKeepsItsTwoLines) {
     EXPECT_EQ(lines, 2);
 }
 
+/// Counts how often a widget gets another size.
+class Resizes : public QObject {
+public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Resize) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST_F(GrowingThings, ABoxIsInTheMiddleAndKeepsItsSizeWhenItIsLaidOutAgain) {
+    std::string text(75, 'a');  // wider than the 400 pixels from which the toolkit breaks it
+    for (std::size_t i = 8; i < text.size(); i += 9) text[i] = ' ';
+    Resizes resizes;
+    QRect place;
+    robot.on_modal = [&](QDialog& modal) {
+        place = modal.frameGeometry();
+        modal.installEventFilter(&resizes);
+        QCoreApplication::postEvent(&modal, new QEvent(QEvent::LayoutRequest));
+        QCoreApplication::sendPostedEvents(&modal);
+    };
+    Resize(825, 607);
+    robot.ExpectBox(BoxOf(text, Estilo::Aceptar));
+    robot.Act("a box", [&] { host.MsgBox(text, Estilo::Aceptar, "Velmora"); });
+    EXPECT_EQ(resizes.count, 0);
+    EXPECT_NEAR(place.center().x(), window->frameGeometry().center().x(), 2);
+}
+
 TEST_F(GrowingThings, ABoxWhoseLineIsWiderThanTheDisplayBreaksItAndShowsItWhole) {
     std::string text(200, 'a');
     for (std::size_t i = 8; i < text.size(); i += 9) text[i] = ' ';
