@@ -101,7 +101,7 @@ Picture::Picture(std::string_view name, double width, double height, std::string
     constexpr std::size_t kUsualSize = 1U << 15U;
     markup_.reserve(kUsualSize);
     const std::string id(name);
-    markup_ += "<svg role=\"img\" viewBox=\"0 0 ";
+    markup_ += R"(<svg role="img" viewBox="0 0 )";
     AppendUnits(markup_, width, ' ');
     AppendUnits(markup_, height, '"');
     Put(" width=\"", width).Put(" height=\"", height);

@@ -126,6 +126,12 @@ TEST(HtmlTest, TheNoticeTellsWhatTheFindingsDoToTheVerdicts) {
     EXPECT_THAT(Html(report), HasSubstr("de los que <b>1 cambia un veredicto</b>"));
 }
 
+TEST(HtmlTest, ADayWithNothingComputedHasNoOtherConclusion) {
+    Report report = MakeReport(Example());
+    for (Day& day : report.days) day.plain = {};
+    EXPECT_THAT(Html(report), Not(HasSubstr("llega a otra conclusión")));
+}
+
 TEST(HtmlTest, AnEmptyEvaluationIsAPage) {
     const std::string page = Html(MakeReport(EvaluacionRecord()));
     EXPECT_THAT(page, HasSubstr("Ninguna jornada está validada."));

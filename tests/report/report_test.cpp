@@ -119,7 +119,8 @@ TEST_F(ReportTest, AFileCutBehindTheSheetOfItsDayIsReadWithIt) {
     lines.resize(static_cast<std::size_t>(LineOfEntry(1, 401)));
     EXPECT_THAT(WithLines(lines).findings, IsEmpty());
     lines.pop_back();
-    EXPECT_THAT(WithLines(lines).findings, SizeIs(1));
+    EXPECT_THAT(WithLines(lines).findings,
+                ElementsAre(Field(&Finding::kind, FindingKind::SheetCutShort)));
 }
 
 TEST_F(ReportTest, AFileThatGoesOnIsTold) {
