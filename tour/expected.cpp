@@ -4,7 +4,7 @@ namespace velmora::tour {
 
 // clang-format off
 
-// The conclusions and the final table: printed by tests/lockstep/evaluacion.py, a model of its own,
+// The conclusions and the final table: printed by tests/lockstep/evaluation.py, a model of its own,
 // from the plan and the measurements alone.
 const std::array<Conclusions, kDays> kConclusions = {{
     {"0.61", "1", "NO",

@@ -44,7 +44,7 @@ if has_sanitizer(os.environ.get("VELMORA", sys.executable)):
     ROOM *= 4  # it keeps what was freed for a while
     PATIENCE *= 4
 
-OWN_FILES = {"casa", "trabajo", "enchufe", "salida.txt", "velmora.sh"}
+OWN_FILES = {"home", "work", "socket", "output.txt", "velmora.sh"}
 
 NAMES = {(day, entry): f"{day}/{entry}" for day in (1, 2, 3) for entry in range(1, 402)}
 LONG = evaluation(3, 3, "Añil, S.A.", (("agente", 1, 2, 15, 0, "ppm"),), slots=NAMES)
@@ -69,7 +69,7 @@ class FaultTest(process_test.ProcessTest):
 
     @property
     def pid(self):
-        return self.process.hijo.pid
+        return self.process.child.pid
 
     def limit_files_to(self, size):
         """No file of the process grows beyond a size from now on: a write that would fails, as on a
@@ -468,12 +468,12 @@ class Killed(FaultTest):
         self.write("datos.doc", b"contenido anterior")
         self.do("menu", "guardararchivo")
         self.do("file", "accept", self.path("datos.doc"))
-        self.process.enviar(["answer", "yes"])
+        self.process.send(["answer", "yes"])
         end = time.monotonic() + PATIENCE
         while os.path.getsize(self.path("datos.doc")) < aimed:
             self.assertLess(time.monotonic(), end)
         os.kill(self.pid, signal.SIGKILL)
-        self.process.hijo.wait()
+        self.process.child.wait()
         left = self.read("datos.doc")
         self.assertEqual(left, self.BIG[: len(left)])
         return len(left)
@@ -496,7 +496,7 @@ class Killed(FaultTest):
         self.do("menu", "guardararchivo")
         self.do("file", "accept", self.path("datos.doc"))
         os.kill(self.pid, signal.SIGKILL)
-        self.process.hijo.wait()
+        self.process.child.wait()
         self.assertEqual(self.read("datos.doc"), b"contenido anterior")
         self.assertEqual(self.files(), ["datos.doc"])
 
@@ -537,7 +537,7 @@ class Huge(HugeTest):
         start += b"0\r\n" * (159 - start.count(b"\r\n")) + line * 64
         self.offer(start, len(start))
         self.do("menu", "resulatadofinal")
-        self.assertEqual(self.process.ventana[0], "Form6")
+        self.assertEqual(self.process.window[0], "Form6")
 
 
 class HugeLine(HugeTest):

@@ -4,17 +4,17 @@
     python3 tests/journeys/evaluations.py FOLDER
 
 Each file holds what a user types (company, plan, agents, measurements) and everything that must
-come out: the cells of each day, its answers and sentences, the final table. The figures are those of
-the independent model in tests/lockstep.
+come out: the cells of each day, its answers and sentences, the final table. The figures are those
+of the independent model in tests/lockstep.
 """
 
 import os
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "lockstep"))
-from evaluacion import NAME, work_out  # noqa: E402
-from numeros import TextoArchivo  # noqa: E402
-from registro import EvaluacionRecord, escribir  # noqa: E402
+from arithmetic import plain_decimal  # noqa: E402
+from evaluation import NAME, work_out  # noqa: E402
+from record import EvaluacionRecord, write_evaluation  # noqa: E402
 
 PLACES = [(task, place) for task in (1, 2, 3) for place in range(1, 7)]
 
@@ -81,7 +81,7 @@ class Evaluation:
     def write(self, folder, name):
         work_out(self.record, self.samples)
         with open(os.path.join(folder, name + ".doc"), "wb") as f:
-            f.write(escribir(self.record))
+            f.write(write_evaluation(self.record))
 
 
 def one_day():
@@ -98,8 +98,8 @@ def one_day():
 
 def three_days():
     """Three days, three tasks, six agents in each."""
-    company = ["Químicas Ñandú & Cía, S.A.", "La Huelga", "7-C", "Ctra. de Avilés", "s/n", "Corvera",
-               "Asturias", "02/05/2024", "Íñigo Muñiz", "A-50000002", "985 000 000",
+    company = ["Químicas Ñandú & Cía, S.A.", "La Huelga", "7-C", "Ctra. de Avilés", "s/n",
+               "Corvera", "Asturias", "02/05/2024", "Íñigo Muñiz", "A-50000002", "985 000 000",
                "laboratorio@nandu.example", "www.nandu.example", "112", "3", "Planta 2", "14",
                "Decapado, lavado y pintura", "EV-2024-19"]
     e = Evaluation(company, 3, 3)
@@ -117,7 +117,7 @@ def three_days():
                 part = PEAKS.get((day, task, place, m + 1))
                 if part is None:
                     part = LEVELS[(row + 2 * day) % 9] * SPREADS[(m + row * day) % 6]
-                samples.append(TextoArchivo(float(f"{limit * part:.3g}")))
+                samples.append(plain_decimal(float(f"{limit * part:.3g}")))
             e.measure(day, task, place, samples)
     return e
 
@@ -129,8 +129,8 @@ def restarted():
     e.line(1, 2, 4, 0, 2)
     e.line(1, 1, 5, 1, 1)
     # The third agent of the first task was entered before the restart.
-    e.agents(1, [("Tricloroetileno", 55, 0, 30, 0, "mg/m3"), ("Acetona", 1210, 2420, 15, 0, "mg/m3"),
-                 ("Fenol", 8, 16, 15, 0, "mg/m3")])
+    e.agents(1, [("Tricloroetileno", 55, 0, 30, 0, "mg/m3"),
+                 ("Acetona", 1210, 2420, 15, 0, "mg/m3"), ("Fenol", 8, 16, 15, 0, "mg/m3")])
     e.agents(2, [("Etanol", 1910, 1910, 15, 1, "mg/m3"), ("Amoníaco", 14, 36, 15, 1, "mg/m3")])
     e.measure(1, 1, 1, ["12", "18.4", "9.9"])
     e.measure(1, 1, 2, ["300", "280", "410", "355"])

@@ -9,10 +9,10 @@ import sys
 import tempfile
 import unittest
 
-AQUI = os.path.dirname(os.path.abspath(__file__))
-sys.path.insert(0, os.path.join(os.path.dirname(AQUI), "lockstep"))
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, os.path.join(os.path.dirname(HERE), "lockstep"))
 
-from proceso import Proceso, Terminado  # noqa: E402
+from process import Ended, Process  # noqa: E402
 
 LINES = 1524
 
@@ -56,27 +56,27 @@ class ProcessTest(unittest.TestCase):
 
     def start(self, locale="punto", arguments=()):
         self.kill()
-        self.process = Proceso(
+        self.process = Process(
             os.environ["VELMORA"], os.environ["VELMORA_DRIVER"], locale, self.folder, arguments
         )
-        self.assertEqual(self.process.ventana, ["Form1", ".     Velmora / h1"])
+        self.assertEqual(self.process.window, ["Form1", ".     Velmora / h1"])
 
     def kill(self):
         if self.process is not None:
-            self.process.matar()
-            self.process.enlace.close()
+            self.process.kill()
+            self.process.link.close()
             self.process = None
 
     def do(self, *action):
-        self.process.enviar(list(action))
-        self.process.recibir()
+        self.process.send(list(action))
+        self.process.receive()
         self.assertIsNone(self.process.error, action)
 
     def status_after(self, *action):
         """What the process ends with on this action."""
-        with self.assertRaises(Terminado) as ended:
+        with self.assertRaises(Ended) as ended:
             self.do(*action)
-        return ended.exception.estado
+        return ended.exception.status
 
     def path(self, name):
         return os.path.join(self.folder, name)
@@ -105,7 +105,7 @@ class ProcessTest(unittest.TestCase):
         self.assertIsNone(self.process.modal)
 
     def text(self, control):
-        return self.process.controles[control][1]
+        return self.process.controls[control][1]
 
     def texts(self, name, indices):
         return [self.text(f"{name}({i})") for i in indices]
@@ -139,7 +139,7 @@ class Ending(ProcessTest):
         self.do("answer", "no")
         self.assertIsNone(self.process.modal)
         self.do("menu", "Nuevaempresa")
-        self.assertEqual(self.process.ventana[0], "Form2")
+        self.assertEqual(self.process.window[0], "Form2")
 
     def test_the_cross_of_the_window_does_the_same_on_a_later_screen(self):
         self.start()
@@ -255,9 +255,9 @@ class Separators(ProcessTest):
 
     def test_under_a_comma_one_line_says_that_the_results_are_not_valid(self):
         self.start("punto")
-        self.assertNotIn(b"separador", self.read("salida.txt"))
+        self.assertNotIn(b"separador", self.read("output.txt"))
         self.start("coma")
-        said = [line for line in self.read("salida.txt").splitlines() if b"separador" in line]
+        said = [line for line in self.read("output.txt").splitlines() if b"separador" in line]
         self.assertEqual(len(said), 1, said)
         self.assertIn(b"los resultados no valen", said[0])
 
@@ -320,9 +320,9 @@ class Files(ProcessTest):
         self.do("menu", "resulatadofinal")
         self.save("otra.doc")
         self.do("menu", "salir")
-        house, work = self.process.casa, self.process.trabajo
+        home, work = self.process.home, self.process.work
         self.assertEqual(self.status_after("answer", "yes"), 0)
-        left = [os.path.join(d, n) for top in (house, work) for d, _, ns in os.walk(top) for n in ns]
+        left = [os.path.join(d, n) for top in (home, work) for d, _, ns in os.walk(top) for n in ns]
         self.assertEqual(left, [])
 
     def test_a_cancelled_first_dialog_creates_nothing_and_wipes_the_boxes(self):

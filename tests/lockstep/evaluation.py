@@ -1,17 +1,17 @@
 #!/usr/bin/env python3
 """A whole evaluation worked out by the model: what was typed goes in, every figure comes out.
 
-    python3 tests/lockstep/evaluacion.py FILE.doc
+    python3 tests/lockstep/evaluation.py FILE.doc
 
-takes from an evaluation file the plan, the contaminants and the samples alone, works out its days and
-its final table, tells each cell that the file holds otherwise, and prints the rows of
+takes from an evaluation file the plan, the contaminants and the samples alone, works out its days
+and its final table, tells each cell that the file holds otherwise, and prints the rows of
 tour/expected.cpp. The exit status is 1 if a cell differs.
 """
 
 import sys
 
-from modelo import Programa
-from registro import EvaluacionRecord, leer
+from model import Model
+from record import EvaluacionRecord, read_evaluation
 
 LAY_OUT = ("introprimero", "introsegundo", "introtercero")
 SAMPLES = tuple(18 * row + column for row in range(18) for column in range(7, 13))
@@ -19,10 +19,10 @@ NAME = 2  # of the final table: it is noted with the contaminants
 BUTTONS = tuple(f"Command{i}" for i in range(1, 9))
 
 
-def _act(program, *action):
-    assert program.aplicable(action), action
-    program.actuar(action)
-    assert program.espera is None, (action, program.espera)
+def _act(model, *action):
+    assert model.applicable(action), action
+    model.act(action)
+    assert model.waiting_on is None, (action, model.waiting_on)
 
 
 def work_out(record: EvaluacionRecord, samples: dict) -> None:
@@ -30,31 +30,31 @@ def work_out(record: EvaluacionRecord, samples: dict) -> None:
 
     `samples` gives the text of a sample by day, from 1, and index of its cell in `Text1`.
     """
-    program = Programa()
-    program.registro = record
-    program.ir("Form5")
+    model = Model()
+    model.record = record
+    model.go_to("Form5")
     for day in range(1, record.NumJornadas + 1):
-        _act(program, "menu", LAY_OUT[day - 1])
+        _act(model, "menu", LAY_OUT[day - 1])
         for cell in SAMPLES:
-            program.control(f"Text1({cell})").Text = samples.get((day, cell), "")
+            model.control(f"Text1({cell})").Text = samples.get((day, cell), "")
         for button in BUTTONS:
-            if program.control(button).Visible:
-                _act(program, "click", button)
-    program.ir("Form6")
-    _act(program, "click", "Command1")
+            if model.control(button).Visible:
+                _act(model, "click", button)
+    model.go_to("Form6")
+    _act(model, "click", "Command1")
 
 
 def _again(record: EvaluacionRecord, data: bytes) -> EvaluacionRecord:
     """The same evaluation without its results, worked out."""
     samples = {}
     for day in (1, 2, 3):
-        sheet = record.hoja(day)
+        sheet = record.sheet(day)
         samples.update({(day, cell): sheet[cell + 1] for cell in SAMPLES})
     again = EvaluacionRecord()
-    leer(again, data)
+    read_evaluation(again, data)
     for day in (1, 2, 3):
-        again.hoja(day).valores = dict.fromkeys(again.hoja(day).valores, "")
-    for row, column in again.HojaFinal.valores:
+        again.sheet(day).elements = dict.fromkeys(again.sheet(day).elements, "")
+    for row, column in again.HojaFinal.elements:
         if column != NAME:
             again.HojaFinal[row, column] = ""
     work_out(again, samples)
@@ -62,9 +62,9 @@ def _again(record: EvaluacionRecord, data: bytes) -> EvaluacionRecord:
 
 
 def _differences(again, record):
-    tables = [(f"day {day}", again.hoja(day), record.hoja(day)) for day in (1, 2, 3)]
+    tables = [(f"day {day}", again.sheet(day), record.sheet(day)) for day in (1, 2, 3)]
     for name, ours, theirs in [*tables, ("final table", again.HojaFinal, record.HojaFinal)]:
-        for place, text in ours.valores.items():
+        for place, text in ours.elements.items():
             if text != theirs[place]:
                 yield f"{name}, {place}: {text!r} here, {theirs[place]!r} in the file"
 
@@ -75,7 +75,7 @@ def _quoted(texts):
 
 def _print_rows(record):
     for day in range(1, record.NumJornadas + 1):
-        index, probability, *sentences, passed = (record.hoja(day)[i] for i in range(397, 402))
+        index, probability, *sentences, passed = (record.sheet(day)[i] for i in range(397, 402))
         print(f"    {{{_quoted((index, probability, passed))},\n     {_quoted(sentences)}}},")
     for row in range(1, 19):
         print(f"    {{{_quoted(record.HojaFinal[row, column] for column in range(3, 10))}}},")
@@ -85,7 +85,7 @@ def main():
     with open(sys.argv[1], "rb") as file:
         data = file.read()
     record = EvaluacionRecord()
-    leer(record, data)
+    read_evaluation(record, data)
     again = _again(record, data)
     differences = list(_differences(again, record))
     _print_rows(again)
