@@ -35,7 +35,8 @@ struct DayCase {
 
 private:
     const ReadCell& At(int row, Column column) const {
-        return grid.at(static_cast<std::size_t>((row - 1) * kSheetColumns + PlaceOf(column)));
+        const int place = (row - 1) * kSheetColumns + PlaceOf(column);
+        return grid.at(static_cast<std::size_t>(place));
     }
 };
 

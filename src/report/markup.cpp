@@ -49,7 +49,7 @@ Markup GuideLink(std::string_view anchor) {
 Table::Table(std::string_view name, const Markup& caption, std::span<const Column> columns)
     : columns_(columns.begin(), columns.end()) {
     const std::string id(name);
-    markup_ = "<div class=\"tabla\" role=\"group\" tabindex=\"0\" aria-labelledby=\"" + id +
+    markup_ = R"(<div class="tabla" role="group" tabindex="0" aria-labelledby=")" + id +
               "\">\n<table>\n" + Element("caption", caption, "id=\"" + id + "\"") +
               "<thead>\n<tr>\n";
     for (const Column& column : columns_) {
