@@ -16,7 +16,7 @@ int main() {
     for (int row = 0; row < 3; ++row) {
         for (const int column : {13, 16, 17, 14}) {
             const std::string& text = sheet.Text1(row * velmora::grid::kColumns + column).Text;
-            std::cout << velmora::LeerValor(text).Valor() << ' ';
+            std::cout << velmora::LeerValor(text).Value() << ' ';
         }
         std::cout << '\n';
     }

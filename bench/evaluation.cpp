@@ -67,13 +67,13 @@ const std::function<void()>& HandlerOf(const Screen& screen, int button) {
     return screen.FindControl(kNames.at(static_cast<std::size_t>(button - 1)))->events.Click;
 }
 
-const HojaDelDia& SlotOf(const EvaluacionRecord& record, int day) {
+const DaySheet& SlotOf(const EvaluacionRecord& record, int day) {
     return day == 1   ? record.HojaPrimerDia
            : day == 2 ? record.HojaSegundoDia
                       : record.HojaTercerDia;
 }
 
-void TypeDay(Form5& sheet, int day, const HojaDelDia& slot) {
+void TypeDay(Form5& sheet, int day, const DaySheet& slot) {
     if (day == 1) sheet.introprimero_Click();
     if (day == 2) sheet.introsegundo_Click();
     if (day == 3) sheet.introtercero_Click();
@@ -83,7 +83,7 @@ void TypeDay(Form5& sheet, int day, const HojaDelDia& slot) {
             for (const char key : slot(cell + 1)) {
                 KeyCode code = static_cast<unsigned char>(key);
                 sheet.Text1_KeyPress(cell, code);
-                if (code != kTeclaRechazada) sheet.Text1(cell).Text += static_cast<char>(code);
+                if (code != kKeyRefused) sheet.Text1(cell).Text += static_cast<char>(code);
             }
         }
     }
@@ -108,7 +108,7 @@ void Evaluate(Core& core, const EvaluacionRecord& measured) {
 }
 
 Form5& WorkDay(Core& core) {
-    HojaDelDia measured;
+    DaySheet measured;
     for (std::size_t row = 0; row < kSamples.size(); ++row) {
         int entry = static_cast<int>(row) * grid::kColumns + grid::kFirstSample + 1;
         for (const std::string_view sample : kSamples.at(row)) measured(entry++) = sample;

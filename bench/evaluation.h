@@ -22,8 +22,8 @@ std::tm LocalTime();
 template <class Base>
 class Quiet : public Base {
 public:
-    Respuesta MsgBox(std::string_view prompt, Estilo /*estilo*/,
-                     std::string_view /*titulo*/) override {
+    MsgBoxAnswer MsgBox(std::string_view prompt, MsgBoxStyle /*style*/,
+                        std::string_view /*title*/) override {
         Unexpected(prompt);
     }
     void ShowSave(CommonDialog& /*dialog*/) override { Unexpected("a file dialog"); }
@@ -64,9 +64,9 @@ inline constexpr int kButtons = 8;
 const std::function<void()>& HandlerOf(const Screen& screen, int button);
 
 /// Lays the day out and types its measurements key by key, those that `slot` holds.
-void TypeDay(Form5& sheet, int day, const HojaDelDia& slot);
+void TypeDay(Form5& sheet, int day, const DaySheet& slot);
 
-const HojaDelDia& SlotOf(const EvaluacionRecord& record, int day);
+const DaySheet& SlotOf(const EvaluacionRecord& record, int day);
 
 /// The three days of an evaluation and its final table, from a record that holds the plan, with the
 /// measurements of `measured`. Throws std::logic_error unless the record comes to hold what

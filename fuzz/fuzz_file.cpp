@@ -138,15 +138,15 @@ private:
     void JudgeLine(const Element& element, std::string_view line, Entero was, Entero is) {
         const auto number = NumberOn(line);
         const auto whole = number ? NearestWhole(*number, -32768, 32767) : std::nullopt;
-        const auto due = whole.value_or(was.Valor());
-        Require(is.Valor() == due, "an Integer is the line's number, if it fits", Named{element},
-                " is ", is.Valor(), ", due ", due);
+        const auto due = whole.value_or(was.Value());
+        Require(is.Value() == due, "an Integer is the line's number, if it fits", Named{element},
+                " is ", is.Value(), ", due ", due);
         Write(static_cast<std::size_t>(element.line), is);
     }
     void JudgeLine(const Element& element, std::string_view line, Doble was, Doble is) {
-        const double due = NumberOn(line).value_or(was.Valor());
+        const double due = NumberOn(line).value_or(was.Value());
         Require(is == due, "a Double is the line's number, if it fits", Named{element}, " is ",
-                is.Valor(), ", due ", due);
+                is.Value(), ", due ", due);
         Write(static_cast<std::size_t>(element.line), is);
     }
 
@@ -154,10 +154,10 @@ private:
         written_.at(line - 1) = '"' + text + '"';
     }
     void Write(std::size_t line, Entero number) {
-        written_.at(line - 1) = (number < 0 ? "-" : "") + Plain(Exactly(number.Valor()), ".");
+        written_.at(line - 1) = (number < 0 ? "-" : "") + Plain(Exactly(number.Value()), ".");
     }
     void Write(std::size_t line, Doble number) {
-        const ExactDecimal shown = ToSignificantDigits(Exactly(number.Valor()), kSignificantDigits);
+        const ExactDecimal shown = ToSignificantDigits(Exactly(number.Value()), kSignificantDigits);
         written_.at(line - 1) = (number < 0 ? "-" : "") + Plain(shown, ".");
     }
 
@@ -179,7 +179,7 @@ void RequireSame(const std::string& came, const std::string& due, std::string_vi
 /// What a Double is once it has been saved: the value of its fifteen digits. Those of the very
 /// largest ones stand for more than a Double holds, so that nothing is read.
 std::optional<double> Saved(Doble number) {
-    const ExactDecimal shown = ToSignificantDigits(Exactly(number.Valor()), kSignificantDigits);
+    const ExactDecimal shown = ToSignificantDigits(Exactly(number.Value()), kSignificantDigits);
     const auto nearest = NearestDouble(shown);
     return nearest && number < 0 ? -*nearest : nearest;
 }
@@ -206,7 +206,7 @@ bool HasNumbersTooLargeToSave(const EvaluacionRecord& record) {
     WalkTogether(record, record, [&](const Element&, const auto& value, const auto&) {
         using Value = std::decay_t<decltype(value)>;
         if constexpr (std::is_same_v<Value, Doble>)
-            found = found || (std::fabs(value.Valor()) > 1e308 && !Saved(value));
+            found = found || (std::fabs(value.Value()) > 1e308 && !Saved(value));
     });
     return found;
 }

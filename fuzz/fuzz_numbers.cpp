@@ -21,7 +21,7 @@ constexpr int kSignificantDigits = 15;
 /// A reading as it came or was due: a number, or the kind of run-time error.
 struct Reading {
     std::optional<double> value;
-    std::optional<TipoError> error;
+    std::optional<ErrorKind> error;
 
     friend bool operator==(const Reading&, const Reading&) = default;
 };
@@ -36,13 +36,13 @@ Reading Came(Read read) {
     try {
         return {static_cast<double>(read()), std::nullopt};
     } catch (const ErrorEjecucion& error) {
-        return {std::nullopt, error.Tipo()};
+        return {std::nullopt, error.Kind()};
     }
 }
 
 Reading Due(const ExactDecimal& number, bool negative) {
     const auto nearest = NearestDouble(number);
-    if (!nearest) return {std::nullopt, TipoError::Desbordamiento};
+    if (!nearest) return {std::nullopt, ErrorKind::Overflow};
     return {negative ? -*nearest : *nearest, std::nullopt};
 }
 
@@ -71,24 +71,24 @@ std::string_view WithoutBlanks(std::string_view text) {
 Reading DueAsWhole(const Reading& number, long long least, long long most) {
     if (number.error) return number;
     const auto whole = NearestWhole(*number.value, least, most);
-    if (!whole) return {std::nullopt, TipoError::Desbordamiento};
+    if (!whole) return {std::nullopt, ErrorKind::Overflow};
     return {static_cast<double>(*whole), std::nullopt};
 }
 
 void CheckReading(const std::string& text, const std::string& separator) {
     const Reading leading = DueOfLeadingNumber(text);
-    const Reading came = Came([&] { return LeerValor(text).Valor(); });
+    const Reading came = Came([&] { return LeerValor(text).Value(); });
     Require(came == leading, "LeerValor reads the leading number", '"', text, "\" came as ", came,
             ", due ", leading);
 
     const Reading whole = DueOfWholeText(WithoutBlanks(text), separator)
-                              .value_or(Reading{std::nullopt, TipoError::TiposNoCoinciden});
-    const Reading converted = Came([&] { return ConvertirDoble(text).Valor(); });
+                              .value_or(Reading{std::nullopt, ErrorKind::TypeMismatch});
+    const Reading converted = Came([&] { return ConvertirDoble(text).Value(); });
     Require(converted == whole, "ConvertirDoble reads by the locale", '"', text, "\" came as ",
             converted, ", due ", whole);
 
     const Reading integer = DueAsWhole(whole, -32768, 32767);
-    const Reading as_integer = Came([&] { return ConvertirEntero(text).Valor(); });
+    const Reading as_integer = Came([&] { return ConvertirEntero(text).Value(); });
     Require(as_integer == integer, "ConvertirEntero reads an Integer", '"', text, "\" came as ",
             as_integer, ", due ", integer);
 
@@ -99,7 +99,7 @@ void CheckReading(const std::string& text, const std::string& separator) {
             as_large, ", due ", large);
 
     const auto in_file = DueOfWholeText(text, ".");
-    const auto read = NumeroCompleto(text, ".");
+    const auto read = CompleteNumber(text, ".");
     Require(in_file.has_value() == read.has_value(), "NumeroCompleto takes numbers alone", text);
     if (in_file && in_file->value) {
         Require(*read == *in_file->value, "NumeroCompleto reads the number", text, " as ", *read);
@@ -136,7 +136,7 @@ void CheckTexts(double value, const std::string& separator) {
     const std::array<std::pair<std::string, std::string>, 3> texts = {{
         {TextoDoble(value), with_sign(General(shown, separator))},
         {FormatoDosDecimales(value), with_sign(TwoPlaces(shown, separator))},
-        {TextoDecimalPlano(value), with_sign(Plain(shown, "."))},
+        {PlainDecimalText(value), with_sign(Plain(shown, "."))},
     }};
     for (const auto& [came, due] : texts) {
         Require(came == due, "a Double shows its fifteen digits", value, " came as ", came,
@@ -145,7 +145,7 @@ void CheckTexts(double value, const std::string& separator) {
     }
 
     const Reading whole = DueAsWhole({value, std::nullopt}, -32768, 32767);
-    const Reading rounded = Came([&] { return RedondearEntero(value).Valor(); });
+    const Reading rounded = Came([&] { return RedondearEntero(value).Value(); });
     Require(rounded == whole, "RedondearEntero rounds halves to even", value, " came as ", rounded,
             ", due ", whole);
     if (rounded.value) {
@@ -165,7 +165,7 @@ double WithPlaces(std::int64_t digits, int places) {
 void Run(Bytes input) {
     const int kind = input.Byte();
     const std::string separator = kind % 2 == 0 ? "." : ",";
-    FijarSeparadorDecimal(separator);
+    SetDecimalSeparator(separator);
     switch (kind / 2 % 3) {
         case 0:
             CheckReading(input.Rest(), separator);

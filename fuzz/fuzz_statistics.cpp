@@ -118,7 +118,7 @@ struct Call {
     /// The samples up to the first zero.
     std::vector<double> Counted() const {
         std::vector<double> counted;
-        for (int i = 1; i <= 6 && samples(i) != 0; ++i) counted.push_back(samples(i).Valor());
+        for (int i = 1; i <= 6 && samples(i) != 0; ++i) counted.push_back(samples(i).Value());
         return counted;
     }
 };
@@ -126,19 +126,19 @@ struct Call {
 /// What a call came to.
 struct Outcome {
     std::optional<double> result;
-    std::optional<TipoError> error;
+    std::optional<ErrorKind> error;
 };
 
 template <class Routine>
 Outcome Came(Routine routine) {
     try {
-        return {routine().Valor(), std::nullopt};
+        return {routine().Value(), std::nullopt};
     } catch (const ErrorEjecucion& error) {
-        return {std::nullopt, error.Tipo()};
+        return {std::nullopt, error.Kind()};
     }
 }
 
-void RequireError(const Outcome& came, TipoError due, std::string_view rule) {
+void RequireError(const Outcome& came, ErrorKind due, std::string_view rule) {
     Require(came.error == due, rule, "result ", came.result.value_or(-1), ", error ",
             came.error ? static_cast<int>(*came.error) : -1);
 }
@@ -165,29 +165,29 @@ bool Judge(const Call& call, const Outcome& came, const EvaluacionRecord& record
         return false;
     }
     if (std::ranges::any_of(counted, [](double sample) { return sample < 0; })) {
-        RequireError(came, TipoError::ArgumentoNoValido, "a negative sample has no logarithm");
+        RequireError(came, ErrorKind::InvalidArgument, "a negative sample has no logarithm");
         return false;
     }
     if (counted.size() == 1) {
-        RequireError(came, TipoError::OperacionNoValida, "a single sample is 0 / 0");
+        RequireError(came, ErrorKind::InvalidOperation, "a single sample is 0 / 0");
         return false;
     }
     const Mean mean = Formulas(counted);
     const bool fits = mean.mg.SurelyFits() && mean.gsd.SurelyFits();
-    if (came.error == TipoError::Desbordamiento && !fits) return false;
+    if (came.error == ErrorKind::Overflow && !fits) return false;
     Require(!mean.mg.SurelyOverflows() && !mean.gsd.SurelyOverflows(), "MG and GSD fit a Double");
     if (!call.IsInBounds()) {
-        RequireError(came, TipoError::SubindiceFueraDeRango, "the place is in bounds");
+        RequireError(came, ErrorKind::SubscriptOutOfRange, "the place is in bounds");
         return false;
     }
-    const double mg = record.MG(call.day, call.task, call.contaminant).Valor();
-    const double gsd = record.GSD(call.day, call.task, call.contaminant).Valor();
+    const double mg = record.MG(call.day, call.task, call.contaminant).Value();
+    const double gsd = record.GSD(call.day, call.task, call.contaminant).Value();
     Require(mean.mg.Matches(mg), "MG is the geometric mean", mg, " against ",
             static_cast<double>(mean.mg.value));
     Require(mean.gsd.Matches(gsd), "GSD is the geometric deviation", gsd, " against ",
             static_cast<double>(mean.gsd.value));
     if (came.error) {
-        RequireError(came, TipoError::Desbordamiento, "only an overflow can come behind storing");
+        RequireError(came, ErrorKind::Overflow, "only an overflow can come behind storing");
         Require(!mean.growth.SurelyFits() || !mean.result.SurelyFits(), "what fits is given");
         return true;
     }

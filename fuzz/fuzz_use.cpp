@@ -181,20 +181,20 @@ void Tell(const Step& step) {
     std::cerr << "Form" << static_cast<int>(step.before.Id()) << ": "
               << property::Describe(step.action);
     for (const property::ShownBox& box : step.outcome.boxes) std::cerr << "; box: " << box.prompt;
-    if (step.outcome.error) std::cerr << "; " << MensajeDe(*step.outcome.error);
+    if (step.outcome.error) std::cerr << "; " << MessageOf(*step.outcome.error);
     if (step.outcome.ended) std::cerr << "; ended";
     std::cerr << '\n';
 }
 
 void RunWatched(const Start& start, const std::string& separator, Bytes input) {
     World world(separator);
-    FijarSeparadorDecimal(".");  // as the records of the starts were made
+    SetDecimalSeparator(".");  // as the records of the starts were made
     for (const Deed& deed : start.deeds) {
         for (const Action& action : ActionsOf(deed, world.Program().Current())) {
             world.Perform(action);
         }
     }
-    FijarSeparadorDecimal(separator);
+    SetDecimalSeparator(separator);
     std::size_t done = 0;
     while (!input.Empty() && done < kMostActions) {
         for (const Action& action : Hasty(Deed::Next(input), world.Program().Current())) {
@@ -223,7 +223,7 @@ void Run(std::span<const std::uint8_t> bytes) {
     const std::uint8_t first = input.Byte();
     const std::string separator = first % 8 == 7 ? "," : ".";
     const Start& start = Starts()[first / 8 % Starts().size()];
-    FijarSeparadorDecimal(separator);
+    SetDecimalSeparator(separator);
     if (IsWatched(bytes))
         RunWatched(start, separator, input);
     else

@@ -131,7 +131,7 @@ void WorkDay(Route& route) {
         route.Press(button);
     }
     route.Choose("resultadosfinales").Press("Command1");
-    route.Choose("guardararchivo", Respuesta::Si, "una.doc").Choose("regresar");
+    route.Choose("guardararchivo", MsgBoxAnswer::Yes, "una.doc").Choose("regresar");
     route.Choose("recupprimerdia");
 }
 
@@ -144,7 +144,7 @@ void MakeUses(const Folder& folder) {
     Route refusals;
     refusals.Choose("Nuevaempresa").Write("Text1(1)", "").Choose("calculos");
     refusals.Write("Text1(1)", "Xileno");
-    refusals.Choose("datosiniciales").Press("Command1").Choose("pagina5", Respuesta::No);
+    refusals.Choose("datosiniciales").Press("Command1").Choose("pagina5", MsgBoxAnswer::No);
     refusals.Choose("contaminantes").Press("Command1").Press("Command3").Choose("datosdeempresa");
     refusals.Choose("Regresar").Choose("Nuevaempresa").Choose("imprimir");
     folder.Write("refusals", BytesOf(refusals));

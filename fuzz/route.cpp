@@ -12,7 +12,7 @@ Route& Route::Work(std::uint8_t which, std::uint8_t what) {
     return *this;
 }
 
-Route& Route::Choose(std::string_view entry, Respuesta answer, std::optional<std::string> file) {
+Route& Route::Choose(std::string_view entry, MsgBoxAnswer answer, std::optional<std::string> file) {
     Do({{.kind = Kind::Choose,
          .target = std::string(entry),
          .answer = answer,
@@ -25,7 +25,7 @@ Route& Route::Press(std::string_view button) {
     return *this;
 }
 
-Route& Route::Pick(std::string_view list, std::string_view item, Respuesta answer) {
+Route& Route::Pick(std::string_view list, std::string_view item, MsgBoxAnswer answer) {
     Do({{.kind = Kind::Pick,
          .target = std::string(list),
          .text = std::string(item),

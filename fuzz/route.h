@@ -16,10 +16,11 @@ namespace velmora::fuzz {
 class Route {
 public:
     Route& Work(std::uint8_t which = 0, std::uint8_t what = 0);
-    Route& Choose(std::string_view entry, Respuesta answer = Respuesta::Si,
+    Route& Choose(std::string_view entry, MsgBoxAnswer answer = MsgBoxAnswer::Yes,
                   std::optional<std::string> file = {});
     Route& Press(std::string_view button);
-    Route& Pick(std::string_view list, std::string_view item, Respuesta answer = Respuesta::No);
+    Route& Pick(std::string_view list, std::string_view item,
+                MsgBoxAnswer answer = MsgBoxAnswer::No);
     Route& Write(std::string_view cell, std::string_view text);
     Route& Type(std::string_view cell, std::string_view keys);
     Route& DoubleClick(std::string_view cell);

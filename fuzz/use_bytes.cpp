@@ -67,19 +67,19 @@ bool IsPickedFrom(const Control& control) {
 bool TakesKeys(const Control& control) {
     const auto* const cell = StateOf<TextCell>(control);
     const auto* const list = StateOf<ComboBox>(control);
-    return control.row.tab != kSinTab &&
+    return control.row.tab != kNoTab &&
            ((cell != nullptr && cell->Visible) || (list != nullptr && list->Visible));
 }
 
 bool TakesText(const Control& control) {
     const auto* const cell = StateOf<TextCell>(control);
-    return cell != nullptr && cell->Visible && !cell->Locked && control.row.tab != kSinTab &&
+    return cell != nullptr && cell->Visible && !cell->Locked && control.row.tab != kNoTab &&
            (control.events.free_text || !control.events.KeyPress);
 }
 
 bool TakesMeasurements(const Control& control) {
     const auto* const cell = StateOf<TextCell>(control);
-    return cell != nullptr && cell->Visible && !cell->Locked && control.row.tab != kSinTab &&
+    return cell != nullptr && cell->Visible && !cell->Locked && control.row.tab != kNoTab &&
            control.events.KeyPress;
 }
 
@@ -145,7 +145,7 @@ std::vector<Action> OnControl(const Deed& deed, const Control& control) {
             return {{.kind = ActionKind::Pick,
                      .target = target,
                      .text = std::string(At(control.row.items, deed.what % kHighBit)),
-                     .answer = deed.what >= kHighBit ? Respuesta::Si : Respuesta::No}};
+                     .answer = deed.what >= kHighBit ? MsgBoxAnswer::Yes : MsgBoxAnswer::No}};
         case Key:
             return {
                 {.kind = ActionKind::Key, .target = target, .number = std::max<int>(deed.what, 1)}};
@@ -170,7 +170,7 @@ constexpr int kFileChoices = 8;
 
 Action Entry(std::string_view entry, int what) {
     Action action{.kind = ActionKind::Choose, .target = std::string(entry)};
-    action.answer = what % 2 == 0 ? Respuesta::Si : Respuesta::No;
+    action.answer = what % 2 == 0 ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
     const int file = what / 2 % kFileChoices;
     if (file < static_cast<int>(kFiles.size())) action.file = std::string(At(kFiles, file));
     if (file == 3) action.file = "falta.doc";
@@ -223,7 +223,7 @@ bool IsVisibleCell(const Screen& screen, const std::string& name) {
 /// A task, and once its rows stand all of their fields.
 std::vector<Action> WorkOnForm4(const Deed& deed, const Screen& screen) {
     if (!IsVisibleCell(screen, "Text1(1)")) {
-        return {Picked("Combo1", Row::kSinIndice, 1 + deed.which % 3)};
+        return {Picked("Combo1", Row::kNoIndex, 1 + deed.which % 3)};
     }
     std::vector<Action> actions;
     for (int row = 1; row <= 6 && IsVisibleCell(screen, Indexed("Text1", 5 * row - 4)); ++row) {

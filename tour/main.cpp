@@ -123,7 +123,7 @@ int main(int argc, char* argv[]) {
     const std::string separator = QLocale::system().decimalPoint().toStdString();
     QApplication application(argc, argv);
     velmora::DressApplication(application);
-    velmora::FijarSeparadorDecimal(separator);
+    velmora::SetDecimalSeparator(separator);
 
     const auto options = tour::ReadOptions({argv + 1, argv + argc});
     if (!options) {

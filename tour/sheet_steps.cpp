@@ -60,7 +60,7 @@ void CompareConclusions(const Road& road, const Conclusions& expected) {
 }
 
 /// Every cell of the sheet, shown or not, against the slot of its day.
-void CompareWithSlot(const Road& road, const HojaDelDia& slot) {
+void CompareWithSlot(const Road& road, const DaySheet& slot) {
     const auto compare = [&](const std::string& cell, int entry) {
         road.guide.CheckQuietly("hoja recuperada, " + cell, road.robot.Text(cell), slot(entry));
     };

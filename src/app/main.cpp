@@ -29,7 +29,7 @@ int main(int argc, char* argv[]) {
 
     // Read before the toolkit is told to speak Spanish: the separator is that of the user's locale.
     const std::string separator = QLocale::system().decimalPoint().toStdString();
-    velmora::FijarSeparadorDecimal(separator);
+    velmora::SetDecimalSeparator(separator);
     if (separator != ".") std::cerr << kNotAPoint << separator << '\n';
 
     // No argument is the toolkit's: it would take style sheets, platforms and plug-in paths from

@@ -9,20 +9,20 @@
 
 namespace velmora {
 
-std::unique_ptr<Screen> MakeScreen(ScreenId id, const Entorno& entorno) {
+std::unique_ptr<Screen> MakeScreen(ScreenId id, const Environment& environment) {
     switch (id) {
         case ScreenId::Form1:
-            return std::make_unique<Form1>(entorno);
+            return std::make_unique<Form1>(environment);
         case ScreenId::Form2:
-            return std::make_unique<Form2>(entorno);
+            return std::make_unique<Form2>(environment);
         case ScreenId::Form3:
-            return std::make_unique<Form3>(entorno);
+            return std::make_unique<Form3>(environment);
         case ScreenId::Form4:
-            return std::make_unique<Form4>(entorno);
+            return std::make_unique<Form4>(environment);
         case ScreenId::Form5:
-            return std::make_unique<Form5>(entorno);
+            return std::make_unique<Form5>(environment);
         case ScreenId::Form6:
-            return std::make_unique<Form6>(entorno);
+            return std::make_unique<Form6>(environment);
     }
     return nullptr;
 }

@@ -86,16 +86,16 @@ constexpr Row BoxRow(const Field& field, int tab) {
             .text = i == 1 ? kNameHint : std::string_view(i == 9 ? " " : ""),
             .look = {.family = i >= 15 ? Family::MsSansSerif : Family::Arial,
                      .points = i >= 15 ? 9.75 : 8.25,
-                     .back = kFondoDeVentana},
+                     .back = kWindowBackground},
             .tab = tab,
             .spoken = field.spoken};
 }
 
 }  // namespace
 
-Form2::Form2(const Entorno& entorno)
+Form2::Form2(const Environment& environment)
     : Screen(ScreenId::Form2, "     Velmora / h2", kClientArea, Label3, "fondo2"),
-      entorno_(entorno) {
+      environment_(environment) {
     PlaceControls();
     PlaceMenu();
 }
@@ -136,24 +136,24 @@ void Form2::PlaceMenu() {
 
 void Form2::Form_Load() {
     // Only the company's name is looked at: without it the boxes keep their starting text.
-    if (!entorno_.record.DatosEmpresa(1).empty()) MostrarDatosEmpresa();
+    if (!environment_.record.DatosEmpresa(1).empty()) ShowDatosEmpresa();
 }
 
-void Form2::MostrarDatosEmpresa() {
-    for (int i = 1; i <= 19; ++i) Text1(i).Text = entorno_.record.DatosEmpresa(i);
+void Form2::ShowDatosEmpresa() {
+    for (int i = 1; i <= 19; ++i) Text1(i).Text = environment_.record.DatosEmpresa(i);
 }
 
-void Form2::Timer1_Timer() { Label3.Caption = FormatoFecha(entorno_.host.Now()); }
+void Form2::Timer1_Timer() { Label3.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form2::StoreFieldsAndGo(ScreenId target) {
     if (Text1(1).Text.empty()) {
-        entorno_.host.MsgBox("Debe cumplimentarse por lo menos el nombre de la empresa");
+        environment_.host.MsgBox("Debe cumplimentarse por lo menos el nombre de la empresa");
         return;
     }
     for (int i = 1; i <= 19; ++i) {
-        entorno_.record.DatosEmpresa(i) = Text1(i).Text.empty() ? kEmptyField : Text1(i).Text;
+        environment_.record.DatosEmpresa(i) = Text1(i).Text.empty() ? kEmptyField : Text1(i).Text;
     }
-    entorno_.chain.Go(target);
+    environment_.chain.Go(target);
 }
 
 void Form2::datosiniciales_Click() { StoreFieldsAndGo(ScreenId::Form3); }
@@ -162,11 +162,11 @@ void Form2::calculos_Click() { StoreFieldsAndGo(ScreenId::Form5); }
 void Form2::resulatadofinal_Click() { StoreFieldsAndGo(ScreenId::Form6); }
 
 void Form2::Regresar_Click() {
-    const Respuesta answer = entorno_.host.MsgBox(
+    const MsgBoxAnswer answer = environment_.host.MsgBox(
         "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
         "¿Está seguro de que quiere regresar?",
-        Estilo::SiNoInformacionNo);
-    if (answer == Respuesta::Si) entorno_.chain.Go(ScreenId::Form1);
+        MsgBoxStyle::YesNoInformationNo);
+    if (answer == MsgBoxAnswer::Yes) environment_.chain.Go(ScreenId::Form1);
 }
 
 void Form2::recuperardatos_Click() {
@@ -174,15 +174,15 @@ void Form2::recuperardatos_Click() {
     CommonDialog1.DialogTitle = " Guardar datos";  // the writer's title, kept here, too
     CommonDialog1.Flags = kExplorerStyle;
     CommonDialog1.DefaultExt = "doc";
-    Intentar([&] { entorno_.host.ShowSave(CommonDialog1); });
-    ReadEvaluation(CommonDialog1.FileName, entorno_.record);
-    MostrarDatosEmpresa();  // whatever was read: after a Cancel it wipes what had been typed
+    Intentar([&] { environment_.host.ShowSave(CommonDialog1); });
+    ReadEvaluation(CommonDialog1.FileName, environment_.record);
+    ShowDatosEmpresa();  // whatever was read: after a Cancel it wipes what had been typed
 }
 
 void Form2::imprimir_Click() {
-    Imprimir(entorno_.host, CommonDialog1, {"Se imprimirá la pantalla", 0, 2});
+    Imprimir(environment_.host, CommonDialog1, {"Se imprimirá la pantalla", 0, 2});
 }
 
-void Form2::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacionNo); }
+void Form2::salir_Click() { Salir(environment_.host, MsgBoxStyle::YesNoInformationNo); }
 
 }  // namespace velmora

@@ -9,7 +9,7 @@ namespace velmora {
 /// The company data screen: nineteen free-text fields, and the way to a saved evaluation.
 class Form2 : public Screen {
 public:
-    explicit Form2(const Entorno& entorno);
+    explicit Form2(const Environment& environment);
 
     void Form_Load() override;
     void Timer1_Timer() override;
@@ -23,7 +23,7 @@ public:
     void salir_Click();
 
     /// Sets each box from its element of `DatosEmpresa`.
-    void MostrarDatosEmpresa();
+    void ShowDatosEmpresa();
 
     Label Label2, Label3, Label4;
     Array<Label, 0, 19> Label1;  ///< 17 isn't on the screen
@@ -35,7 +35,7 @@ private:
     void PlaceMenu();
     void StoreFieldsAndGo(ScreenId target);
 
-    Entorno entorno_;
+    Environment environment_;
 };
 
 }  // namespace velmora

@@ -112,7 +112,7 @@ constexpr Row ListRow(int i) {
     return {.name = "Combo1",
             .index = i,
             .box = list.box,
-            .look = {.back = kFondoDeVentana},
+            .look = {.back = kWindowBackground},
             .tab = list.tab,
             .spoken = list.spoken,
             .items = list.items};
@@ -142,15 +142,15 @@ constexpr Row CellRow(int k, int column) {
     return {.name = "Text1",
             .index = i,
             .box = {At(kColumns, column).left, 1800 + 360 * (k - 1), kCellWidth, kCellHeight},
-            .look = {.back = kFondoDeVentana},
+            .look = {.back = kWindowBackground},
             .tab = kFirstTabOfGrid + i};
 }
 
 }  // namespace
 
-Form3::Form3(const Entorno& entorno)
+Form3::Form3(const Environment& environment)
     : Screen(ScreenId::Form3, "    Velmora / h3", kClientArea, Label2, "fondo3"),
-      entorno_(entorno) {
+      environment_(environment) {
     PlaceControls();
     PlaceMenu();
 }
@@ -194,12 +194,15 @@ void Form3::PlaceMenu() {
                     {"salir", "Salir", &Form3::salir_Click, {}, true}});
 }
 
-Entero Form3::RowsOfPlan() const { return entorno_.record.NumTareas * entorno_.record.NumJornadas; }
+Entero Form3::RowsOfPlan() const {
+    return environment_.record.NumTareas * environment_.record.NumJornadas;
+}
 
 Entero Form3::CellsOfPlan() const { return RowsOfPlan() * 6; }
 
 void Form3::Form_Load() {
-    const bool has_plan = entorno_.record.NumJornadas != 0 && entorno_.record.NumTareas != 0;
+    const bool has_plan =
+        environment_.record.NumJornadas != 0 && environment_.record.NumTareas != 0;
     if (!has_plan) {
         OcultarEntrada();
     } else {
@@ -241,7 +244,7 @@ void Form3::CloseCell(int i) {
 }
 
 void Form3::AbrirCeldas(Entero n) {
-    for (int i = 0; i < n.Valor(); ++i) {
+    for (int i = 0; i < n.Value(); ++i) {
         Text1(i).Locked = false;
         Text1(i).Visible = true;
         Text1(i).Text.clear();
@@ -250,8 +253,8 @@ void Form3::AbrirCeldas(Entero n) {
 
 void Form3::NumerarFilas() {
     Entero k = 1;
-    for (int d = 1; d <= entorno_.record.NumJornadas.Valor(); ++d) {
-        for (int t = 1; t <= entorno_.record.NumTareas.Valor(); ++t) {
+    for (int d = 1; d <= environment_.record.NumJornadas.Value(); ++d) {
+        for (int t = 1; t <= environment_.record.NumTareas.Value(); ++t) {
             Text1(6 * k - 6).Text = TextoEntero(d);
             Text1(6 * k - 5).Text = TextoEntero(t);
             ++k;
@@ -262,43 +265,43 @@ void Form3::NumerarFilas() {
 void Form3::FillRows() {
     // A row that was never entered shows zeros, and the count of its task, on purpose: the refresh
     // after an entry leaves such a row empty.
-    for (int k = 1; k <= RowsOfPlan().Valor(); ++k) {
+    for (int k = 1; k <= RowsOfPlan().Value(); ++k) {
         const Entero d = RedondearEntero(LeerValor(Text1(6 * k - 6).Text));
         const Entero t = RedondearEntero(LeerValor(Text1(6 * k - 5).Text));
         WriteRow(k, d, t);
     }
 }
 
-void Form3::Combo1_KeyPress(int /*Index*/, KeyCode& key) { key = kTeclaRechazada; }
+void Form3::Combo1_KeyPress(int /*Index*/, KeyCode& key) { key = kKeyRefused; }
 
-void Form3::Text1_KeyPress(int /*Index*/, KeyCode& key) { key = kTeclaRechazada; }
+void Form3::Text1_KeyPress(int /*Index*/, KeyCode& key) { key = kKeyRefused; }
 
 void Form3::Combo1_Click(int Index) {
     // A list's number read as text: it is meant, and gives the number.
     const Doble index = LeerValor(TextoEntero(Index));
     // The limit is looked at when the 15-minute count is picked, and at no other pick.
     if (index == 6 && LeerValor(Combo1(6).Text) + LeerValor(Combo1(5).Text) > 6) {
-        entorno_.host.MsgBox(
+        environment_.host.MsgBox(
             "La suma total de contaminantes de 30' y de 15' ha de ser menor o igual que 6");
     }
     if ((index == 0 || index == 1) && Command1.Caption == kPlanFixed) OfferRestart();
 }
 
 void Form3::OfferRestart() {
-    const Respuesta answer = entorno_.host.MsgBox(
+    const MsgBoxAnswer answer = environment_.host.MsgBox(
         "Modificar los datos correspondientes al número de días y jornadas\r\n"
         "supone reiniciar todo el proceso de nuevo\r\n"
         " y perder los datos introducidos hasta el momento.\r\n"
         "¿Desea reiniciar el proceso?",
-        Estilo::SiNoPreguntaNo, "Aviso");
-    if (answer != Respuesta::Si) return;
+        MsgBoxStyle::YesNoQuestionNo, "Aviso");
+    if (answer != MsgBoxAnswer::Yes) return;
 
     // The screen alone starts again: the record keeps the plan and all that was entered.
     Command1.Enabled = true;
     Command1.Caption = kPlanToFix;
     OcultarEntrada();
     const Entero cells = CellsOfPlan();
-    for (int i = 0; i < cells.Valor(); ++i) CloseCell(i);
+    for (int i = 0; i < cells.Value(); ++i) CloseCell(i);
 }
 
 void Form3::Command1_Click() {
@@ -306,17 +309,17 @@ void Form3::Command1_Click() {
     const ComboBox& tasks = Combo1(1);
     if (days.Text.empty() || tasks.Text.empty() || LeerValor(days.Text) == 0 ||
         LeerValor(tasks.Text) == 0) {
-        entorno_.host.MsgBox("Indique el número de Jornadas y de Tareas ");
+        environment_.host.MsgBox("Indique el número de Jornadas y de Tareas ");
         return;
     }
     if (days.Locked || tasks.Locked) return;
 
     if (LeerValor(days.Text) > 0) {
-        entorno_.record.NumJornadas = RedondearEntero(LeerValor(days.Text));
+        environment_.record.NumJornadas = RedondearEntero(LeerValor(days.Text));
     }
     // The condition reads by the locale's rules, the value by the leading-number rule.
     if (ConvertirDoble(tasks.Text) > 0) {
-        entorno_.record.NumTareas = RedondearEntero(LeerValor(tasks.Text));
+        environment_.record.NumTareas = RedondearEntero(LeerValor(tasks.Text));
     }
     Command1.Caption = kPlanFixed;
     Command1.Enabled = false;
@@ -325,18 +328,18 @@ void Form3::Command1_Click() {
     NumerarFilas();
 }
 
-void Form3::Timer1_Timer() { Label2.Caption = FormatoFecha(entorno_.host.Now()); }
+void Form3::Timer1_Timer() { Label2.Caption = FormatoFecha(environment_.host.Now()); }
 
 bool Form3::PlanIsComplete() const {
-    const EvaluacionRecord& record = entorno_.record;
+    const EvaluacionRecord& record = environment_.record;
     if (record.NumTareas == 0 || record.NumJornadas == 0) return false;
 
     const Entero cells = CellsOfPlan();
-    for (int i = 0; i < cells.Valor(); ++i) {
+    for (int i = 0; i < cells.Value(); ++i) {
         if (Text1(i).Text.empty()) return false;
     }
-    for (int d = 1; d <= record.NumJornadas.Valor(); ++d) {
-        for (int t = 1; t <= record.NumTareas.Valor(); ++t) {
+    for (int d = 1; d <= record.NumJornadas.Value(); ++d) {
+        for (int t = 1; t <= record.NumTareas.Value(); ++t) {
             // The plan's last pair is looked at on every pass, not the pair (d, t).
             if (record.TiempoExposicion(record.NumJornadas, record.NumTareas) == 0) return false;
         }
@@ -346,14 +349,14 @@ bool Form3::PlanIsComplete() const {
 
 void Form3::GoIfPlanComplete(ScreenId target) {
     if (!PlanIsComplete()) {
-        const Respuesta answer = entorno_.host.MsgBox(
+        const MsgBoxAnswer answer = environment_.host.MsgBox(
             " Aún le faltan datos por introducir y sin ellos\r\n"
             "  el programa no funcionará correctamente\r\n"
             "¿Está seguro de que quiere continuar ?",
-            Estilo::SiNoInformacionNo);
-        if (answer == Respuesta::No) return;
+            MsgBoxStyle::YesNoInformationNo);
+        if (answer == MsgBoxAnswer::No) return;
     }
-    entorno_.chain.Go(target);
+    environment_.chain.Go(target);
 }
 
 void Form3::contaminantes_Click() { GoIfPlanComplete(ScreenId::Form4); }
@@ -363,15 +366,15 @@ void Form3::resultadofinal_Click() { GoIfPlanComplete(ScreenId::Form6); }
 void Form3::datosdeempresa_Click() {
     // The one place where a screen touches another: Form2 is loaded, with its load handler, before
     // this screen is left, and its boxes show DatosEmpresa even without a company's name.
-    auto& form2 = dynamic_cast<Form2&>(entorno_.chain.Load(ScreenId::Form2));
-    form2.MostrarDatosEmpresa();
-    entorno_.chain.Go(ScreenId::Form2);
+    auto& form2 = dynamic_cast<Form2&>(environment_.chain.Load(ScreenId::Form2));
+    form2.ShowDatosEmpresa();
+    environment_.chain.Go(ScreenId::Form2);
 }
 
 void Form3::imprimir_Click() {
-    Imprimir(entorno_.host, CommonDialog1, {"Se imprimirá la pantalla", 0, 1000});
+    Imprimir(environment_.host, CommonDialog1, {"Se imprimirá la pantalla", 0, 1000});
 }
 
-void Form3::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacionNo); }
+void Form3::salir_Click() { Salir(environment_.host, MsgBoxStyle::YesNoInformationNo); }
 
 }  // namespace velmora

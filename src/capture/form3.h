@@ -15,7 +15,7 @@ namespace velmora {
 /// three tasks, which only a restored record can hold, ends on the subscript error at load.
 class Form3 : public Screen {
 public:
-    explicit Form3(const Entorno& entorno);
+    explicit Form3(const Environment& environment);
 
     void Form_Load() override;
     void Timer1_Timer() override;
@@ -70,7 +70,7 @@ private:
     bool PlanIsComplete() const;
     void GoIfPlanComplete(ScreenId target);
 
-    Entorno entorno_;
+    Environment environment_;
 };
 
 }  // namespace velmora

@@ -31,7 +31,7 @@ constexpr Row kLabel2{.name = "Label2", .box = {120, 0, 11895, 375},
                       .text = "Cararcteristicas de los contaminates  analizados por  tareas ", .look = Heading(14.25, false)};
 constexpr Row kLabel3{.name = "Label3", .index = 0, .box = {120, 480, 975, 255}, .text = "Tarea",
                       .look = Heading(8.25, true, Align::Left)};
-constexpr Row kCombo1{.name = "Combo1", .box = {1080, 480, 855, 315}, .look = {.back = kFondoDeVentana},
+constexpr Row kCombo1{.name = "Combo1", .box = {1080, 480, 855, 315}, .look = {.back = kWindowBackground},
                       .tab = 44, .spoken = "Tarea", .items = kTasks};
 
 constexpr std::array<StandingControl<Form4>, 2> kControls = {{
@@ -89,7 +89,7 @@ constexpr Row ControlRow(std::string_view name, int index, int r, const Column& 
     return {.name = name,
             .index = index,
             .box = {column.left, 1560 + 360 * (r - 1), column.width, height},
-            .look = {.back = kFondoDeVentana},
+            .look = {.back = kWindowBackground},
             .tab = column.first_tab + r - 1,
             .tool_tip = column.cell_tip,
             .in_table = true};
@@ -101,8 +101,9 @@ std::string SpokenName(int r, const Column& column) {
 
 }  // namespace
 
-Form4::Form4(const Entorno& entorno)
-    : Screen(ScreenId::Form4, " Velmora / h4", kClientArea, Label1, "fondo4"), entorno_(entorno) {
+Form4::Form4(const Environment& environment)
+    : Screen(ScreenId::Form4, " Velmora / h4", kClientArea, Label1, "fondo4"),
+      environment_(environment) {
     PlaceControls();
     PlaceMenu();
 }
@@ -118,7 +119,7 @@ void Form4::PlaceControls() {
         Place(Label4(i), HeadingRow("Label4", i, kColumns.at(static_cast<std::size_t>(i))));
     }
     Place(Label4(5), HeadingRow("Label4", 5, kUnit));
-    Place(Label5, HeadingRow("Label5", Row::kSinIndice, kSamplingTime));
+    Place(Label5, HeadingRow("Label5", Row::kNoIndex, kSamplingTime));
     // The headings come with the first pick of a task, and stay.
     for (Label& heading : Label4) heading.Visible = false;
     Label5.Visible = false;
@@ -194,18 +195,18 @@ void Form4::CerrarFilas() {
 
 void Form4::OpenRows(Entero n) {
     const Entero cells = 5 * n;
-    for (int i = 0; i < cells.Valor(); ++i) {
+    for (int i = 0; i < cells.Value(); ++i) {
         Text1(i).Locked = false;
         Text1(i).Visible = true;
         Text1(i).Text.clear();
     }
-    for (int i = 0; i < n.Valor(); ++i) {
+    for (int i = 0; i < n.Value(); ++i) {
         Combo13(i).Locked = false;
         Combo13(i).Visible = true;
         Text3(i).Locked = false;
         Text3(i).Visible = true;
     }
-    for (int c = 1; c <= n.Valor(); ++c) {
+    for (int c = 1; c <= n.Value(); ++c) {
         TextCell& number = Text1(5 * c - 5);
         number.Text = TextoEntero(c);
         number.Locked = true;
@@ -213,28 +214,28 @@ void Form4::OpenRows(Entero n) {
 }
 
 Entero Form4::ContaminantsOfTask() const {
-    return entorno_.record.NumContaminantes(RedondearEntero(LeerValor(Combo1.Text)));
+    return environment_.record.NumContaminantes(RedondearEntero(LeerValor(Combo1.Text)));
 }
 
 void Form4::Combo1_Click() {
     CerrarFilas();
     if (Combo1.Text.empty()) {
-        entorno_.host.MsgBox(" Seleccione una tarea");
+        environment_.host.MsgBox(" Seleccione una tarea");
         return;
     }
-    if (ConvertirDoble(Combo1.Text) > entorno_.record.NumTareas.ComoDoble()) {
-        entorno_.host.MsgBox(
+    if (ConvertirDoble(Combo1.Text) > environment_.record.NumTareas.AsDoble()) {
+        environment_.host.MsgBox(
             " El número de tareas seleccionado no es coherente con el valor asignado inicialmente");
         return;
     }
     OpenRows(ContaminantsOfTask());
 }
 
-void Form4::Combo1_KeyPress(KeyCode& key) { key = kTeclaRechazada; }
+void Form4::Combo1_KeyPress(KeyCode& key) { key = kKeyRefused; }
 
-void Form4::Combo13_KeyPress(int /*Index*/, KeyCode& key) { key = kTeclaRechazada; }
+void Form4::Combo13_KeyPress(int /*Index*/, KeyCode& key) { key = kKeyRefused; }
 
-void Form4::Text3_KeyPress(int /*Index*/, KeyCode& key) { key = kTeclaRechazada; }
+void Form4::Text3_KeyPress(int /*Index*/, KeyCode& key) { key = kKeyRefused; }
 
 void Form4::Text3_DblClick(int Index) {
     if (Index < 0 || Index > 5) return;
@@ -276,18 +277,18 @@ void Form4::FilterMark(int Index, KeyCode& key) {
     if (IsDigit(key)) {
         Text1(Index).Text.clear();
     } else {
-        key = kTeclaRechazada;
+        key = kKeyRefused;
     }
 }
 
 /// Whether a task of the plan is picked; otherwise tells why.
 bool Form4::TaskIsPicked() {
     if (Combo1.Text.empty()) {
-        entorno_.host.MsgBox(" Seleccione una tarea");
+        environment_.host.MsgBox(" Seleccione una tarea");
         return false;
     }
-    if (LeerValor(Combo1.Text) > entorno_.record.NumTareas.ComoDoble()) {
-        entorno_.host.MsgBox(" El número de tareas seleccionado no es coherente");
+    if (LeerValor(Combo1.Text) > environment_.record.NumTareas.AsDoble()) {
+        environment_.host.MsgBox(" El número de tareas seleccionado no es coherente");
         return false;
     }
     return true;
@@ -295,30 +296,30 @@ bool Form4::TaskIsPicked() {
 
 bool Form4::RowsAreComplete(Entero n) const {
     const Entero cells = 5 * n;
-    for (int i = 0; i < cells.Valor(); ++i) {
+    for (int i = 0; i < cells.Value(); ++i) {
         if (Text1(i).Text.empty()) return false;
     }
-    for (int i = 0; i < n.Valor(); ++i) {
+    for (int i = 0; i < n.Value(); ++i) {
         if (Combo13(i).Text.empty() || Text3(i).Text.empty()) return false;
     }
     return true;
 }
 
 void Form4::StoreRows(Entero n) {
-    EvaluacionRecord& record = entorno_.record;
+    EvaluacionRecord& record = environment_.record;
     const int t = ConvertirLargo(Combo1.Text);
-    for (int r = 1; r <= n.Valor(); ++r) {
+    for (int r = 1; r <= n.Value(); ++r) {
         record.NombreContaminante(t, r) = Text1(5 * r - 4).Text;
         record.VlaEd(t, r) = LeerValor(Text1(5 * r - 3).Text);
         record.VlaEc(t, r) = LeerValor(Text1(5 * r - 2).Text);
         record.Aditivo(t, r) = RedondearEntero(LeerValor(Text1(5 * r - 1).Text));
         record.Unidades(t, r) = Combo13(r - 1).Text;
     }
-    for (int r = 1; r <= n.Valor(); ++r) {
+    for (int r = 1; r <= n.Value(); ++r) {
         record.TiempoMuestreo(t, r) = RedondearEntero(LeerValor(Text3(r - 1).Text));
     }
     // Each task has six rows of the final table, used or not.
-    for (int r = 1; r <= n.Valor(); ++r) {
+    for (int r = 1; r <= n.Value(); ++r) {
         record.HojaFinal(6 * (t - 1) + r, 2) = Text1(5 * r - 4).Text;
     }
 }
@@ -327,7 +328,7 @@ void Form4::Command1_Click() {
     if (!TaskIsPicked()) return;
     const Entero n = ContaminantsOfTask();
     if (!RowsAreComplete(n)) {
-        entorno_.host.MsgBox(" Cumplimente todos los datos");
+        environment_.host.MsgBox(" Cumplimente todos los datos");
         return;
     }
     StoreRows(n);
@@ -335,32 +336,32 @@ void Form4::Command1_Click() {
 
 void Form4::Command3_Click() {
     if (!TaskIsPicked()) return;
-    const EvaluacionRecord& record = entorno_.record;
+    const EvaluacionRecord& record = environment_.record;
     const int t = ConvertirLargo(Combo1.Text);
     const Entero n = record.NumContaminantes(t);
-    for (int r = 1; r <= n.Valor(); ++r) {
+    for (int r = 1; r <= n.Value(); ++r) {
         Text1(5 * r - 4).Text = record.NombreContaminante(t, r);
         Text1(5 * r - 3).Text = TextoDoble(record.VlaEd(t, r));
         Text1(5 * r - 2).Text = TextoDoble(record.VlaEc(t, r));
         Text1(5 * r - 1).Text = TextoEntero(record.Aditivo(t, r));
         Combo13(r - 1).Text = record.Unidades(t, r);
     }
-    for (int r = 1; r <= n.Valor(); ++r) {
+    for (int r = 1; r <= n.Value(); ++r) {
         Text3(r - 1).Text = TextoEntero(record.TiempoMuestreo(t, r));
     }
 }
 
-void Form4::pagina5_Click() { entorno_.chain.Go(ScreenId::Form5); }
-void Form4::datosiniciales_Click() { entorno_.chain.Go(ScreenId::Form3); }
-void Form4::datosdeempresa_Click() { entorno_.chain.Go(ScreenId::Form2); }
-void Form4::resultadosfinales_Click() { entorno_.chain.Go(ScreenId::Form6); }
+void Form4::pagina5_Click() { environment_.chain.Go(ScreenId::Form5); }
+void Form4::datosiniciales_Click() { environment_.chain.Go(ScreenId::Form3); }
+void Form4::datosdeempresa_Click() { environment_.chain.Go(ScreenId::Form2); }
+void Form4::resultadosfinales_Click() { environment_.chain.Go(ScreenId::Form6); }
 
-void Form4::Timer1_Timer() { Label1.Caption = FormatoFecha(entorno_.host.Now()); }
+void Form4::Timer1_Timer() { Label1.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form4::imprimir_Click() {
-    Imprimir(entorno_.host, CommonDialog1, {"Se imprimirá pantalla", 0, 1000});
+    Imprimir(environment_.host, CommonDialog1, {"Se imprimirá pantalla", 0, 1000});
 }
 
-void Form4::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacion); }
+void Form4::salir_Click() { Salir(environment_.host, MsgBoxStyle::YesNoInformation); }
 
 }  // namespace velmora

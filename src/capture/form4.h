@@ -15,7 +15,7 @@ namespace velmora {
 /// subscript error when it is picked.
 class Form4 : public Screen {
 public:
-    explicit Form4(const Entorno& entorno);
+    explicit Form4(const Environment& environment);
 
     void Form_Load() override;
     void Timer1_Timer() override;
@@ -67,7 +67,7 @@ private:
 
     void FilterMark(int Index, KeyCode& key);
 
-    Entorno entorno_;
+    Environment environment_;
 
     // The key filter's memory, for the life of the screen; only keys change it.
     Entero CifrasEd, PuntosEd;  ///< digits and points typed so far in the VLA-ED cell

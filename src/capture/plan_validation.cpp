@@ -11,30 +11,30 @@ void Form3::Command2_Click() {
 
 /// Whether the entry row may be stored; otherwise tells why, with the record untouched.
 bool Form3::EntryIsAccepted() {
-    const EvaluacionRecord& record = entorno_.record;
+    const EvaluacionRecord& record = environment_.record;
     if (record.NumJornadas == 0 || record.NumTareas == 0) {
-        entorno_.host.MsgBox(
+        environment_.host.MsgBox(
             "No puede cargar datos de mediciones si no indica previamente el número de jornadas y "
             "de tareas");
         return false;
     }
     for (int i = 2; i <= 7; ++i) {
         if (Combo1(i).Text.empty()) {
-            entorno_.host.MsgBox("Antes de validar introduzca  todos los datos");
+            environment_.host.MsgBox("Antes de validar introduzca  todos los datos");
             return false;
         }
     }
     const Doble day = ConvertirDoble(Combo1(2).Text);
     const Doble task = ConvertirDoble(Combo1(3).Text);
-    if (day > record.NumJornadas.ComoDoble() || task > record.NumTareas.ComoDoble()) {
-        entorno_.host.MsgBox(
+    if (day > record.NumJornadas.AsDoble() || task > record.NumTareas.AsDoble()) {
+        environment_.host.MsgBox(
             "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores "
             "asignados");
         return false;
     }
     const Doble samples = LeerValor(Combo1(5).Text) + LeerValor(Combo1(6).Text);
     if (samples != LeerValor(Combo1(7).Text)) {
-        entorno_.host.MsgBox(
+        environment_.host.MsgBox(
             "El número total de contaminantes es  la suma de los expresados para 30' y 15' ");
         return false;
     }
@@ -42,7 +42,7 @@ bool Form3::EntryIsAccepted() {
 }
 
 void Form3::StoreEntry() {
-    EvaluacionRecord& record = entorno_.record;
+    EvaluacionRecord& record = environment_.record;
     const int d = ConvertirLargo(Combo1(2).Text);
     const int t = ConvertirLargo(Combo1(3).Text);
     record.TiempoExposicion(d, t) = ConvertirDoble(Combo1(4).Text);
@@ -53,10 +53,10 @@ void Form3::StoreEntry() {
 }
 
 void Form3::RefrescarRejilla() {
-    const EvaluacionRecord& record = entorno_.record;
+    const EvaluacionRecord& record = environment_.record;
     Entero k = 1;
-    for (int d = 1; d <= record.NumJornadas.Valor(); ++d) {
-        for (int t = 1; t <= record.NumTareas.Valor(); ++t) {
+    for (int d = 1; d <= record.NumJornadas.Value(); ++d) {
+        for (int t = 1; t <= record.NumTareas.Value(); ++t) {
             // No hours, no entry: such a row stays as it stands.
             if (record.TiempoExposicion(d, t) != 0) WriteRow(k, d, t);
             ++k;
@@ -66,7 +66,7 @@ void Form3::RefrescarRejilla() {
 
 /// Writes hours, samples and contaminants of day `d` and task `t` into row `k`, counted from 1.
 void Form3::WriteRow(Entero k, Entero d, Entero t) {
-    const EvaluacionRecord& record = entorno_.record;
+    const EvaluacionRecord& record = environment_.record;
     Text1(6 * k - 4).Text = TextoDoble(record.TiempoExposicion(d, t));
     Text1(6 * k - 3).Text = TextoEntero(record.Muestras30(d, t));
     Text1(6 * k - 2).Text = TextoEntero(record.Muestras15(d, t));

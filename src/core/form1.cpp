@@ -36,8 +36,9 @@ constexpr std::array<StandingControl<Form1>, 7> kControls = {{
 
 }  // namespace
 
-Form1::Form1(const Entorno& entorno)
-    : Screen(ScreenId::Form1, ".     Velmora / h1", kClientArea, Label5), entorno_(entorno) {
+Form1::Form1(const Environment& environment)
+    : Screen(ScreenId::Form1, ".     Velmora / h1", kClientArea, Label5),
+      environment_(environment) {
     Place(Picture{"splash"}, kPicture1);
     Place(kControls);
     SetMenu<Form1>({{"Vacio1"},
@@ -48,14 +49,14 @@ Form1::Form1(const Entorno& entorno)
                     {"salir", "Salir", &Form1::salir_Click, {}, true}});
 }
 
-void Form1::Timer1_Timer() { Label5.Caption = FormatoFecha(entorno_.host.Now()); }
+void Form1::Timer1_Timer() { Label5.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form1::Nuevaempresa_Click() {
     // A new evaluation clears the company's data only: plan and results stay in force on purpose.
-    std::ranges::fill(entorno_.record.DatosEmpresa, std::string());
-    entorno_.chain.Go(ScreenId::Form2);
+    std::ranges::fill(environment_.record.DatosEmpresa, std::string());
+    environment_.chain.Go(ScreenId::Form2);
 }
 
-void Form1::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacion); }
+void Form1::salir_Click() { Salir(environment_.host, MsgBoxStyle::YesNoInformation); }
 
 }  // namespace velmora

@@ -8,7 +8,7 @@ namespace velmora {
 /// The splash screen, on which the program starts.
 class Form1 : public Screen {
 public:
-    explicit Form1(const Entorno& entorno);
+    explicit Form1(const Environment& environment);
 
     void Timer1_Timer() override;
     void Nuevaempresa_Click();
@@ -17,7 +17,7 @@ public:
     Label Label1, Label2, Label3, Label4, Label5, Label6, Label7;
 
 private:
-    Entorno entorno_;
+    Environment environment_;
 };
 
 }  // namespace velmora

@@ -12,8 +12,8 @@ constexpr std::uint32_t kNoPrintToFile = 524288;
 
 }  // namespace
 
-void Salir(Host& host, Estilo style) {
-    if (host.MsgBox("¿Está seguro de que quiere salir?", style) != Respuesta::No) host.End(0);
+void Salir(Host& host, MsgBoxStyle style) {
+    if (host.MsgBox("¿Está seguro de que quiere salir?", style) != MsgBoxAnswer::No) host.End(0);
 }
 
 void Imprimir(Host& host, CommonDialog& dialog, const Printing& printing) {
@@ -22,9 +22,9 @@ void Imprimir(Host& host, CommonDialog& dialog, const Printing& printing) {
          {"¿Desea continuar?", " ", "Pulsar 'Si' no admite cancelación posterior"}) {
         question.append(kLineEnd).append(line);
     }
-    auto answer = Respuesta::Si;
-    Intentar([&] { answer = host.MsgBox(question, Estilo::SiNo); });
-    if (answer == Respuesta::No) return;
+    auto answer = MsgBoxAnswer::Yes;
+    Intentar([&] { answer = host.MsgBox(question, MsgBoxStyle::YesNo); });
+    if (answer == MsgBoxAnswer::No) return;
 
     dialog.Flags = kNoPrintToFile;
     dialog.FromPage = printing.first_page;

@@ -12,7 +12,7 @@
 namespace velmora {
 
 /// What every screen is given: the record, the chain of screens and the toolkit.
-struct Entorno {
+struct Environment {
     EvaluacionRecord& record;
     ScreenChain& chain;
     Host& host;
@@ -20,7 +20,7 @@ struct Entorno {
 
 /// `salir` of every screen: asks with the screen's style, and on any answer but No ends the process
 /// at once with status 0, without saving.
-void Salir(Host& host, Estilo style);
+void Salir(Host& host, MsgBoxStyle style);
 
 /// What tells one screen's `imprimir` from another's.
 struct Printing {

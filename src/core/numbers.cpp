@@ -182,26 +182,26 @@ Decimals Rounded(Decimals d, int decimals) {
 /// Half to even, within [minimo, maximo].
 double RoundWithin(double value, double lowest, double highest) {
     const double rounded = std::nearbyint(value);
-    if (!(rounded >= lowest && rounded <= highest)) throw ErrorEjecucion(TipoError::Desbordamiento);
+    if (!(rounded >= lowest && rounded <= highest)) throw ErrorEjecucion(ErrorKind::Overflow);
     return rounded;
 }
 
 }  // namespace
 
-void FijarSeparadorDecimal(std::string separator) { decimal_separator = std::move(separator); }
+void SetDecimalSeparator(std::string separator) { decimal_separator = std::move(separator); }
 
-const std::string& SeparadorDecimal() { return decimal_separator; }
+const std::string& DecimalSeparator() { return decimal_separator; }
 
 Doble LeerValor(std::string_view text) {
     const bool negative = text.starts_with('-');
     const LeadingNumber number = UnsignedNumber(text.substr(negative ? 1 : 0), ".");
     if (number.spelled.empty()) return 0.0;
     const double value = ValueOf(number.spelled);
-    if (std::isinf(value)) throw ErrorEjecucion(TipoError::Desbordamiento);
+    if (std::isinf(value)) throw ErrorEjecucion(ErrorKind::Overflow);
     return negative ? -value : value;
 }
 
-std::optional<double> NumeroCompleto(std::string_view text, std::string_view separator) {
+std::optional<double> CompleteNumber(std::string_view text, std::string_view separator) {
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+')) text.remove_prefix(1);
     const LeadingNumber number = UnsignedNumber(text, separator);
@@ -211,16 +211,16 @@ std::optional<double> NumeroCompleto(std::string_view text, std::string_view sep
 }
 
 Doble ConvertirDoble(std::string_view text) {
-    const auto value = NumeroCompleto(Trimmed(text), decimal_separator);
-    if (!value) throw ErrorEjecucion(TipoError::TiposNoCoinciden);
-    if (std::isinf(*value)) throw ErrorEjecucion(TipoError::Desbordamiento);
+    const auto value = CompleteNumber(Trimmed(text), decimal_separator);
+    if (!value) throw ErrorEjecucion(ErrorKind::TypeMismatch);
+    if (std::isinf(*value)) throw ErrorEjecucion(ErrorKind::Overflow);
     return *value;
 }
 
 Entero ConvertirEntero(std::string_view text) { return RedondearEntero(ConvertirDoble(text)); }
 
 int ConvertirLargo(std::string_view text) {
-    return static_cast<int>(RoundWithin(ConvertirDoble(text).Valor(),
+    return static_cast<int>(RoundWithin(ConvertirDoble(text).Value(),
                                         std::numeric_limits<int>::min(),
                                         std::numeric_limits<int>::max()));
 }
@@ -228,27 +228,27 @@ int ConvertirLargo(std::string_view text) {
 std::string TextoDoble(Doble value) {
     constexpr int kFirstExponential = 15;  // 1E+15
     constexpr int kLastFixed = -4;         // 0.0001
-    const Decimals d = FifteenDigits(value.Valor());
+    const Decimals d = FifteenDigits(value.Value());
     if (d.digits.empty()) return "0";
     const int power = d.exponent - 1;
     const bool fixed = power >= kLastFixed && power < kFirstExponential;
     return fixed ? PlainNotation(d, decimal_separator) : ExponentialNotation(d, decimal_separator);
 }
 
-std::string TextoEntero(Entero value) { return Digits(value.Valor()); }
+std::string TextoEntero(Entero value) { return Digits(value.Value()); }
 
 Entero RedondearEntero(Doble value) {
-    return static_cast<int>(RoundWithin(value.Valor(), std::numeric_limits<std::int16_t>::min(),
+    return static_cast<int>(RoundWithin(value.Value(), std::numeric_limits<std::int16_t>::min(),
                                         std::numeric_limits<std::int16_t>::max()));
 }
 
 std::string FormatoDosDecimales(Doble value) {
-    const Decimals d = Rounded(FifteenDigits(value.Valor()), 2);
+    const Decimals d = Rounded(FifteenDigits(value.Value()), 2);
     return (d.negative ? "-" : "") + WholePart(d) + decimal_separator + DecimalPart(d);
 }
 
-std::string TextoDecimalPlano(Doble value) {
-    return PlainNotation(FifteenDigits(value.Valor()), ".");
+std::string PlainDecimalText(Doble value) {
+    return PlainNotation(FifteenDigits(value.Value()), ".");
 }
 
 }  // namespace velmora

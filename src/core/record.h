@@ -11,15 +11,15 @@ namespace velmora {
 
 /// A value for each day (1 to 3) and task (1 to 3).
 template <class T>
-using PorDiaYTarea = Array<Array<T, 1, 3>, 1, 3>;
+using ByDayAndTask = Array<Array<T, 1, 3>, 1, 3>;
 
 /// A value for each task (1 to 3) and contaminant (1 to 6).
 template <class T>
-using PorTareaYContaminante = Array<Array<T, 1, 6>, 1, 3>;
+using ByTaskAndContaminant = Array<Array<T, 1, 6>, 1, 3>;
 
 /// A day's sheet as the text of its cells: entries 1 to 324 the main grid, 325 to 396 the
 /// right-hand grid, 397 to 401 Text2, Text4, Text5, Text6 and Text7.
-using HojaDelDia = Array<std::string, 1, 401>;
+using DaySheet = Array<std::string, 1, 401>;
 
 /// The one evaluation in memory, all that survives a move between screens.
 ///
@@ -31,31 +31,31 @@ struct EvaluacionRecord {
     Entero NumJornadas;                      ///< sampled workdays: 0 until set, then 1 or 3
     Entero NumTareas;                        ///< tasks in each workday: 0 until set, then 1 to 3
 
-    PorDiaYTarea<Doble> TiempoExposicion;  ///< exposure time of the task on that day, in hours
-    PorDiaYTarea<Entero> Muestras30;       ///< contaminants taken with 30-minute samples
-    PorDiaYTarea<Entero> Muestras15;       ///< contaminants taken with 15-minute samples
+    ByDayAndTask<Doble> TiempoExposicion;  ///< exposure time of the task on that day, in hours
+    ByDayAndTask<Entero> Muestras30;       ///< contaminants taken with 30-minute samples
+    ByDayAndTask<Entero> Muestras15;       ///< contaminants taken with 15-minute samples
 
     Array<Entero, 1, 3> NumContaminantes;  ///< contaminants of the task, whatever the day
-    PorTareaYContaminante<std::string> NombreContaminante;
-    PorTareaYContaminante<Doble> VlaEd;            ///< daily limit value, in the agent's unit
-    PorTareaYContaminante<Doble> VlaEc;            ///< short-exposure limit value, 0 for none
-    PorTareaYContaminante<Entero> TiempoMuestreo;  ///< minutes of a sample, 15 or 30
-    PorTareaYContaminante<Entero> Aditivo;         ///< number of the additive group, 0 for none
-    PorTareaYContaminante<std::string> Unidades;   ///< "mg/m3" or "ppm"
+    ByTaskAndContaminant<std::string> NombreContaminante;
+    ByTaskAndContaminant<Doble> VlaEd;            ///< daily limit value, in the agent's unit
+    ByTaskAndContaminant<Doble> VlaEc;            ///< short-exposure limit value, 0 for none
+    ByTaskAndContaminant<Entero> TiempoMuestreo;  ///< minutes of a sample, 15 or 30
+    ByTaskAndContaminant<Entero> Aditivo;         ///< number of the additive group, 0 for none
+    ByTaskAndContaminant<std::string> Unidades;   ///< "mg/m3" or "ppm"
 
     /// Working values of the sheet by day, task and contaminant; the file doesn't hold them.
-    Array<PorTareaYContaminante<Doble>, 1, 3> MG;
-    Array<PorTareaYContaminante<Doble>, 1, 3> GSD;
-    Array<PorTareaYContaminante<Doble>, 1, 3> MGmas;
-    Array<PorTareaYContaminante<Doble>, 1, 3> GSDmas;
+    Array<ByTaskAndContaminant<Doble>, 1, 3> MG;
+    Array<ByTaskAndContaminant<Doble>, 1, 3> GSD;
+    Array<ByTaskAndContaminant<Doble>, 1, 3> MGmas;
+    Array<ByTaskAndContaminant<Doble>, 1, 3> GSDmas;
 
-    HojaDelDia HojaPrimerDia;
-    HojaDelDia HojaSegundoDia;
-    HojaDelDia HojaTercerDia;
+    DaySheet HojaPrimerDia;
+    DaySheet HojaSegundoDia;
+    DaySheet HojaTercerDia;
 
-    /// The sheet of the first, second or third day; SubindiceFueraDeRango for another.
-    HojaDelDia& Hoja(Entero day) { return this->*SheetOf(day); }
-    const HojaDelDia& Hoja(Entero day) const { return this->*SheetOf(day); }
+    /// The sheet of the first, second or third day; SubscriptOutOfRange for another.
+    DaySheet& Hoja(Entero day) { return this->*SheetOf(day); }
+    const DaySheet& Hoja(Entero day) const { return this->*SheetOf(day); }
 
     /// Final table: row = (task - 1) * 6 + contaminant, columns "Nº", name, I1, I2, I3, IG, P1, P2,
     /// P3.
@@ -64,11 +64,11 @@ struct EvaluacionRecord {
     friend bool operator==(const EvaluacionRecord&, const EvaluacionRecord&) = default;
 
 private:
-    static HojaDelDia EvaluacionRecord::*SheetOf(Entero day) {
+    static DaySheet EvaluacionRecord::*SheetOf(Entero day) {
         if (day == 1) return &EvaluacionRecord::HojaPrimerDia;
         if (day == 2) return &EvaluacionRecord::HojaSegundoDia;
         if (day == 3) return &EvaluacionRecord::HojaTercerDia;
-        throw ErrorEjecucion(TipoError::SubindiceFueraDeRango);
+        throw ErrorEjecucion(ErrorKind::SubscriptOutOfRange);
     }
 };
 

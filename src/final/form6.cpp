@@ -119,7 +119,7 @@ constexpr Row CellRow(int row, int column) {
             .text = column == kNumberColumn ? number : std::string_view{},
             .look = {.bold = column == kIGColumn,
                      .align = column == kNameColumn ? Align::Left : Align::Center,
-                     .back = column == kIGColumn ? kPaleGreen : kFondoDeVentana},
+                     .back = column == kIGColumn ? kPaleGreen : kWindowBackground},
             .tab = Cell(row, column) + 1,
             .in_table = true};
 }
@@ -132,8 +132,9 @@ std::string SpokenName(int row, int column) {
 
 }  // namespace
 
-Form6::Form6(const Entorno& entorno)
-    : Screen(ScreenId::Form6, " Velmora / h6", kClientArea, Label2, "fondo6"), entorno_(entorno) {
+Form6::Form6(const Environment& environment)
+    : Screen(ScreenId::Form6, " Velmora / h6", kClientArea, Label2, "fondo6"),
+      environment_(environment) {
     PlaceControls();
     PlaceMenu();
 }
@@ -180,7 +181,7 @@ void Form6::Form_Load() {
     for (Label* block : {&Label3, &Label5, &Label6}) block->Visible = false;
 }
 
-void Form6::Timer1_Timer() { Label2.Caption = FormatoFecha(entorno_.host.Now()); }
+void Form6::Timer1_Timer() { Label2.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form6::Command1_Click() {
     ShowHeadings();
@@ -191,7 +192,7 @@ void Form6::Command1_Click() {
 }
 
 void Form6::ShowHeadings() {
-    const Entero tasks = entorno_.record.NumTareas;
+    const Entero tasks = environment_.record.NumTareas;
     for (Label& heading : Label4) heading.Visible = true;
     if (tasks >= 1) Label3.Visible = true;
     if (tasks >= 2) Label5.Visible = true;
@@ -202,30 +203,30 @@ void Form6::CopyFinalTable() {
     // IG isn't copied: an earlier press's stays until a new value replaces it.
     for (int row = 1; row <= kRows; ++row) {
         for (const int column : kCopiedColumns) {
-            Text1(Cell(row, column)).Text = entorno_.record.HojaFinal(row, column);
+            Text1(Cell(row, column)).Text = environment_.record.HojaFinal(row, column);
         }
     }
 }
 
 void Form6::ComputeOverallIndex() {
     for (int row = 1; row <= kRows; ++row) {
-        auto& results = entorno_.record.HojaFinal(row);
+        auto& results = environment_.record.HojaFinal(row);
         const Doble u = LeerValor(results(kI1Column));
         const Doble v = LeerValor(results(kI2Column));
         if (u == 0 || v == 0) continue;
         // The third day isn't tested: without it the overall index is 0, on purpose.
         const Doble w = LeerValor(results(kI3Column));
-        results(kIGColumn) = TextoDoble(Potencia(u * v * w, Doble(1.0) / Doble(3.0)));
+        results(kIGColumn) = TextoDoble(Power(u * v * w, Doble(1.0) / Doble(3.0)));
         Text1(Cell(row, kIGColumn)).Text = results(kIGColumn);
     }
 }
 
 void Form6::ShowCellsInUse() {
     const auto show = [this](int task, Entero first) {
-        const Entero last = entorno_.record.NumContaminantes(task) * kColumns + (first - 1);
+        const Entero last = environment_.record.NumContaminantes(task) * kColumns + (first - 1);
         for (Entero i = first; i <= last; ++i) Text1(i).Visible = true;
     };
-    const Entero tasks = entorno_.record.NumTareas;
+    const Entero tasks = environment_.record.NumTareas;
     if (tasks >= 1) show(1, 0);
     if (tasks >= 2) show(2, 54);
     if (tasks == 3) show(3, 108);
@@ -238,11 +239,11 @@ void Form6::FillEmptyCells() {
     }
 }
 
-void Form6::regresar_Click() { entorno_.chain.Go(ScreenId::Form5); }
-void Form6::calculos_Click() { entorno_.chain.Go(ScreenId::Form5); }
-void Form6::contaminantes_Click() { entorno_.chain.Go(ScreenId::Form4); }
-void Form6::datosiniciales_Click() { entorno_.chain.Go(ScreenId::Form3); }
-void Form6::datosdeempresa_Click() { entorno_.chain.Go(ScreenId::Form2); }
+void Form6::regresar_Click() { environment_.chain.Go(ScreenId::Form5); }
+void Form6::calculos_Click() { environment_.chain.Go(ScreenId::Form5); }
+void Form6::contaminantes_Click() { environment_.chain.Go(ScreenId::Form4); }
+void Form6::datosiniciales_Click() { environment_.chain.Go(ScreenId::Form3); }
+void Form6::datosdeempresa_Click() { environment_.chain.Go(ScreenId::Form2); }
 
 void Form6::guardararchivo_Click() {
     // Overwrite prompt 2, create prompt 8192, explorer style 524288, long names 2097152.
@@ -250,15 +251,16 @@ void Form6::guardararchivo_Click() {
     CommonDialog1.DialogTitle = " Guardar datos";
     CommonDialog1.Flags = kAskBeforeWriting;
     CommonDialog1.DefaultExt = "doc";
-    Intentar([&] { entorno_.host.ShowSave(CommonDialog1); });
+    Intentar([&] { environment_.host.ShowSave(CommonDialog1); });
     // After a Cancel the name of an earlier visit to the dialog is written once more.
-    WriteEvaluation(CommonDialog1.FileName, entorno_.record);
+    WriteEvaluation(CommonDialog1.FileName, environment_.record);
 }
 
 void Form6::imprimir_Click() {
-    Imprimir(entorno_.host, CommonDialog1, {"Se imprimirán los resultados en  pantalla", 1, 1000});
+    Imprimir(environment_.host, CommonDialog1,
+             {"Se imprimirán los resultados en  pantalla", 1, 1000});
 }
 
-void Form6::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacion); }
+void Form6::salir_Click() { Salir(environment_.host, MsgBoxStyle::YesNoInformation); }
 
 }  // namespace velmora

@@ -10,7 +10,7 @@ namespace velmora {
 /// and the way to save the evaluation.
 class Form6 : public Screen {
 public:
-    explicit Form6(const Entorno& entorno);
+    explicit Form6(const Environment& environment);
 
     void Form_Load() override;
     void Timer1_Timer() override;
@@ -39,7 +39,7 @@ private:
     void ShowCellsInUse();
     void FillEmptyCells();
 
-    Entorno entorno_;
+    Environment environment_;
 };
 
 }  // namespace velmora

@@ -9,8 +9,8 @@ namespace velmora {
 /// set, a system colour.
 using Color = std::uint32_t;
 
-inline constexpr Color kFondoDeVentana = 0x80000005;  ///< system colour 5, window background
-inline constexpr Color kTextoDeVentana = 0x80000008;  ///< system colour 8, window text
+inline constexpr Color kWindowBackground = 0x80000005;  ///< system colour 5, window background
+inline constexpr Color kWindowText = 0x80000008;        ///< system colour 8, window text
 
 // The controls as the handlers see them: plain data. The window shows what stands here, and what
 // the user types lands here as it is typed. Text is UTF-8.
@@ -19,8 +19,8 @@ struct TextCell {
     std::string Text;
     bool Visible = true;
     bool Locked = false;  ///< shows text but takes no typing
-    Color BackColor = kFondoDeVentana;
-    Color ForeColor = kTextoDeVentana;
+    Color BackColor = kWindowBackground;
+    Color ForeColor = kWindowText;
 
     friend bool operator==(const TextCell&, const TextCell&) = default;
 };

@@ -10,17 +10,17 @@
 namespace velmora {
 
 /// Styles of a message box: its buttons, its icon and the button that Enter presses.
-enum class Estilo {
-    Aceptar = 0,              ///< OK
-    SiNo = 4,                 ///< Yes (default), No
-    SiNoInformacion = 68,     ///< Yes (default), No; information icon
-    SiNoPreguntaNo = 292,     ///< Yes, No (default); question icon
-    SiNoInformacionNo = 324,  ///< Yes, No (default); information icon
+enum class MsgBoxStyle {
+    Ok = 0,                    ///< OK
+    YesNo = 4,                 ///< Yes (default), No
+    YesNoInformation = 68,     ///< Yes (default), No; information icon
+    YesNoQuestionNo = 292,     ///< Yes, No (default); question icon
+    YesNoInformationNo = 324,  ///< Yes, No (default); information icon
 };
 
-enum class Respuesta { Aceptar = 1, Si = 6, No = 7 };
+enum class MsgBoxAnswer { Ok = 1, Yes = 6, No = 7 };
 
-inline constexpr std::string_view kTituloDeCaja = "Velmora";
+inline constexpr std::string_view kBoxTitle = "Velmora";
 
 /// What the logic needs from a toolkit. Everything is called from handlers, on the one thread.
 class Host {
@@ -32,8 +32,8 @@ public:
 
     /// Shows a modal message box and tells the button pressed. Lines of the prompt are joined with
     /// CR LF. Closing a Yes/No box answers No.
-    virtual Respuesta MsgBox(std::string_view prompt, Estilo style = Estilo::Aceptar,
-                             std::string_view title = kTituloDeCaja) = 0;
+    virtual MsgBoxAnswer MsgBox(std::string_view prompt, MsgBoxStyle style = MsgBoxStyle::Ok,
+                                std::string_view title = kBoxTitle) = 0;
 
     /// Shows a file dialog of the save kind. An accepted name goes to `dialog.FileName`; a
     /// cancelled dialog leaves the name that it held.

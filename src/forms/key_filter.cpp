@@ -5,7 +5,7 @@
 namespace velmora {
 
 void FilterNumber(TextCell& cell, KeyCode& key, Entero& digits, Entero& points) {
-    if (key == kRetroceso) {
+    if (key == kBackspace) {
         cell.Text.clear();
         digits = 0;
         points = 0;
@@ -14,7 +14,7 @@ void FilterNumber(TextCell& cell, KeyCode& key, Entero& digits, Entero& points) 
     } else if (IsDigit(key)) {
         ++digits;
     } else {
-        key = kTeclaRechazada;
+        key = kKeyRefused;
     }
 }
 

@@ -31,29 +31,29 @@ struct Look {
     double points = 8.25;
     bool bold = false;
     Align align = Align::Left;
-    Color fore = kTextoDeVentana;
-    Color back = kTransparente;
+    Color fore = kWindowText;
+    Color back = kTransparent;
 
-    static constexpr Color kTransparente = 0xFFFFFFFF;  ///< the screen's background shows through
+    static constexpr Color kTransparent = 0xFFFFFFFF;  ///< the screen's background shows through
 };
 
 /// What stands behind a control in the order of the Tab key.
-inline constexpr int kSinTab = -1;
+inline constexpr int kNoTab = -1;
 
 /// One control of a screen, or one element of an array of controls, as it was laid out.
 struct Row {
     std::string_view name{};  ///< the control's name
-    int index = kSinIndice;   ///< the element's index in its array
+    int index = kNoIndex;     ///< the element's index in its array
     Box box{};
     std::string_view text{};  ///< caption of a label or button, starting text of a cell
     Look look{};
-    int tab = kSinTab;          ///< position in the order of the Tab key; -1 takes no focus
+    int tab = kNoTab;           ///< position in the order of the Tab key; -1 takes no focus
     std::string_view spoken{};  ///< what a screen reader says of it, where that isn't its caption
     std::string_view tool_tip{};
     std::span<const std::string_view> items{};  ///< of a list
     bool in_table = false;                      ///< part of the table that is copied whole
 
-    static constexpr int kSinIndice = -1;  ///< no element of an array: a control that stands alone
+    static constexpr int kNoIndex = -1;  ///< no element of an array: a control that stands alone
 };
 
 }  // namespace velmora

@@ -9,7 +9,7 @@ namespace velmora {
 
 std::string Indexed(std::string_view name, int index) {
     std::string text(name);
-    if (index == Row::kSinIndice) return text;
+    if (index == Row::kNoIndex) return text;
     std::array<char, 12> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), index).ptr;
     return text.append("(").append(digits.data(), end).append(")");

@@ -286,9 +286,9 @@ void GrowDialogs(double pixels_per_twip) {
 }
 
 QColor ToQt(Color color) {
-    if (color == kFondoDeVentana) return Qt::white;
-    if (color == kTextoDeVentana) return {0x14, 0x1e, 0x2d};
-    if (color == Look::kTransparente) return Qt::transparent;
+    if (color == kWindowBackground) return Qt::white;
+    if (color == kWindowText) return {0x14, 0x1e, 0x2d};
+    if (color == Look::kTransparent) return Qt::transparent;
     return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
             static_cast<int>(color >> 16 & 0xFF)};
 }

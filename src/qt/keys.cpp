@@ -10,7 +10,7 @@ std::optional<KeyCode> CharacterOf(const QKeyEvent& event) {
     constexpr KeyCode kEscape = 27;
     switch (event.key()) {
         case Qt::Key_Backspace:
-            return kRetroceso;
+            return kBackspace;
         case Qt::Key_Return:
         case Qt::Key_Enter:
             return kEnter;

@@ -53,18 +53,18 @@ struct BoxStyle {
     QMessageBox::StandardButton preset;
 };
 
-BoxStyle StyleOf(Estilo estilo) {
+BoxStyle StyleOf(MsgBoxStyle style) {
     constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
-    switch (estilo) {
-        case Estilo::SiNo:
+    switch (style) {
+        case MsgBoxStyle::YesNo:
             return {kYesNo, QMessageBox::NoIcon, QMessageBox::Yes};
-        case Estilo::SiNoInformacion:
+        case MsgBoxStyle::YesNoInformation:
             return {kYesNo, QMessageBox::Information, QMessageBox::Yes};
-        case Estilo::SiNoPreguntaNo:
+        case MsgBoxStyle::YesNoQuestionNo:
             return {kYesNo, QMessageBox::Question, QMessageBox::No};
-        case Estilo::SiNoInformacionNo:
+        case MsgBoxStyle::YesNoInformationNo:
             return {kYesNo, QMessageBox::Information, QMessageBox::No};
-        case Estilo::Aceptar:
+        case MsgBoxStyle::Ok:
             break;
     }
     return {QMessageBox::Ok, QMessageBox::NoIcon, QMessageBox::Ok};
@@ -101,17 +101,17 @@ QtHost::QtHost()
       beep([] { QApplication::beep(); }),
       make_printer([] { return std::make_unique<QPrinter>(QPrinter::HighResolution); }) {}
 
-Respuesta QtHost::MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) {
+MsgBoxAnswer QtHost::MsgBox(std::string_view prompt, MsgBoxStyle style, std::string_view title) {
     window_->ShowChanges();
     QString text = ToQt(prompt);
     text.replace(ToQt(kLineEnd), QStringLiteral("\n"));
-    switch (ShowBox(window_, ToQt(titulo), text, StyleOf(estilo))) {
+    switch (ShowBox(window_, ToQt(title), text, StyleOf(style))) {
         case QMessageBox::Yes:
-            return Respuesta::Si;
+            return MsgBoxAnswer::Yes;
         case QMessageBox::No:
-            return Respuesta::No;
+            return MsgBoxAnswer::No;
         default:
-            return Respuesta::Aceptar;
+            return MsgBoxAnswer::Ok;
     }
 }
 
@@ -119,15 +119,15 @@ void QtHost::ShowError(std::string_view message) {
     const QString lost = QStringLiteral(
         "\n\nEl programa se cierra, y lo que no esté en un fichero se pierde.\n"
         "Las causas están en la guía: «Conviene saber», «Algunos datos cierran el programa».");
-    ShowBox(window_, ToQt(kTituloDeCaja), ToQt(message) + lost,
+    ShowBox(window_, ToQt(kBoxTitle), ToQt(message) + lost,
             {QMessageBox::Ok, QMessageBox::Critical, QMessageBox::Ok});
 }
 
 void QtHost::OpenGuide(std::string_view section) {
     const QString path = find_guide();
     if (path.isEmpty()) {
-        ShowBox(window_, ToQt(kTituloDeCaja), QStringLiteral("No se encuentra la guía."),
-                StyleOf(Estilo::Aceptar));
+        ShowBox(window_, ToQt(kBoxTitle), QStringLiteral("No se encuentra la guía."),
+                StyleOf(MsgBoxStyle::Ok));
         return;
     }
     QUrl page = QUrl::fromLocalFile(path);
@@ -175,7 +175,7 @@ Imprint QtHost::MakeImprint() const {
     return {ToQt(whose.company).simplified(),
             ToQt(whose.code).simplified(),
             window_->windowTitle().simplified(),
-            ToQt(kTituloDeCaja) + u' ' + QApplication::applicationVersion(),
+            ToQt(kBoxTitle) + u' ' + QApplication::applicationVersion(),
             time.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")),
             window_->CutTexts()};
 }

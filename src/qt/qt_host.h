@@ -23,7 +23,8 @@ public:
     /// The window that dialogs stand over, and whose screen is printed.
     void Attach(Window& window) { window_ = &window; }
 
-    Respuesta MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) override;
+    MsgBoxAnswer MsgBox(std::string_view prompt, MsgBoxStyle style,
+                        std::string_view title) override;
     void ShowSave(CommonDialog& dialog) override;
     void ShowPrinter(CommonDialog& dialog) override;
     void PrintForm() override;

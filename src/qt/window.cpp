@@ -41,7 +41,7 @@ struct Window::Shown {
         : control(&shown), state(std::visit(Fresh{}, shown.state)) {}
 
     bool CanTakeFocus() const {
-        return control->row.tab != kSinTab && std::visit(Reachable{}, state);
+        return control->row.tab != kNoTab && std::visit(Reachable{}, state);
     }
 
     /// What the widget reads.
@@ -82,7 +82,7 @@ Qt::Alignment AlignmentOf(Align align) {
 
 /// The back colour of a cell that a handler hasn't coloured.
 Color BackOf(const Look& look) {
-    return look.back == Look::kTransparente ? kFondoDeVentana : look.back;
+    return look.back == Look::kTransparent ? kWindowBackground : look.back;
 }
 
 // A widget's step from what it shows to what its control holds now.
@@ -102,8 +102,8 @@ void Update(CellEdit& widget, const TextCell& before, const TextCell& now, const
     if (now.Locked != before.Locked) widget.setReadOnly(now.Locked);
     if (now.Text != before.Text) widget.Show(ToQt(now.Text));
     if (now.BackColor != before.BackColor || now.ForeColor != before.ForeColor) {
-        const bool as_laid_out = now.BackColor == kFondoDeVentana;
-        Paint(widget, now.ForeColor == kTextoDeVentana ? look.fore : now.ForeColor,
+        const bool as_laid_out = now.BackColor == kWindowBackground;
+        Paint(widget, now.ForeColor == kWindowText ? look.fore : now.ForeColor,
               as_laid_out ? BackOf(look) : now.BackColor);
         widget.SetMarked(!as_laid_out && now.BackColor != look.back);
     }
@@ -295,11 +295,11 @@ QWidget* Window::MakeWidget(Shown& shown) {
         auto* const label = new QLabel(canvas_);
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(AlignmentOf(row.look.align));
-        if (row.look.align == Align::Left && row.look.back != Look::kTransparente) {
+        if (row.look.align == Align::Left && row.look.back != Look::kTransparent) {
             label->setIndent(kIndent);
         }
         label->setWordWrap(row.box.height >= kTwoLines);
-        label->setAutoFillBackground(row.look.back != Look::kTransparente);
+        label->setAutoFillBackground(row.look.back != Look::kTransparent);
         Paint(*label, row.look.fore, row.look.back);
         return label;
     }
@@ -314,10 +314,10 @@ QWidget* Window::MakeCell(Shown& shown) {
         new CellEdit(free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered, canvas_);
     cell->setAlignment(AlignmentOf(control.row.look.align));
     const Look& look = control.row.look;
-    if (look.fore != kTextoDeVentana || BackOf(look) != kFondoDeVentana) {
+    if (look.fore != kWindowText || BackOf(look) != kWindowBackground) {
         Paint(*cell, look.fore, BackOf(look));
     }
-    if (control.row.tab == kSinTab) cell->setFocusPolicy(Qt::NoFocus);
+    if (control.row.tab == kNoTab) cell->setFocusPolicy(Qt::NoFocus);
     if (events.KeyPress) {
         Bind(*cell, &CellEdit::KeyPressed,
              [this, &control](KeyCode key, bool& passes) { Filter(control, key, passes); });
@@ -369,14 +369,14 @@ void Window::Filter(const Control& control, KeyCode key, bool& passes) {
     passes = false;
     Run([&] {
         control.events.KeyPress(key);
-        passes = key != kTeclaRechazada;
+        passes = key != kKeyRefused;
     });
 }
 
 void Window::SetTabOrder() {
     std::vector<const Shown*> order;
     for (const Shown& shown : shown_) {
-        if (shown.control->row.tab != kSinTab) order.push_back(&shown);
+        if (shown.control->row.tab != kNoTab) order.push_back(&shown);
     }
     std::ranges::stable_sort(order, {}, [](const Shown* s) { return s->control->row.tab; });
     for (std::size_t i = 1; i < order.size(); ++i) {

@@ -23,22 +23,22 @@ int EntryOf(int row, Column column) {
 
 }  // namespace
 
-const std::string& CellOf(const HojaDelDia& sheet, int row, Column column) {
+const std::string& CellOf(const DaySheet& sheet, int row, Column column) {
     return sheet(EntryOf(row, column));
 }
 
-const HojaDelDia& SheetOf(const EvaluacionRecord& record, int day) {
+const DaySheet& SheetOf(const EvaluacionRecord& record, int day) {
     return day == 1   ? record.HojaPrimerDia
            : day == 2 ? record.HojaSegundoDia
                       : record.HojaTercerDia;
 }
 
-bool IsValidated(const HojaDelDia& sheet) {
+bool IsValidated(const DaySheet& sheet) {
     return std::any_of(sheet.begin(), sheet.end(),
                        [](const std::string& text) { return !text.empty(); });
 }
 
-bool IsInUse(const HojaDelDia& sheet, int row) {
+bool IsInUse(const DaySheet& sheet, int row) {
     for (int place = 0; place <= PlaceOf(Column::Probability); ++place) {
         const auto column = static_cast<Column>(place);
         if (column == Column::Mg || column == Column::Gsd) continue;
@@ -55,7 +55,7 @@ Figure FigureOf(std::string_view text) {
         return figure;
     }
     const bool comma = text.find(',') != std::string_view::npos;
-    const auto number = NumeroCompleto(text, comma ? "," : ".");
+    const auto number = CompleteNumber(text, comma ? "," : ".");
     if (number && std::isfinite(*number)) figure.value = number;
     return figure;
 }
@@ -70,7 +70,7 @@ double ReadAsTheSheet(const Figure& figure) {
 
 double ReadAsTheSheet(std::string_view text) {
     try {
-        return LeerValor(text).Valor();
+        return LeerValor(text).Value();
     } catch (const ErrorEjecucion&) {
         return 0;
     }

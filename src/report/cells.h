@@ -46,7 +46,7 @@ constexpr int PlaceOf(Column column) { return static_cast<int>(column); }
 inline constexpr int kSheetColumns = PlaceOf(Column::Probability) + 1;
 
 /// The text of the cell of row 1 to 18.
-const std::string& CellOf(const HojaDelDia& sheet, int row, Column column);
+const std::string& CellOf(const DaySheet& sheet, int row, Column column);
 
 /// The column of sample 1 to 6.
 constexpr Column SampleColumn(int sample) {
@@ -54,13 +54,13 @@ constexpr Column SampleColumn(int sample) {
 }
 
 /// The sheet of day 1 to 3.
-const HojaDelDia& SheetOf(const EvaluacionRecord& record, int day);
+const DaySheet& SheetOf(const EvaluacionRecord& record, int day);
 
 /// Whether the sheet was ever validated: a day that wasn't holds nothing but blanks.
-bool IsValidated(const HojaDelDia& sheet);
+bool IsValidated(const DaySheet& sheet);
 
 /// Whether the row of the sheet shows anything but the means that are written on every row.
-bool IsInUse(const HojaDelDia& sheet, int row);
+bool IsInUse(const DaySheet& sheet, int row);
 
 /// What the text shows: see `Figure`.
 Figure FigureOf(std::string_view text);

@@ -72,7 +72,7 @@ std::string TextField(std::string_view text) {
 
 std::string FigureField(std::string_view cell, char decimal) {
     if (cell == ".") return "0";
-    if (cell.starts_with('+') || !NumeroCompleto(cell, ".")) return TextField(cell);
+    if (cell.starts_with('+') || !CompleteNumber(cell, ".")) return TextField(cell);
     std::string figure(cell);
     if (figure.ends_with('.')) figure.pop_back();
     const std::size_t point = figure.find('.');

@@ -8,7 +8,7 @@ namespace velmora::report {
 
 namespace {
 
-int SumOfCounts(Entero a, Entero b) { return std::clamp(a.Valor() + b.Valor(), 0, kRowsPerTask); }
+int SumOfCounts(Entero a, Entero b) { return std::clamp(a.Value() + b.Value(), 0, kRowsPerTask); }
 
 /// A sample as it was meant: with a comma, too; else what the sheet reads.
 double SampleOf(const std::string& text) {
@@ -25,11 +25,11 @@ RowInput FromPlan(const EvaluacionRecord& record, const DayCase& day, int row) {
         input.samples(i) = SampleOf(day.Cell(row, SampleColumn(i)));
     }
     input.in_use = day.in_plan(row) && input.samples(1) != 0;
-    input.hours = record.TiempoExposicion(day.day, task).Valor();
-    input.vla_ed = record.VlaEd(task, c).Valor();
-    input.vla_ec = record.VlaEc(task, c).Valor();
-    input.minutes = record.TiempoMuestreo(task, c).Valor();
-    input.group = record.Aditivo(task, c).Valor();
+    input.hours = record.TiempoExposicion(day.day, task).Value();
+    input.vla_ed = record.VlaEd(task, c).Value();
+    input.vla_ec = record.VlaEc(task, c).Value();
+    input.minutes = record.TiempoMuestreo(task, c).Value();
+    input.group = record.Aditivo(task, c).Value();
     return input;
 }
 
@@ -116,12 +116,12 @@ DayCase CaseOf(const EvaluacionRecord& record, int day) {
 }
 
 int RowsOf(const EvaluacionRecord& record, int day, int task) {
-    if (task > record.NumTareas.Valor()) return 0;
+    if (task > record.NumTareas.Value()) return 0;
     return SumOfCounts(record.Muestras30(day, task), record.Muestras15(day, task));
 }
 
 int ContaminantsOf(const EvaluacionRecord& record, int task) {
-    if (task > record.NumTareas.Valor()) return 0;
+    if (task > record.NumTareas.Value()) return 0;
     return SumOfCounts(record.NumContaminantes(task), 0);
 }
 

@@ -15,8 +15,8 @@ struct ReadCell {
 
 /// A validated day, ready for its second reading.
 struct DayCase {
-    int day = 0;                        ///< 1 to 3
-    const HojaDelDia* sheet = nullptr;  ///< as the file holds it
+    int day = 0;                      ///< 1 to 3
+    const DaySheet* sheet = nullptr;  ///< as the file holds it
     ByRow<RowInput> plan;    ///< the sheet's samples, an emptied one put back, with the plan's data
     ByRow<RowInput> cells;   ///< all from the sheet's cells, as the sheet reads them
     ByRow<bool> in_plan{};   ///< the plan has the row on this day

@@ -94,7 +94,7 @@ Markup FactorTable() {
     constexpr std::array kColumns = {Heading{"Mediciones", true, true}, Heading{"F"}};
     Table table("tabla-f", "Factor F de la media estimada; nunca menor que 1.", kColumns);
     table.Row({"2", "1"});
-    for (const Correccion& factor : kCorrecciones) {
+    for (const Correction& factor : kCorrections) {
         table.Row({Whole(factor.n),
                    Rounded(factor.a) + " × e<sup>" + Rounded(factor.b) + " × GSD</sup>"});
     }
@@ -107,9 +107,9 @@ Markup CurveTable() {
                 "Clases de probabilidad, con r = EC+ / MG+: vale la primera curva que queda por "
                 "encima de GSD+.",
                 kColumns);
-    for (const Curva& curve : kCurvas) {
-        table.Row({Rounded(curve.clase),
-                   Rounded(curve.a, 5) + " × r<sup>" + Rounded(curve.b) + "</sup>"});
+    for (const LimitCurve& curve : kCurves) {
+        table.Row(
+            {Rounded(curve.rank), Rounded(curve.a, 5) + " × r<sup>" + Rounded(curve.b) + "</sup>"});
     }
     table.Row({"50", "ninguna queda por encima"});
     return table.Finish();

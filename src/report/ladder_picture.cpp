@@ -37,13 +37,15 @@ Frame FrameOf(const Report& report) {
     return {AxisFor(ratios, kLeft, kRight), AxisFor(deviations, kBottom, kTop, 5)};
 }
 
-double HeightOf(const Curva& curve, double ratio) { return curve.a * std::pow(ratio, curve.b); }
+double HeightOf(const LimitCurve& curve, double ratio) {
+    return curve.a * std::pow(ratio, curve.b);
+}
 
 /// The ratio at which a curve reaches a deviation.
-double RatioAt(const Curva& curve, double gsd) { return std::pow(gsd / curve.a, 1 / curve.b); }
+double RatioAt(const LimitCurve& curve, double gsd) { return std::pow(gsd / curve.a, 1 / curve.b); }
 
 /// Where a curve enters and leaves the frame; both are at its right end for one that is outside.
-std::pair<double, double> ReachOf(const Curva& curve, const Frame& frame) {
+std::pair<double, double> ReachOf(const LimitCurve& curve, const Frame& frame) {
     const double enters = std::max(frame.ratio.low, RatioAt(curve, frame.deviation.low));
     const double leaves = std::min(frame.ratio.high, RatioAt(curve, frame.deviation.high));
     return {std::min(enters, frame.ratio.high),
@@ -51,7 +53,7 @@ std::pair<double, double> ReachOf(const Curva& curve, const Frame& frame) {
 }
 
 /// The part of the frame above a curve, which is straight on these axes.
-std::vector<Point> Above(const Curva& curve, const Frame& frame) {
+std::vector<Point> Above(const LimitCurve& curve, const Frame& frame) {
     const auto [enters, leaves] = ReachOf(curve, frame);
     const double low = frame.deviation.low;
     const double high = frame.deviation.high;
@@ -62,8 +64,8 @@ std::vector<Point> Above(const Curva& curve, const Frame& frame) {
 /// The zones of the three sentences: what lies above the curve of 5 % is high, above that of 0.1 %
 /// uncertain.
 void DrawZones(Picture& picture, const Frame& frame) {
-    picture.Curve(Above(kCurvas[2], frame), "zona-media");
-    picture.Curve(Above(kCurvas[4], frame), "zona-alta");
+    picture.Curve(Above(kCurves[2], frame), "zona-media");
+    picture.Curve(Above(kCurves[4], frame), "zona-alta");
 }
 
 void DrawAxes(Picture& picture, const Frame& frame) {
@@ -105,14 +107,14 @@ void WriteAtLength(Picture& picture, double length, const std::string& text) {
 void DrawCurves(Picture& picture, const Frame& frame) {
     double before = 0;
     std::string name = "clase 50";
-    for (auto curve = kCurvas.rbegin(); curve != kCurvas.rend(); ++curve) {
+    for (auto curve = kCurves.rbegin(); curve != kCurves.rend(); ++curve) {
         const auto [enters, leaves] = ReachOf(*curve, frame);
         const Point end = frame.At(leaves, HeightOf(*curve, leaves));
         picture.Line(frame.At(enters, HeightOf(*curve, enters)), end, "curva");
         const double length = LengthOf(end);
         if (length - before > 9) WriteAtLength(picture, (before + length) / 2, name);
         before = length;
-        name = (curve == kCurvas.rbegin() ? "clase " : "") + Rounded(curve->clase);
+        name = (curve == kCurves.rbegin() ? "clase " : "") + Rounded(curve->rank);
     }
     WriteAtLength(picture, (before + kRight - kLeft + kBottom - kTop) / 2, name);
 }

@@ -25,10 +25,10 @@ auto Guarded(Computation computation) -> std::optional<decltype(computation())> 
     }
 }
 
-std::optional<Estimacion> EstimateOf(const Array<double, 1, 6>& samples) {
+std::optional<Estimate> EstimateOf(const Array<double, 1, 6>& samples) {
     Muestras muestras;
     for (int i = 1; i <= kSamples; ++i) muestras(i) = samples(i);
-    const auto estimate = Guarded([&] { return Estimar(muestras); });
+    const auto estimate = Guarded([&] { return EstimateOf(muestras); });
     return estimate ? *estimate : std::nullopt;
 }
 
@@ -81,8 +81,8 @@ Unit UnitOfMixture(const ByRow<RowInput>& inputs, const ByRow<RowFigures>& figur
     Unit unit;
     unit.ec_plus = LimitOfMixture(inputs, figures, rows);
     if (const auto estimate = EstimateOf(SumsOf(inputs, rows))) {
-        unit.mg_plus = estimate->mg.Valor();
-        unit.gsd_plus = estimate->gsd.Valor();
+        unit.mg_plus = estimate->mg.Value();
+        unit.gsd_plus = estimate->gsd.Value();
     }
     unit.rows = std::move(rows);
     return unit;
@@ -126,7 +126,7 @@ std::optional<double> Unit::PercentAboveLimit() const {
 
 std::optional<double> ClassOfCurves(double limit, double mg, double gsd) {
     if (mg <= 0) return std::nullopt;
-    return Guarded([&] { return ProbabilidadExceso(Doble(limit) / mg, gsd).Valor(); });
+    return Guarded([&] { return ProbabilidadExceso(Doble(limit) / mg, gsd).Value(); });
 }
 
 double TwoDecimals(double value) {
@@ -137,7 +137,7 @@ double TwoDecimals(double value) {
     if (std::fabs(value) < 1e6 && std::fabs(hundredths - whole - 0.5) > kHair) {
         return std::nearbyint(hundredths) / 100;
     }
-    return NumeroCompleto(FormatoDosDecimales(value), SeparadorDecimal()).value_or(0);
+    return CompleteNumber(FormatoDosDecimales(value), DecimalSeparator()).value_or(0);
 }
 
 bool ReachesLimit(const RowInput& input) {
@@ -152,16 +152,16 @@ RowFigures ComputeRow(const RowInput& input) {
     RowFigures figures;
     const auto estimate = input.in_use ? EstimateOf(input.samples) : std::nullopt;
     if (!estimate) return figures;
-    figures.mg = estimate->mg.Valor();
-    figures.gsd = estimate->gsd.Valor();
+    figures.mg = estimate->mg.Value();
+    figures.gsd = estimate->gsd.Value();
     const auto mmp = Guarded([&] { return estimate->Media(); });
     if (!mmp) return figures;
-    figures.mmp = mmp->Valor();
+    figures.mmp = mmp->Value();
     // The sheet, too, takes the index from the mean before it is cut.
     const auto index = Guarded([&] {
         return input.vla_ed == 0 ? Doble(0) : input.hours * *mmp / (input.vla_ed * kHoursOfWorkday);
     });
-    if (index) figures.index = index->Valor();
+    if (index) figures.index = index->Value();
     return figures;
 }
 

@@ -120,7 +120,7 @@ std::vector<PreliminaryTest> PreliminaryTests(const EvaluacionRecord& record,
     for (int task = 1; task <= 3; ++task) {
         for (int c = 1; c <= ContaminantsOf(record, task); ++c) {
             tests.push_back(OfContaminant(record, days, task, c));
-            if (record.Aditivo(task, c) != 0) groups.insert(record.Aditivo(task, c).Valor());
+            if (record.Aditivo(task, c) != 0) groups.insert(record.Aditivo(task, c).Value());
         }
     }
     for (const int group : groups) {

@@ -97,7 +97,7 @@ void TellLines(const ReadingNotes& notes, std::vector<Remark>& remarks) {
 void TellRange(Entero value, int least, int most, const std::string& what,
                std::vector<Remark>& remarks) {
     if (value >= least && value <= most) return;
-    remarks.push_back({0, "El plan dice «" + what + ": " + NumberText(value.Valor()) +
+    remarks.push_back({0, "El plan dice «" + what + ": " + NumberText(value.Value()) +
                               "», fuera de lo que admite; se ha cortado."});
 }
 

@@ -61,16 +61,16 @@ std::vector<CompanyField> CompanyOf(const EvaluacionRecord& record) {
 constexpr int kDays = 3;
 
 /// A count of the file cut to what the record has room for.
-int Cut(Entero count, int most) { return std::clamp(count.Valor(), 0, most); }
+int Cut(Entero count, int most) { return std::clamp(count.Value(), 0, most); }
 
 std::vector<PlanLine> PlanOf(const EvaluacionRecord& record, int days, int tasks) {
     std::vector<PlanLine> plan;
     for (int day = 1; day <= days; ++day) {
         for (int task = 1; task <= tasks; ++task) {
-            plan.push_back({day, task, record.TiempoExposicion(day, task).Valor(),
-                            record.Muestras30(day, task).Valor(),
-                            record.Muestras15(day, task).Valor(),
-                            record.NumContaminantes(task).Valor()});
+            plan.push_back({day, task, record.TiempoExposicion(day, task).Value(),
+                            record.Muestras30(day, task).Value(),
+                            record.Muestras15(day, task).Value(),
+                            record.NumContaminantes(task).Value()});
         }
     }
     return plan;
@@ -81,9 +81,9 @@ std::vector<Agent> AgentsOf(const EvaluacionRecord& record, int tasks) {
     for (int task = 1; task <= tasks; ++task) {
         for (int c = 1; c <= Cut(record.NumContaminantes(task), kRowsPerTask); ++c) {
             agents.push_back({task, c, record.NombreContaminante(task, c),
-                              record.VlaEd(task, c).Valor(), record.VlaEc(task, c).Valor(),
-                              record.TiempoMuestreo(task, c).Valor(),
-                              record.Aditivo(task, c).Valor(), record.Unidades(task, c)});
+                              record.VlaEd(task, c).Value(), record.VlaEc(task, c).Value(),
+                              record.TiempoMuestreo(task, c).Value(),
+                              record.Aditivo(task, c).Value(), record.Unidades(task, c)});
         }
     }
     return agents;
@@ -130,8 +130,8 @@ Figure Computed(double number) { return {NumberText(number), number}; }
 
 Conclusion PlainConclusion(const DayCase& day) {
     const RowVerdict verdict = Summary(VerdictOfPlain(day));
-    const auto& sentences = kVeredictoDelIndice.at(static_cast<std::size_t>(day.day - 1)).frases;
-    std::string_view probability = kVeredictoDeLaProbabilidad.Para(verdict.probability);
+    const auto& sentences = kIndexVerdict.at(static_cast<std::size_t>(day.day - 1)).sentences;
+    std::string_view probability = kProbabilityVerdict.For(verdict.probability);
     probability.remove_prefix(std::min(probability.find_first_not_of(' '), probability.size()));
     return {verdict.over ? "SI" : "NO", Computed(verdict.index), Computed(verdict.probability),
             std::string(sentences.at(IndexClass(verdict.index))), std::string(probability)};
@@ -146,7 +146,7 @@ void FillFromSheet(Day& made, const DayCase& day) {
         made.rows.push_back(RowOfSheet(day, row));
         AddPlainFigures(made.rows.back(), day);
     }
-    const HojaDelDia& sheet = *day.sheet;
+    const DaySheet& sheet = *day.sheet;
     made.sheet = {sheet(401), FigureOf(sheet(397)), FigureOf(sheet(398)), sheet(399), sheet(400)};
     if (day.computed) made.plain = PlainConclusion(day);
 }

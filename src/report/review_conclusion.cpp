@@ -59,9 +59,9 @@ void CompareHighest(ReviewNotes& notes, const char* what, int entry, double of_c
     Doubt(notes, what, entry, NumberText(plain));
 }
 
-void CompareSentence(ReviewNotes& notes, const char* what, int entry, const Veredicto& verdict,
+void CompareSentence(ReviewNotes& notes, const char* what, int entry, const VerdictScale& verdict,
                      int number_entry) {
-    const auto sentence = verdict.Para(ReadAsTheSheet((*notes.day.sheet)(number_entry)));
+    const auto sentence = verdict.For(ReadAsTheSheet((*notes.day.sheet)(number_entry)));
     if ((*notes.day.sheet)(entry) == sentence) return;
     Doubt(notes, what, entry, std::string(sentence));
 }
@@ -94,10 +94,10 @@ void CompareConclusion(ReviewNotes& notes) {
                    plain.probability);
     CompareAnswer(notes, sheet.over, plain.over);
     const auto of_day = static_cast<std::size_t>(day.day - 1);
-    CompareSentence(notes, "frase del índice", kIndexSentence, kVeredictoDelIndice.at(of_day),
+    CompareSentence(notes, "frase del índice", kIndexSentence, kIndexVerdict.at(of_day),
                     kHighestIndex);
     CompareSentence(notes, "frase de la exposición corta", kProbabilitySentence,
-                    kVeredictoDeLaProbabilidad, kHighestProbability);
+                    kProbabilityVerdict, kHighestProbability);
 }
 
 }  // namespace velmora::report

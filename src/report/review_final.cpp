@@ -158,7 +158,7 @@ private:
 };
 
 int DaysOf(const EvaluacionRecord& record) {
-    return std::clamp(record.NumJornadas.Valor(), 0, kDays);
+    return std::clamp(record.NumJornadas.Value(), 0, kDays);
 }
 
 void ReviewUnvalidatedDay(const EvaluacionRecord& record, int day, std::vector<Finding>& findings) {

@@ -35,11 +35,11 @@ std::array<PlanCell, 6> PlanCellsOf(const EvaluacionRecord& record, int row) {
         return PlanCell{column, NumberText(value), value};
     };
     return {{{Column::Name, record.NombreContaminante(task, c), {}},
-             number(Column::VlaEd, record.VlaEd(task, c).Valor()),
-             number(Column::VlaEc, record.VlaEc(task, c).Valor()),
+             number(Column::VlaEd, record.VlaEd(task, c).Value()),
+             number(Column::VlaEc, record.VlaEc(task, c).Value()),
              {Column::Unit, record.Unidades(task, c), {}},
-             number(Column::SamplingMinutes, record.TiempoMuestreo(task, c).Valor()),
-             number(Column::Group, record.Aditivo(task, c).Valor())}};
+             number(Column::SamplingMinutes, record.TiempoMuestreo(task, c).Value()),
+             number(Column::Group, record.Aditivo(task, c).Value())}};
 }
 
 bool Agree(const Figure& cell, const PlanCell& plan) {

@@ -74,7 +74,7 @@ std::string HoursOf(const ReviewNotes& notes, const std::vector<int>& rows) {
 }
 
 void CompareIndices(ReviewNotes& notes, int task) {
-    const double planned = notes.record.TiempoExposicion(notes.day.day, task).Valor();
+    const double planned = notes.record.TiempoExposicion(notes.day.day, task).Value();
     const std::vector<int> rows = TellingRows(notes, task);
     const bool all_right = std::all_of(
         rows.begin(), rows.end(), [&](int row) { return IndexComesFrom(notes, row, planned); });
@@ -98,7 +98,7 @@ void CompareRowWithFirstDaysTime(ReviewNotes& notes) {
     if (notes.samples_changed(kRow) || IndexComesFrom(notes, kRow, notes.day.plan(kRow).hours)) {
         return;
     }
-    const double first_days = notes.record.TiempoExposicion(1, 2).Valor();
+    const double first_days = notes.record.TiempoExposicion(1, 2).Value();
     // The first day's hours may have been changed since: any whole hours are taken for them.
     if (!IndexComesFrom(notes, kRow, first_days) && HoursOf(notes, {kRow}).empty()) {
         notes.Fault(kRow, Column::Index, NumberText(index));

@@ -67,8 +67,8 @@ bool SayOther(const DayVerdict& a, const DayVerdict& b) {
     const RowVerdict first = Summary(a);
     const RowVerdict second = Summary(b);
     return IndexClass(first.index) != IndexClass(second.index) || first.over != second.over ||
-           kVeredictoDeLaProbabilidad.Clase(first.probability) !=
-               kVeredictoDeLaProbabilidad.Clase(second.probability);
+           kProbabilityVerdict.ClassOf(first.probability) !=
+               kProbabilityVerdict.ClassOf(second.probability);
 }
 
 bool HangsOn(const DayVerdict& sheet, const DayVerdict& plain, const std::vector<int>& rows,
@@ -79,7 +79,7 @@ bool HangsOn(const DayVerdict& sheet, const DayVerdict& plain, const std::vector
 
 std::size_t IndexClass(double index) {
     constexpr double kLastDigits = 1e-9;
-    return kVeredictoDelIndice.front().Clase(index - kLastDigits);  // the same on all days
+    return kIndexVerdict.front().ClassOf(index - kLastDigits);  // the same on all days
 }
 
 }  // namespace velmora::report

@@ -9,7 +9,7 @@
 namespace velmora {
 
 /// An array with fixed bounds, first to last inclusive. Its elements are taken with round
-/// brackets; a subscript out of bounds throws `ErrorEjecucion` (SubindiceFueraDeRango).
+/// brackets; a subscript out of bounds throws `ErrorEjecucion` (SubscriptOutOfRange).
 /// Arrays of two or three dimensions are arrays of arrays.
 template <class T, int First, int Last>
 class Array {
@@ -19,8 +19,8 @@ public:
 
     T& operator()(int i) { return elements_[Place(i)]; }
     const T& operator()(int i) const { return elements_[Place(i)]; }
-    T& operator()(Entero i) { return (*this)(i.Valor()); }
-    const T& operator()(Entero i) const { return (*this)(i.Valor()); }
+    T& operator()(Entero i) { return (*this)(i.Value()); }
+    const T& operator()(Entero i) const { return (*this)(i.Value()); }
 
     /// One element of an array of arrays: a(i, j) is a(i)(j).
     template <class I, class J, class... Rest>
@@ -41,7 +41,7 @@ public:
 
 private:
     static std::size_t Place(int i) {
-        if (i < First || i > Last) throw ErrorEjecucion(TipoError::SubindiceFueraDeRango);
+        if (i < First || i > Last) throw ErrorEjecucion(ErrorKind::SubscriptOutOfRange);
         return static_cast<std::size_t>(i - First);
     }
 

@@ -9,8 +9,8 @@ namespace velmora {
 namespace {
 
 Doble Checked(double result) {
-    if (std::isnan(result)) throw ErrorEjecucion(TipoError::OperacionNoValida);
-    if (std::isinf(result)) throw ErrorEjecucion(TipoError::Desbordamiento);
+    if (std::isnan(result)) throw ErrorEjecucion(ErrorKind::InvalidOperation);
+    if (std::isinf(result)) throw ErrorEjecucion(ErrorKind::Overflow);
     return result;
 }
 
@@ -21,22 +21,22 @@ Doble operator-(Doble a, Doble b) { return Checked(a.value_ - b.value_); }
 Doble operator*(Doble a, Doble b) { return Checked(a.value_ * b.value_); }
 
 Doble operator/(Doble a, Doble b) {
-    if (b.value_ == 0 && a.value_ != 0) throw ErrorEjecucion(TipoError::DivisionPorCero);
+    if (b.value_ == 0 && a.value_ != 0) throw ErrorEjecucion(ErrorKind::DivisionByZero);
     return Checked(a.value_ / b.value_);
 }
 
-Doble Potencia(Doble base, Doble exponent) {
-    if (base == 0.0 && exponent < 0.0) throw ErrorEjecucion(TipoError::DivisionPorCero);
-    return Checked(std::pow(base.Valor(), exponent.Valor()));
+Doble Power(Doble base, Doble exponent) {
+    if (base == 0.0 && exponent < 0.0) throw ErrorEjecucion(ErrorKind::DivisionByZero);
+    return Checked(std::pow(base.Value(), exponent.Value()));
 }
 
-Doble Exponencial(Doble x) { return Checked(std::exp(x.Valor())); }
+Doble Exponential(Doble x) { return Checked(std::exp(x.Value())); }
 
-Doble Logaritmo(Doble x) {
-    if (x <= 0.0) throw ErrorEjecucion(TipoError::ArgumentoNoValido);
-    return Checked(std::log(x.Valor()));
+Doble Logarithm(Doble x) {
+    if (x <= 0.0) throw ErrorEjecucion(ErrorKind::InvalidArgument);
+    return Checked(std::log(x.Value()));
 }
 
-Doble Absoluto(Doble x) { return std::fabs(x.Valor()); }
+Doble Absolute(Doble x) { return std::fabs(x.Value()); }
 
 }  // namespace velmora

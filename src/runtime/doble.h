@@ -6,9 +6,9 @@ namespace velmora {
 
 /// A Double whose every operation checks its result, so that no handler has to remember to.
 ///
-/// Addition, subtraction, multiplication, division, `Potencia`, `Exponencial` and `Logaritmo` throw
-/// `ErrorEjecucion`: Desbordamiento for a result too large, DivisionPorCero for x / 0,
-/// OperacionNoValida for 0 / 0 and for a power without a real value, ArgumentoNoValido for the
+/// Addition, subtraction, multiplication, division, `Power`, `Exponential` and `Logarithm` throw
+/// `ErrorEjecucion`: Overflow for a result too large, DivisionByZero for x / 0,
+/// InvalidOperation for 0 / 0 and for a power without a real value, InvalidArgument for the
 /// logarithm of a number that isn't positive. Underflow goes to zero without a word. Comparisons
 /// are exact.
 class Doble {
@@ -17,7 +17,7 @@ public:
     // cppcheck-suppress noExplicitConstructor ; a number in a formula is a Doble
     constexpr Doble(double value) : value_(value) {}
 
-    constexpr double Valor() const { return value_; }
+    constexpr double Value() const { return value_; }
 
     friend Doble operator+(Doble a, Doble b);
     friend Doble operator-(Doble a, Doble b);
@@ -32,15 +32,15 @@ private:
 };
 
 /// The general power operation, base raised to exponente.
-Doble Potencia(Doble base, Doble exponent);
+Doble Power(Doble base, Doble exponent);
 
 /// e raised to x.
-Doble Exponencial(Doble x);
+Doble Exponential(Doble x);
 
 /// The natural logarithm of x.
-Doble Logaritmo(Doble x);
+Doble Logarithm(Doble x);
 
 /// The absolute value of x.
-Doble Absoluto(Doble x);
+Doble Absolute(Doble x);
 
 }  // namespace velmora

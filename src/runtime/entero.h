@@ -9,14 +9,14 @@
 namespace velmora {
 
 /// A signed 16-bit whole number whose sums, differences and products throw `ErrorEjecucion`
-/// (Desbordamiento) instead of leaving the range -32768 to 32767.
+/// (Overflow) instead of leaving the range -32768 to 32767.
 class Entero {
 public:
     constexpr Entero() = default;
     // cppcheck-suppress noExplicitConstructor ; a number in a formula is an Entero
     constexpr Entero(int value) : value_(Checked(value)) {}
 
-    constexpr int Valor() const { return value_; }
+    constexpr int Value() const { return value_; }
 
     friend constexpr Entero operator+(Entero a, Entero b) { return {a.value_ + b.value_}; }
     friend constexpr Entero operator-(Entero a, Entero b) { return {a.value_ - b.value_}; }
@@ -27,11 +27,11 @@ public:
     friend constexpr auto operator<=>(Entero, Entero) = default;
 
     /// An Integer in a place that wants a Double.
-    constexpr Doble ComoDoble() const { return static_cast<double>(value_); }
+    constexpr Doble AsDoble() const { return static_cast<double>(value_); }
 
 private:
     static constexpr std::int16_t Checked(int value) {
-        if (value < INT16_MIN || value > INT16_MAX) throw ErrorEjecucion(TipoError::Desbordamiento);
+        if (value < INT16_MIN || value > INT16_MAX) throw ErrorEjecucion(ErrorKind::Overflow);
         return static_cast<std::int16_t>(value);
     }
 

@@ -2,24 +2,24 @@
 
 namespace velmora {
 
-std::string MensajeDe(TipoError kind) {
+std::string MessageOf(ErrorKind kind) {
     switch (kind) {
-        case TipoError::Desbordamiento:
+        case ErrorKind::Overflow:
             return "Error en tiempo de ejecución: desbordamiento.";
-        case TipoError::DivisionPorCero:
+        case ErrorKind::DivisionByZero:
             return "Error en tiempo de ejecución: división por cero.";
-        case TipoError::OperacionNoValida:
+        case ErrorKind::InvalidOperation:
             return "Error en tiempo de ejecución: operación aritmética no válida.";
-        case TipoError::ArgumentoNoValido:
+        case ErrorKind::InvalidArgument:
             return "Error en tiempo de ejecución: argumento no válido en una función.";
-        case TipoError::SubindiceFueraDeRango:
+        case ErrorKind::SubscriptOutOfRange:
             return "Error en tiempo de ejecución: subíndice fuera de rango.";
-        case TipoError::TiposNoCoinciden:
+        case ErrorKind::TypeMismatch:
             return "Error en tiempo de ejecución: los tipos no coinciden.";
     }
     return "Error en tiempo de ejecución.";
 }
 
-ErrorEjecucion::ErrorEjecucion(TipoError kind) : std::runtime_error(MensajeDe(kind)), kind_(kind) {}
+ErrorEjecucion::ErrorEjecucion(ErrorKind kind) : std::runtime_error(MessageOf(kind)), kind_(kind) {}
 
 }  // namespace velmora

@@ -35,8 +35,8 @@ void Form5::Command8_Click() {
     if (!MarkSampleOverLimit(30, kRedOf30Minutes)) MarkSampleOverLimit(15, kRedOf15Minutes);
 
     if (DiaActual < 1 || DiaActual > 3) return;
-    Text5.Text = kVeredictoDelIndice.at(static_cast<std::size_t>(DiaActual.Valor() - 1)).Para(y);
-    Text6.Text = kVeredictoDeLaProbabilidad.Para(p);
+    Text5.Text = kIndexVerdict.at(static_cast<std::size_t>(DiaActual.Value() - 1)).For(y);
+    Text6.Text = kProbabilityVerdict.For(p);
     ForEachEntry([](std::string& entry, const TextCell& cell) { entry = cell.Text; });
     CopyToFinalTable();
 }
@@ -53,7 +53,7 @@ bool Form5::MarkSampleOverLimit(int minutes, Color color) {
             }
             Text7.Text = "SI";
             Cell(R, c).BackColor = color;
-            Cell(R, c).ForeColor = kFondoDeVentana;
+            Cell(R, c).ForeColor = kWindowBackground;
             return true;
         }
     }
@@ -61,11 +61,11 @@ bool Form5::MarkSampleOverLimit(int minutes, Color color) {
 }
 
 void Form5::CopyToFinalTable() {
-    const int index_column = 2 + DiaActual.Valor();        // "I1", "I2", "I3"
-    const int probability_column = 6 + DiaActual.Valor();  // "P1", "P2", "P3"
+    const int index_column = 2 + DiaActual.Value();        // "I1", "I2", "I3"
+    const int probability_column = 6 + DiaActual.Value();  // "P1", "P2", "P3"
     // An empty cell leaves what an earlier press put into the table.
     const auto copy = [this](const std::string& text, int row, int column) {
-        if (!text.empty()) entorno_.record.HojaFinal(row, column) = TextoDoble(LeerValor(text));
+        if (!text.empty()) environment_.record.HojaFinal(row, column) = TextoDoble(LeerValor(text));
     };
     for (int R = 1; R <= grid::kRows; ++R) {
         copy(Cell(R, grid::kIndexPlus).Text, R, index_column);
@@ -76,7 +76,7 @@ void Form5::CopyToFinalTable() {
 void Form5::IndiceFinal(const Entero& a) {
     for (int i = 1; i <= grid::kRows; ++i) {
         if (Value(i, grid::kAdditive) != i - 1) continue;
-        entorno_.record.HojaFinal(a + 1, i) = TextoDoble(Value(i, grid::kIndex));
+        environment_.record.HojaFinal(a + 1, i) = TextoDoble(Value(i, grid::kIndex));
     }
 }
 

@@ -42,7 +42,7 @@ void Form5::SumGroup(int k) {
 }
 
 void Form5::ShowMeansAndDeviations() {
-    const EvaluacionRecord& record = entorno_.record;
+    const EvaluacionRecord& record = environment_.record;
     for (int t = 1; t <= 3; ++t) {
         for (int c = 1; c <= grid::kRowsPerTask; ++c) {
             const int R = grid::RowOf(t, c);

@@ -40,7 +40,7 @@ void Hide(Cells& cells, int first, int columns) {
 /// Shows and locks so many rows from the cell `first` on.
 template <class Cells>
 void Show(Cells& cells, int first, const Entero& rows, int columns) {
-    const int last = first + (rows * columns).Valor() - 1;
+    const int last = first + (rows * columns).Value() - 1;
     for (int i = first; i <= last; ++i) {
         cells(i).Visible = true;
         cells(i).Locked = true;
@@ -91,8 +91,8 @@ void Form5::limpia(const Entero& /*c*/) {
 
 Entero Form5::RowsInUse(const Entero& task) const {
     // The day's sample counts decide, not the task's list of contaminants.
-    return entorno_.record.Muestras15(DiaActual, task) +
-           entorno_.record.Muestras30(DiaActual, task);
+    return environment_.record.Muestras15(DiaActual, task) +
+           environment_.record.Muestras30(DiaActual, task);
 }
 
 void Form5::LayOutTask(int task) {
@@ -111,8 +111,8 @@ void Form5::LayOutTask(int task) {
 }
 
 void Form5::FillPlan(int task) {
-    const EvaluacionRecord& record = entorno_.record;
-    const int n = RowsInUse(task).Valor();
+    const EvaluacionRecord& record = environment_.record;
+    const int n = RowsInUse(task).Value();
     for (int r = 1; r <= n; ++r) {
         const int R = grid::RowOf(task, r);
         Cell(R, grid::kNumber).Text = TextoEntero(r);
@@ -126,7 +126,7 @@ void Form5::FillPlan(int task) {
 }
 
 void Form5::UnlockSamples(int task, const Entero& rows) {
-    for (int r = 1; r <= rows.Valor(); ++r) {
+    for (int r = 1; r <= rows.Value(); ++r) {
         for (int c = grid::kFirstSample; c <= grid::kLastSample; ++c) {
             Cell(grid::RowOf(task, r), c).Locked = false;
         }
@@ -134,15 +134,15 @@ void Form5::UnlockSamples(int task, const Entero& rows) {
 }
 
 bool Form5::IsRefused(const Entero& day) {
-    if (day <= entorno_.record.NumJornadas) return false;
+    if (day <= environment_.record.NumJornadas) return false;
     limpia(day);
-    entorno_.host.MsgBox(
+    environment_.host.MsgBox(
         " El número de día seleccionado no es coherente con los datos introducidos");
     return true;
 }
 
 void Form5::intro(const Entero& c) {
-    const Entero tasks = entorno_.record.NumTareas;
+    const Entero tasks = environment_.record.NumTareas;
     DiaActual = c;
     if (IsRefused(c)) return;
     if (tasks < 1) return;
@@ -160,11 +160,11 @@ void Form5::intro(const Entero& c) {
 }
 
 void Form5::recupera(const Entero& s) {
-    const Entero tasks = entorno_.record.NumTareas;
+    const Entero tasks = environment_.record.NumTareas;
     DiaActual = s;
     if (IsRefused(s)) return;
     limpia(s);
-    if (entorno_.record.NumJornadas == 0 || tasks == 0) return;
+    if (environment_.record.NumJornadas == 0 || tasks == 0) return;
     Entero n;  // rows of the last task laid out
     const auto lay_out = [this, &n](Button& button, int task) {
         Open(button);

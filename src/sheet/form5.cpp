@@ -48,12 +48,12 @@ constexpr std::array<Column, grid::kColumns> kText1Columns = {{
      "Tiempo de muestreo, en minutos: solo interviene en la pregunta de si se ha superado un límite."},
     {"A+",           3480,  255, kPaleGrey,     "grupo aditivo", 8.25,
      "Grupo aditivo: los agentes con el mismo número suman sus efectos; 0 si el agente no es aditivo."},
-    {"C1",           3840,  495, kFondoDeVentana, "muestra C1"},
-    {"C2",           4320,  495, kFondoDeVentana, "muestra C2"},
-    {"C3",           4800,  495, kFondoDeVentana, "muestra C3"},
-    {"C4",           5280,  495, kFondoDeVentana, "muestra C4"},
-    {"C5",           5760,  495, kFondoDeVentana, "muestra C5"},
-    {"C6",           6240,  495, kFondoDeVentana, "muestra C6"},
+    {"C1",           3840,  495, kWindowBackground, "muestra C1"},
+    {"C2",           4320,  495, kWindowBackground, "muestra C2"},
+    {"C3",           4800,  495, kWindowBackground, "muestra C3"},
+    {"C4",           5280,  495, kWindowBackground, "muestra C4"},
+    {"C5",           5760,  495, kWindowBackground, "muestra C5"},
+    {"C6",           6240,  495, kWindowBackground, "muestra C6"},
     {"MMP",          6840,  855, kPaleGreen,    "media estimada MMP", 8.25,
      "Media estimada de la concentración: MG × F, donde F depende del número de mediciones y de la GSD."},
     {"Indice",       7680,  495, kPaleGreen,    "índice", 8.25,
@@ -152,7 +152,7 @@ constexpr Row HeadingRow(std::string_view name, int index, const Column& column,
             .index = index,
             .box = {column.left, top, column.width, kHeadingHeight},
             .text = column.heading,
-            .look = column.back == kFondoDeVentana ? kSampleHeading : kHeading,
+            .look = column.back == kWindowBackground ? kSampleHeading : kHeading,
             .tool_tip = column.tool_tip,
             .in_table = true};
 }
@@ -163,7 +163,7 @@ constexpr Row CellRow(std::string_view name, int index, const Column& column, in
             .box = {column.left, TopOf(row), column.width, kCellHeight},
             .look = {.points = column.points, .back = column.back},
             .tab = tab,
-            .tool_tip = column.back == kFondoDeVentana ? kDecimalsHelp : std::string_view{},
+            .tool_tip = column.back == kWindowBackground ? kDecimalsHelp : std::string_view{},
             .in_table = true};
 }
 
@@ -175,11 +175,11 @@ std::string SpokenName(int row, const Column& column) {
 
 }  // namespace
 
-Form5::Form5(const Entorno& entorno)
+Form5::Form5(const Environment& environment)
     : Screen(ScreenId::Form5,
              " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ",
              kClientArea, Label5, "fondo5"),
-      entorno_(entorno) {
+      environment_(environment) {
     PlaceSheet();
     PlaceControls();
     PlaceMenu();
@@ -273,7 +273,7 @@ void Form5::Open(Button& button) {
 }
 
 void Form5::OpenAfter(int task, Button Form5::*next, Button& after_the_last) {
-    const Entero tasks = entorno_.record.NumTareas;
+    const Entero tasks = environment_.record.NumTareas;
     if (tasks == task) {
         Open(after_the_last);
     } else if (tasks > task && next != nullptr) {
@@ -281,17 +281,18 @@ void Form5::OpenAfter(int task, Button Form5::*next, Button& after_the_last) {
     }
 }
 
-void Form5::Timer1_Timer() { Label5.Caption = FormatoFecha(entorno_.host.Now()); }
+void Form5::Timer1_Timer() { Label5.Caption = FormatoFecha(environment_.host.Now()); }
 
-void Form5::datosiniciales_Click() { entorno_.chain.Go(ScreenId::Form3); }
-void Form5::contaminantes_Click() { entorno_.chain.Go(ScreenId::Form4); }
-void Form5::resultadosfinales_Click() { entorno_.chain.Go(ScreenId::Form6); }
-void Form5::datosempresa_Click() { entorno_.chain.Go(ScreenId::Form2); }
+void Form5::datosiniciales_Click() { environment_.chain.Go(ScreenId::Form3); }
+void Form5::contaminantes_Click() { environment_.chain.Go(ScreenId::Form4); }
+void Form5::resultadosfinales_Click() { environment_.chain.Go(ScreenId::Form6); }
+void Form5::datosempresa_Click() { environment_.chain.Go(ScreenId::Form2); }
 
 void Form5::imprimir_Click() {
-    Imprimir(entorno_.host, CommonDialog1, {"Se imprimirán todos los datos en pantalla", 0, 1000});
+    Imprimir(environment_.host, CommonDialog1,
+             {"Se imprimirán todos los datos en pantalla", 0, 1000});
 }
 
-void Form5::salir_Click() { Salir(entorno_.host, Estilo::SiNoInformacion); }
+void Form5::salir_Click() { Salir(environment_.host, MsgBoxStyle::YesNoInformation); }
 
 }  // namespace velmora

@@ -18,7 +18,7 @@ namespace velmora {
 /// is carried by their `Visible` and `Enabled` alone, and a handler only ever opens the next one.
 class Form5 : public Screen {
 public:
-    explicit Form5(const Entorno& entorno);
+    explicit Form5(const Environment& environment);
 
     // Day slots (day_slots.cpp)
     void Form_Load() override;
@@ -116,7 +116,7 @@ private:
     bool MarkSampleOverLimit(int minutes, Color color);
     void CopyToFinalTable();
 
-    Entorno entorno_;
+    Environment environment_;
 
     // Counters of the key filter: it alone touches them, and they outlive the layout of a day.
     Entero CifrasTecleadas;
@@ -128,7 +128,7 @@ private:
 /// it holds.
 template <class Visitor>
 void Form5::ForEachEntry(Visitor visit) {
-    HojaDelDia& entries = entorno_.record.Hoja(DiaActual);
+    DaySheet& entries = environment_.record.Hoja(DiaActual);
     int entry = 0;
     for (TextCell& cell : Text1) visit(entries(++entry), cell);
     for (TextCell& cell : Text3) visit(entries(++entry), cell);

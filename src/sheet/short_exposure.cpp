@@ -21,7 +21,7 @@ public:
 
     ShortExposure(Form5& sheet, const Differences& task)
         : sheet_(sheet),
-          record_(sheet.entorno_.record),
+          record_(sheet.environment_.record),
           differences_(task),
           task_(task.task),
           contaminants_(record_.NumContaminantes(task_)) {}
@@ -71,7 +71,7 @@ void Form5::Command6_Click() {
 void Form5::Command7_Click() { ShortExposure(*this, {3, 0.2222, nullptr}).Run(); }
 
 void Form5::ShortExposure::Run() {
-    for (int i = 1; i <= contaminants_.Valor(); ++i) {
+    for (int i = 1; i <= contaminants_.Value(); ++i) {
         const Doble a = Value(i, grid::kAdditive);
         const Doble e = Value(i, grid::kEc);
         if (a == 0) JudgeAlone(i, e);
@@ -96,7 +96,7 @@ Form5::ShortExposure::Group Form5::ShortExposure::GroupOf(int number) const {
     const Entero first = grid::Cell(RowOf(1), grid::kAdditive);
     const Entero last = first + Entero(grid::kColumns) * (contaminants_ - 1);
     Group group;
-    for (int cell = first.Valor(), place = 1; cell <= last.Valor();
+    for (int cell = first.Value(), place = 1; cell <= last.Value();
          cell += grid::kColumns, ++place) {
         if (sheet_.Value(cell) == number) group.push_back(place);
     }
@@ -171,7 +171,7 @@ void Form5::ShortExposure::NoteMixture(const Group& group) {
 }
 
 void Form5::ShortExposure::SetProbabilities() {
-    for (int i = 1; i <= contaminants_.Valor(); ++i) {
+    for (int i = 1; i <= contaminants_.Value(); ++i) {
         if (Cell3(i, grid::kEcPlus).Text.empty()) continue;
         const Doble mg = LeerValor(Cell3(i, grid::kMgPlus).Text);
         const Doble ratio = LeerValor(Cell3(i, grid::kEcPlus).Text) / mg;

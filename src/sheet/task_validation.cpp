@@ -17,7 +17,7 @@ public:
     };
 
     TaskValidation(Form5& sheet, const Differences& task)
-        : sheet_(sheet), record_(sheet.entorno_.record), differences_(task), task_(task.task) {}
+        : sheet_(sheet), record_(sheet.environment_.record), differences_(task), task_(task.task) {}
 
     void Run();
 
@@ -57,7 +57,7 @@ void Form5::Command3_Click() {
 }
 
 void Form5::TaskValidation::Run() {
-    Host& host = sheet_.entorno_.host;
+    Host& host = sheet_.environment_.host;
     if (LacksLimits()) {
         host.MsgBox("No se dispone de datos relativos a los contaminantes ");
         return;
@@ -66,7 +66,7 @@ void Form5::TaskValidation::Run() {
         host.MsgBox(differences_.no_data);
         return;
     }
-    ForEachSample([](TextCell& cell) { cell.ForeColor = kTextoDeVentana; });
+    ForEachSample([](TextCell& cell) { cell.ForeColor = kWindowText; });
     if (LacksSamples()) {
         host.MsgBox("No hay datos suficientes para operar ");
         return;
@@ -77,12 +77,12 @@ void Form5::TaskValidation::Run() {
     }
     ComputeRows();
     sheet_.Text7.Text.clear();
-    ForEachSample([](TextCell& cell) { cell.BackColor = kFondoDeVentana; });
+    ForEachSample([](TextCell& cell) { cell.BackColor = kWindowBackground; });
     sheet_.OpenAfter(task_, differences_.next, sheet_.Command4);
 }
 
 bool Form5::TaskValidation::LacksLimits() const {
-    const int n = record_.NumContaminantes(task_).Valor();
+    const int n = record_.NumContaminantes(task_).Value();
     for (int r = 1; r <= n; ++r) {
         const Doble ed = sheet_.Value(RowOf(r), grid::kEd);
         const Doble ec = sheet_.Value(RowOf(r), grid::kEc);
@@ -102,7 +102,7 @@ bool Form5::TaskValidation::FirstTaskHasSamples() const {
 }
 
 bool Form5::TaskValidation::LacksSamples() const {
-    const int n = record_.NumContaminantes(task_).Valor();
+    const int n = record_.NumContaminantes(task_).Value();
     for (int r = 1; r <= n; ++r) {
         int filled = 0;
         for (int c = grid::kFirstSample; c <= grid::kLastSample; ++c) {

@@ -4,63 +4,63 @@ namespace velmora {
 
 namespace {
 
-constexpr double kClaseMasAlta = 50;
+constexpr double kHighestClass = 50;
 
-Doble FactorDeCorreccion(Entero n, Doble gsd) {
+Doble CorrectionFactor(Entero n, Doble gsd) {
     Doble f = 1;
-    for (const Correccion& c : kCorrecciones) {
+    for (const Correction& c : kCorrections) {
         // GSD itself is the argument, not its logarithm: so the estimator is defined here.
-        if (n == c.n) f = c.a * Exponencial(c.b * gsd);
+        if (n == c.n) f = c.a * Exponential(c.b * gsd);
     }
     return f < 1 ? 1.0 : f;
 }
 
 }  // namespace
 
-Doble Estimacion::Media() const { return mg * FactorDeCorreccion(n, gsd); }
+Doble Estimate::Media() const { return mg * CorrectionFactor(n, gsd); }
 
 LogNormal::LogNormal(const Muestras& samples) {
     for (int i = 1; i <= 6 && samples(i) != 0; ++i) {
-        logarithms_(i) = Logaritmo(samples(i));
+        logarithms_(i) = Logarithm(samples(i));
         sum_ += logarithms_(i);
         ++size_;
     }
 }
 
-Doble LogNormal::GeometricMean() const { return Exponencial(Mean()); }
+Doble LogNormal::GeometricMean() const { return Exponential(Mean()); }
 
 Doble LogNormal::GeometricDeviation() const {
     const Doble mean = Mean();
     Doble squares;
-    for (int i = 1; i <= size_.Valor(); ++i) {
-        squares += Potencia(Absoluto(mean - logarithms_(i)), 2.0);
+    for (int i = 1; i <= size_.Value(); ++i) {
+        squares += Power(Absolute(mean - logarithms_(i)), 2.0);
     }
-    return Exponencial(Potencia(squares / (size_ - 1).ComoDoble(), Doble(1.0) / Doble(2.0)));
+    return Exponential(Power(squares / (size_ - 1).AsDoble(), Doble(1.0) / Doble(2.0)));
 }
 
-std::optional<Estimacion> Estimar(const Muestras& muestras) {
+std::optional<Estimate> EstimateOf(const Muestras& muestras) {
     const LogNormal series(muestras);
     if (series.Size() == 0) return std::nullopt;
     // A single sample ends the program here, with 0 / 0: it is meant not to be given a value.
     const Doble gsd = series.GeometricDeviation();
-    return Estimacion{series.Size(), series.GeometricMean(), gsd};
+    return Estimate{series.Size(), series.GeometricMean(), gsd};
 }
 
-Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,
-                    Entero contaminante) {
-    const auto estimacion = Estimar(muestras);
-    if (!estimacion) return 0;
-    record.MG(dia, tarea, contaminante) = estimacion->mg;
-    record.GSD(dia, tarea, contaminante) = estimacion->gsd;
-    return estimacion->Media();
+Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero day, Entero tarea,
+                    Entero contaminant) {
+    const auto estimate = EstimateOf(muestras);
+    if (!estimate) return 0;
+    record.MG(day, tarea, contaminant) = estimate->mg;
+    record.GSD(day, tarea, contaminant) = estimate->gsd;
+    return estimate->Media();
 }
 
-Doble ProbabilidadExceso(const Doble& razon, const Doble& dispersion) {
-    if (razon <= 0) return 0;
-    for (const Curva& curva : kCurvas) {
-        if (curva.a * Potencia(razon, curva.b) > dispersion) return curva.clase;
+Doble ProbabilidadExceso(const Doble& ratio, const Doble& dispersion) {
+    if (ratio <= 0) return 0;
+    for (const LimitCurve& curve : kCurves) {
+        if (curve.a * Power(ratio, curve.b) > dispersion) return curve.rank;
     }
-    return kClaseMasAlta;
+    return kHighestClass;
 }
 
 }  // namespace velmora

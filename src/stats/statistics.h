@@ -13,23 +13,23 @@ namespace velmora {
 using Muestras = Array<Doble, 0, 6>;
 
 /// Correction factor of the estimated mean for n samples, A x exp(B x GSD).
-struct Correccion {
+struct Correction {
     int n;
     double a;
     double b;
 };
 
 /// One curve of the ladder: its class holds where A x razon^B is above the dispersion.
-struct Curva {
+struct LimitCurve {
     double a;
     double b;
-    double clase;  ///< per cent
+    double rank;  ///< per cent
 };
 
 // clang-format off
 /// Given with the method. For GSD from 1.2 to 4 they come within 2 % of the factor of the unbiased
 /// estimator of a log-normal mean with the least variance (D. J. Finney, 1941).
-inline constexpr std::array<Correccion, 4> kCorrecciones = {{
+inline constexpr std::array<Correction, 4> kCorrections = {{
     {3, 0.7969, 0.1964},
     {4, 0.763,  0.228 },
     {5, 0.7593, 0.2393},
@@ -37,10 +37,10 @@ inline constexpr std::array<Correccion, 4> kCorrecciones = {{
 }};
 
 /// The curves in the order in which they are tried. Given with the method. Each comes close to
-/// razon^(1 / z), the dispersion at which a log-normal concentration passes `razon` times its
+/// razon^(1 / z), the dispersion at which a log-normal concentration passes `ratio` times its
 /// geometric mean with the class's probability; z is the normal quantile, 4.265, 3.719, 3.090,
 /// 2.326 and 1.645. B is within 1.3 % of 1 / z.
-inline constexpr std::array<Curva, 5> kCurvas = {{
+inline constexpr std::array<LimitCurve, 5> kCurves = {{
     {1.0026, 0.2357, 0.001},
     {0.994,  0.2722, 0.01 },
     {0.9991, 0.3272, 0.1  },
@@ -53,21 +53,21 @@ inline constexpr std::array<Curva, 5> kCurvas = {{
 /// exactly 0, in the samples' own unit.
 class LogNormal {
 public:
-    /// Throws ArgumentoNoValido for a negative sample within the series.
+    /// Throws InvalidArgument for a negative sample within the series.
     explicit LogNormal(const Muestras& samples);
 
     /// How many samples there are, 0 to 6.
     Entero Size() const { return size_; }
 
-    /// exp(m), m the mean of the natural logarithms. Throws OperacionNoValida without samples.
+    /// exp(m), m the mean of the natural logarithms. Throws InvalidOperation without samples.
     Doble GeometricMean() const;
 
     /// exp(s), s the standard deviation of the natural logarithms, its divisor one less than their
-    /// number. Throws OperacionNoValida for fewer than two samples.
+    /// number. Throws InvalidOperation for fewer than two samples.
     Doble GeometricDeviation() const;
 
 private:
-    Doble Mean() const { return sum_ / size_.ComoDoble(); }
+    Doble Mean() const { return sum_ / size_.AsDoble(); }
 
     Array<Doble, 1, 6> logarithms_;
     Doble sum_;
@@ -75,7 +75,7 @@ private:
 };
 
 /// What a row of log-normal samples gives, in the samples' own unit but for the deviation.
-struct Estimacion {
+struct Estimate {
     Entero n;   ///< samples that counted
     Doble mg;   ///< geometric mean
     Doble gsd;  ///< geometric deviation
@@ -85,22 +85,22 @@ struct Estimacion {
     Doble Media() const;
 };
 
-/// The `LogNormal` of the samples; nothing without any. Throws OperacionNoValida for a single
-/// sample (0 / 0), ArgumentoNoValido for a negative one.
-std::optional<Estimacion> Estimar(const Muestras& muestras);
+/// The `LogNormal` of the samples; nothing without any. Throws InvalidOperation for a single
+/// sample (0 / 0), InvalidArgument for a negative one.
+std::optional<Estimate> EstimateOf(const Muestras& muestras);
 
-/// The estimated mean of the samples, 0 without any. Stores MG and GSD in the record at (`dia`,
-/// `tarea`, `contaminante`) unless there is no sample. Throws as `Estimar` does, and
-/// SubindiceFueraDeRango outside days 1 to 3, tasks 1 to 3 and contaminants 1 to 6.
-Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero dia, Entero tarea,
-                    Entero contaminante);
+/// The estimated mean of the samples, 0 without any. Stores MG and GSD in the record at (`day`,
+/// `tarea`, `contaminant`) unless there is no sample. Throws as `EstimateOf` does, and
+/// SubscriptOutOfRange outside days 1 to 3, tasks 1 to 3 and contaminants 1 to 6.
+Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero day, Entero tarea,
+                    Entero contaminant);
 
 /// The class of the probability of going over the short-exposure limit: 0, 0.001, 0.01, 0.1, 1, 5
 /// or 50.
 ///
-/// `razon` is EC+ divided by MG+, `dispersion` is GSD+. Five curves A x razon^B are tried in the
+/// `ratio` is EC+ divided by MG+, `dispersion` is GSD+. Five curves A x razon^B are tried in the
 /// order of their classes, and the first that lies strictly above `dispersion` decides; 50 when
-/// none does, 0 when `razon` is 0 or negative.
-Doble ProbabilidadExceso(const Doble& razon, const Doble& dispersion);
+/// none does, 0 when `ratio` is 0 or negative.
+Doble ProbabilidadExceso(const Doble& ratio, const Doble& dispersion);
 
 }  // namespace velmora

@@ -9,22 +9,22 @@
 namespace velmora {
 
 /// The three sentences for a value up to the low limit, up to the high one, and above.
-struct Veredicto {
-    double bajo;
-    double alto;
-    std::array<std::string_view, 3> frases;
+struct VerdictScale {
+    double low;
+    double high;
+    std::array<std::string_view, 3> sentences;
 
     /// 0 up to the low limit, 1 up to the high one, 2 above.
-    std::size_t Clase(const Doble& valor) const {
-        return valor <= bajo ? 0 : valor <= alto ? 1 : 2;
+    std::size_t ClassOf(const Doble& value) const {
+        return value <= low ? 0 : value <= high ? 1 : 2;
     }
-    std::string_view Para(const Doble& valor) const { return frases.at(Clase(valor)); }
+    std::string_view For(const Doble& value) const { return sentences.at(ClassOf(value)); }
 };
 
 // clang-format off
 /// By day, from the first. The third day's lowest sentence has no "/10", though its limit is the
 /// same: that is meant.
-inline constexpr std::array<Veredicto, 3> kVeredictoDelIndice = {{
+inline constexpr std::array<VerdictScale, 3> kIndexVerdict = {{
     {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
               "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS",
               "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
@@ -36,7 +36,7 @@ inline constexpr std::array<Veredicto, 3> kVeredictoDelIndice = {{
               "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
 }};
 
-inline constexpr Veredicto kVeredictoDeLaProbabilidad =
+inline constexpr VerdictScale kProbabilityVerdict =
     {0.1, 5, {" BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS",
               " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS",
               "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS"}};

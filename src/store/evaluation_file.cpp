@@ -46,7 +46,7 @@ void ForEachValue(Record& record, Visitor&& visit) {
             visit(record.Unidades(task, contaminant));
         }
     }
-    for (int entry = HojaDelDia::kFirst; entry <= HojaDelDia::kLast; ++entry) {
+    for (int entry = DaySheet::kFirst; entry <= DaySheet::kLast; ++entry) {
         for (int day = 1; day <= 3; ++day) visit(record.Hoja(day)(entry));
     }
     for (auto& row : record.HojaFinal) {
@@ -61,7 +61,7 @@ public:
 
     void operator()(const std::string& text) { WriteLine(kQuote + ToWindows1252(text) + kQuote); }
     void operator()(Entero number) { WriteLine(TextoEntero(number)); }
-    void operator()(Doble number) { WriteLine(TextoDecimalPlano(number)); }
+    void operator()(Doble number) { WriteLine(PlainDecimalText(number)); }
 
 private:
     void WriteLine(const std::string& line) { out_ << line << kLineEnd; }
@@ -157,7 +157,7 @@ private:
     void ReadNumber(Store store) {
         const auto line = NextLine();
         if (!line) return;
-        const auto number = NumeroCompleto(Trimmed(*line), ".");
+        const auto number = CompleteNumber(Trimmed(*line), ".");
         bool read = false;
         if (number && std::isfinite(*number)) {
             Intentar([&] {

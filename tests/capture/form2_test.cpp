@@ -149,7 +149,7 @@ TEST_F(Form2Test, BoxesAndLabelsStandWhereTheDesignPutsThemInItsTabOrder) {
         EXPECT_EQ(HueOf(label.row.look.fore), line.hue);
         EXPECT_EQ(label.row.look.back, 0xFFFFFFu);
         EXPECT_EQ(label.row.look.bold, line.label == 0);
-        EXPECT_EQ(label.row.tab, kSinTab);
+        EXPECT_EQ(label.row.tab, kNoTab);
     }
 }
 
@@ -355,7 +355,7 @@ TEST_F(Form2Test, ARefusalIsOverOnceANameStandsInTheBox) {
 TEST_F(Form2Test, Regresar_OnNoStaysWithWhatWasTyped) {
     Form2& form = OpenForm2();
     form.Text1(2).Text = "Los Olivos";
-    host.ExpectBox(std::string(kGoBack), Estilo::SiNoInformacionNo, Respuesta::No);
+    host.ExpectBox(std::string(kGoBack), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::No);
     Choose("Regresar");
     EXPECT_EQ(&chain.Current(), &form);
     EXPECT_EQ(form.Text1(2).Text, "Los Olivos");
@@ -365,7 +365,7 @@ TEST_F(Form2Test, Regresar_OnYesGoesToForm1AndStoresNothing) {
     FillCompany();
     const EvaluacionRecord before = record;
     OpenForm2().Text1(1).Text = "otra";
-    host.ExpectBox(std::string(kGoBack), Estilo::SiNoInformacionNo, Respuesta::Si);
+    host.ExpectBox(std::string(kGoBack), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
     EXPECT_TRUE(record == before);
@@ -375,15 +375,15 @@ TEST_F(Form2Test, Regresar_OnYesGoesToForm1AndStoresNothing) {
 TEST_F(Form2Test, AnEmptyNameDoesNotStandInTheWayOfTheOtherEntries) {
     Form2& form = OpenForm2();
     form.Text1(1).Text = "";
-    host.ExpectBox(std::string(kPrint), Estilo::SiNo, Respuesta::Si);
+    host.ExpectBox(std::string(kPrint), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
     Choose("imprimir");
     EXPECT_EQ(host.printed, 1);
     host.ExpectFileDialog(std::nullopt);
     Choose("recuperardatos");
-    host.ExpectBox(std::string(kQuit), Estilo::SiNoInformacionNo, Respuesta::Si);
+    host.ExpectBox(std::string(kQuit), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     host.ExpectEnd();
     Choose("salir");
-    host.ExpectBox(std::string(kGoBack), Estilo::SiNoInformacionNo, Respuesta::Si);
+    host.ExpectBox(std::string(kGoBack), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
 }

@@ -105,8 +105,8 @@ protected:
     }
 
     /// A screen of its own, since one whose load failed is of no use any more.
-    void ExpectLoadFails(TipoError error) {
-        Form3 form(Entorno{record, chain, host});
+    void ExpectLoadFails(ErrorKind error) {
+        Form3 form(Environment{record, chain, host});
         ExpectError(error, [&] { form.Form_Load(); });
     }
 
@@ -244,7 +244,7 @@ TEST_F(Form3Test, TheHeadingsStandWhereTheDesignPutsThemWithTheirTexts) {
         const Control& label = Find(expected.name);
         ExpectPlace(label, expected.box);
         EXPECT_EQ(std::get<Label*>(label.state)->Caption, expected.caption) << label.name;
-        EXPECT_EQ(label.row.tab, kSinTab) << label.name;
+        EXPECT_EQ(label.row.tab, kNoTab) << label.name;
     }
 }
 
@@ -263,8 +263,8 @@ TEST_F(Form3Test, TheGridHasNineRowsOfSixCellsFilledRowAfterRow) {
 TEST_F(Form3Test, TheSmallMarkIsColouredAndOutOfTheTabOrderInBothFaces) {
     const Form3& form = OpenForm3();
     ExpectPlace(Find("Text2"), {9000, 480, 75, 105});
-    EXPECT_EQ(Find("Text2").row.tab, kSinTab);
-    EXPECT_NE(form.Text2.BackColor, kFondoDeVentana);
+    EXPECT_EQ(Find("Text2").row.tab, kNoTab);
+    EXPECT_NE(form.Text2.BackColor, kWindowBackground);
     EXPECT_EQ(form.Text2.BackColor, Find("Text2").row.look.back);
     EXPECT_FALSE(Find("Text2").events.Click || Find("Text2").events.KeyPress);
     EXPECT_TRUE(form.Text2.Visible);
@@ -376,25 +376,25 @@ TEST_F(Form3Test, Load_OfARestoredPlanOfFourDaysEndsOnTheSubscriptError) {
     record.NumJornadas = 4;
     for (int tasks = 1; tasks <= 3; ++tasks) {  // with three, the cells themselves run out
         record.NumTareas = tasks;
-        ExpectLoadFails(TipoError::SubindiceFueraDeRango);
+        ExpectLoadFails(ErrorKind::SubscriptOutOfRange);
     }
 }
 
 TEST_F(Form3Test, Load_OfARestoredPlanOfFourTasksEndsOnTheSubscriptError) {
     record.NumJornadas = 1;
     record.NumTareas = 4;
-    ExpectLoadFails(TipoError::SubindiceFueraDeRango);
+    ExpectLoadFails(ErrorKind::SubscriptOutOfRange);
 }
 
 TEST_F(Form3Test, Load_OfAPlanWhoseCellsDoNotFitAnIntegerEndsOnTheOverflow) {
     record.NumJornadas = 200;  // 200 x 200 = 40000
     record.NumTareas = 200;
-    ExpectLoadFails(TipoError::Desbordamiento);
+    ExpectLoadFails(ErrorKind::Overflow);
     record.NumJornadas = 5462;  // 5462 x 1 x 6 = 32772
     record.NumTareas = 1;
-    ExpectLoadFails(TipoError::Desbordamiento);
+    ExpectLoadFails(ErrorKind::Overflow);
     record.NumJornadas = 5461;  // 5461 x 1 x 6 = 32766, an Integer, but no cell 54
-    ExpectLoadFails(TipoError::SubindiceFueraDeRango);
+    ExpectLoadFails(ErrorKind::SubscriptOutOfRange);
 }
 
 // ---- Command1
@@ -551,7 +551,7 @@ TEST_F(Form3Test, Command1_ReadsTheTwoListsByDifferentRules) {
     Form3& form = OpenForm3();
     form.Combo1(0).Text = "3 jornadas";  // the leading number will do here
     form.Combo1(1).Text = "2 tareas";    // here the whole text has to be a number
-    ExpectError(TipoError::TiposNoCoinciden, [&] { form.Command1_Click(); });
+    ExpectError(ErrorKind::TypeMismatch, [&] { form.Command1_Click(); });
     EXPECT_EQ(record.NumJornadas, 3);
     EXPECT_EQ(record.NumTareas, 0);
 }
@@ -571,7 +571,8 @@ TEST_F(Form3Test, APickInEitherNumberOfAFixedPlanAsksWhetherToStartAgain) {
     const Form3& form = OpenForm3();
     FixPlan("3", "2");
     for (const int list : {0, 1}) {
-        host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::No, "Aviso");
+        host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No,
+                       "Aviso");
         Pick(list, "1");
         ExpectPlanFixed(form, 36);
     }
@@ -580,9 +581,9 @@ TEST_F(Form3Test, APickInEitherNumberOfAFixedPlanAsksWhetherToStartAgain) {
 TEST_F(Form3Test, PickingTheValueThatThePlanHasAsksAllTheSame) {
     OpenForm3();
     FixPlan("3", "2");
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::No, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
     Pick(0, "3");
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::No, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
     Pick(1, "2");
 }
 
@@ -590,7 +591,7 @@ TEST_F(Form3Test, APickInAScreenThatLoadedWithItsPlanAsksToo) {
     record.NumJornadas = 1;
     record.NumTareas = 1;
     const Form3& form = OpenForm3();
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     ExpectPlanOpen(form);
 }
@@ -607,7 +608,7 @@ TEST_F(Form3Test, NoInTheRestartBoxKeepsTheNewPickAndTheOldNumbers) {
     FixPlan("3", "2");
     Enter("1", "1", "8", "1", "1", "2");
     const Texts cells = Cells(form);
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::No, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
     Pick(0, "1");
     EXPECT_EQ(form.Combo1(0).Text, "1");
     EXPECT_EQ(record.NumJornadas, 3);
@@ -621,7 +622,7 @@ TEST_F(Form3Test, YesInTheRestartBoxClosesTheScreenAndKeepsTheWholeRecord) {
     FixPlan("3", "3");
     Enter("3", "3", "8", "1", "1", "2");
     const EvaluacionRecord before = record;
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(1, "1");
     ExpectPlanOpen(form);
     EXPECT_EQ(form.Combo1(1).Text, "1");
@@ -632,7 +633,7 @@ TEST_F(Form3Test, TheEntryRowKeepsItsPicksWhileItIsHidden) {
     const Form3& form = OpenForm3();
     FixPlan("3", "3");
     PickEntry("2", "3", "14", "0", "6", "6");
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "3");
     Press("Command1");
     Texts texts;
@@ -644,7 +645,7 @@ TEST_F(Form3Test, AfterARestartTheGridShowsDaysAndTasksOnlyThoughTheRecordHoldsT
     const Form3& form = OpenForm3();
     FixPlan("3", "2");
     Enter("1", "1", "8", "1", "1", "2");
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     Pick(1, "2");  // the plan is open again: no question
     Press("Command1");
@@ -659,7 +660,7 @@ TEST_F(Form3Test, AfterARestartTheFirstStoreBringsBackEveryRowThatTheRecordHolds
     FixPlan("3", "1");
     Enter("1", "1", "8", "1", "1", "2");
     Enter("3", "1", "4", "2", "0", "2");
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "3");
     Press("Command1");
     Enter("3", "1", "5", "2", "0", "2");
@@ -671,7 +672,7 @@ TEST_F(Form3Test, AfterARestartTheFirstStoreBringsBackEveryRowThatTheRecordHolds
 TEST_F(Form3Test, AReopenedPlanDoesNotOutliveTheScreen) {
     OpenForm3();
     FixPlan("3", "2");
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     ExpectPlanFixed(OpenForm3(), 36);
 }
@@ -960,7 +961,7 @@ TEST_F(Form3Test, Command2_FailsOnTextThatIsNoNumber) {
         PickEntry("1", "1", "8", "1", "1", "2");
         form.Combo1(bad.list).Text = bad.text;
         const EvaluacionRecord before = record;
-        ExpectError(TipoError::TiposNoCoinciden, [&] { form.Command2_Click(); });
+        ExpectError(ErrorKind::TypeMismatch, [&] { form.Command2_Click(); });
         EXPECT_TRUE(bad.list > 4 || record == before) << bad.list;
         record = before;
     }
@@ -975,7 +976,7 @@ TEST_F(Form3Test, Command2_ADayOrTaskOfZeroIsTheSubscriptError) {
         form.Combo1(2).Text = "1";
         form.Combo1(3).Text = "1";
         form.Combo1(list).Text = "0";
-        ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command2_Click(); });
+        ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command2_Click(); });
         EXPECT_TRUE(record == before);
     }
 }
@@ -993,7 +994,7 @@ class Form3WayTest : public Form3Test, public ::testing::WithParamInterface<Way>
 protected:
     void ExpectAsksAndStaysOnNo() {
         const Screen* before = &chain.Current();
-        host.ExpectBox(std::string(kIncomplete), Estilo::SiNoInformacionNo, Respuesta::No);
+        host.ExpectBox(std::string(kIncomplete), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::No);
         Choose(GetParam().entry);
         EXPECT_EQ(&chain.Current(), before);
     }
@@ -1011,7 +1012,7 @@ TEST_P(Form3WayTest, WithoutAPlanItAsksAndStaysOnNo) {
 
 TEST_P(Form3WayTest, WithoutAPlanItAsksAndGoesOnYes) {
     OpenForm3();
-    host.ExpectBox(std::string(kIncomplete), Estilo::SiNoInformacionNo, Respuesta::Si);
+    host.ExpectBox(std::string(kIncomplete), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Choose(GetParam().entry);
     EXPECT_EQ(chain.Current().Id(), GetParam().target);
 }
@@ -1084,7 +1085,7 @@ TEST_P(Form3WayTest, AReopenedPlanMakesItAskSinceItsCellsAreEmpty) {
     record.NumTareas = 1;
     record.TiempoExposicion(1, 1) = 8;
     OpenForm3();
-    host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     ExpectAsksAndStaysOnNo();
 }

@@ -211,7 +211,7 @@ TEST_F(Form4Test, HeadingsAndButtonsStandWhereTheDesignPutsThemWithTheirTexts) {
         const Control& label = Find(expected.name);
         ExpectPlace(label, expected.box);
         EXPECT_EQ(std::get<Label*>(label.state)->Caption, expected.caption) << label.name;
-        EXPECT_EQ(label.row.tab, kSinTab) << label.name;
+        EXPECT_EQ(label.row.tab, kNoTab) << label.name;
     }
     ExpectPlace(Find("Command3"), {2040, 480, 3855, 255});
     EXPECT_EQ(form.Command3.Caption, "Visualizar / Modificar");
@@ -253,7 +253,7 @@ TEST_F(Form4Test, TheTabKeyRunsDownTheColumns) {
     const Form4& form = OpenForm4();
     std::map<int, std::string> by_tab;
     for (const Control& control : form.Controls()) {
-        if (control.row.tab != kSinTab) by_tab[control.row.tab] = control.name;
+        if (control.row.tab != kNoTab) by_tab[control.row.tab] = control.name;
     }
     std::vector<std::string> order;
     for (const auto& [tab, name] : by_tab) order.push_back(name);
@@ -289,7 +289,7 @@ TEST_F(Form4Test, EveryCellAndListHasASpokenNameOfItsOwnAndTheButtonsAreToldApar
     const Form4& form = OpenForm4();
     std::set<std::string> names;
     for (const Control& control : form.Controls()) {
-        if (control.row.tab == kSinTab || control.name == "Command3") continue;
+        if (control.row.tab == kNoTab || control.name == "Command3") continue;
         EXPECT_FALSE(control.spoken.empty()) << control.name;
         names.insert(control.spoken);
     }
@@ -438,24 +438,24 @@ TEST_F(Form4Test, WithoutATaskEveryHandlerAsksForOne) {
 TEST_F(Form4Test, TextThatIsNoNumberFailsInThePickAndInTheTwoButtons) {
     Form4& form = OpenWith({1});
     form.Combo1.Text = "x";
-    ExpectError(TipoError::TiposNoCoinciden, [&] { form.Combo1_Click(); });
+    ExpectError(ErrorKind::TypeMismatch, [&] { form.Combo1_Click(); });
     // By the leading-number rule it is task 0, of which there is none.
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command1_Click(); });
-    ExpectError(TipoError::TiposNoCoinciden, [&] { form.Command3_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command1_Click(); });
+    ExpectError(ErrorKind::TypeMismatch, [&] { form.Command3_Click(); });
 }
 
 TEST_F(Form4Test, ARestoredCountOfSevenEndsOnTheSubscriptErrorAtThePick) {
     Form4& form = OpenWith({7});
     form.Combo1.Text = "1";
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Combo1_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Combo1_Click(); });
 }
 
 TEST_F(Form4Test, ARestoredCountWhoseCellsDoNotFitAnIntegerEndsOnTheOverflow) {
     Form4& form = OpenWith({6554});  // 5 x 6554 = 32770
     form.Combo1.Text = "1";
-    ExpectError(TipoError::Desbordamiento, [&] { form.Combo1_Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { form.Combo1_Click(); });
     record.NumContaminantes(1) = 6553;  // 32765 is an Integer, but there is no cell 30
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Combo1_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Combo1_Click(); });
 }
 
 // ---- Command1
@@ -581,7 +581,7 @@ TEST_F(Form4Test, Command1_AMarkBeyondAnIntegerEndsOnTheOverflow) {
     Pick("Combo1", "1");
     FillRow(1, "Tolueno", "1", "1", "1", "ppm");
     form.Text1(4).Text = "32768";
-    ExpectError(TipoError::Desbordamiento, [&] { form.Command1_Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { form.Command1_Click(); });
 }
 
 TEST_F(Form4Test, Command1_RoundsMarkAndTmHalfToEven) {
@@ -956,7 +956,7 @@ TEST_F(Form4Test, TheCountersAreIntegersAndOverflowBeyond32767Digits) {
         KeyCode key = '1';
         for (int n = 0; n < 32767; ++n) form.Text1_KeyPress(cell, key);
         EXPECT_EQ(key, '1');
-        ExpectError(TipoError::Desbordamiento, [&] { form.Text1_KeyPress(cell, key); });
+        ExpectError(ErrorKind::Overflow, [&] { form.Text1_KeyPress(cell, key); });
     }
 }
 

@@ -64,55 +64,55 @@ constexpr std::array kNoLeadingNumber = {
 
 TEST(LeerValorTest, ReadsTheNumberThatTheTextIs) {
     for (const Read& row : kLeadingNumbers) {
-        EXPECT_EQ(LeerValor(row.text).Valor(), row.value) << row.text;
+        EXPECT_EQ(LeerValor(row.text).Value(), row.value) << row.text;
     }
 }
 
 TEST(LeerValorTest, StopsAtTheFirstCharacterThatCannotContinueTheNumber) {
     for (const Read& row : kStoppedNumbers) {
-        EXPECT_EQ(LeerValor(row.text).Valor(), row.value) << row.text;
+        EXPECT_EQ(LeerValor(row.text).Value(), row.value) << row.text;
     }
 }
 
 TEST(LeerValorTest, GivesZeroWhereNoNumberLeads) {
     for (const Read& row : kNoLeadingNumber) {
-        EXPECT_EQ(LeerValor(row.text).Valor(), 0.0) << row.text;
+        EXPECT_EQ(LeerValor(row.text).Value(), 0.0) << row.text;
     }
 }
 
 TEST(LeerValorTest, ReadsAPointAndStopsAtACommaWhateverTheSeparator) {
     const WithSeparator comma(",");
-    EXPECT_EQ(LeerValor("1.5").Valor(), 1.5);
-    EXPECT_EQ(LeerValor("1,5").Valor(), 1.0);
-    EXPECT_EQ(LeerValor("0,5").Valor(), 0.0);
-    EXPECT_EQ(LeerValor(",12").Valor(), 0.0);
+    EXPECT_EQ(LeerValor("1.5").Value(), 1.5);
+    EXPECT_EQ(LeerValor("1,5").Value(), 1.0);
+    EXPECT_EQ(LeerValor("0,5").Value(), 0.0);
+    EXPECT_EQ(LeerValor(",12").Value(), 0.0);
 }
 
 TEST(LeerValorTest, ATextThatIsNoZeroTerminatedStringIsReadToItsEndOnly) {
     const std::string_view digits = "12345";
-    EXPECT_EQ(LeerValor(digits.substr(0, 2)).Valor(), 12.0);
+    EXPECT_EQ(LeerValor(digits.substr(0, 2)).Value(), 12.0);
     const std::string_view exponent = "1e+5";
-    EXPECT_EQ(LeerValor(exponent.substr(0, 2)).Valor(), 1.0);
-    EXPECT_EQ(LeerValor(exponent.substr(0, 3)).Valor(), 1.0);
+    EXPECT_EQ(LeerValor(exponent.substr(0, 2)).Value(), 1.0);
+    EXPECT_EQ(LeerValor(exponent.substr(0, 3)).Value(), 1.0);
     EXPECT_EQ(LeerValor(std::string_view("7\0"
                                          "8",
                                          3))
-                  .Valor(),
+                  .Value(),
               7.0);
 }
 
 TEST(LeerValorTest, TooLargeForADoubleOverflows) {
-    ExpectError(TipoError::Desbordamiento, [] { LeerValor("1e309"); });
-    ExpectError(TipoError::Desbordamiento, [] { LeerValor("-1e309"); });
-    ExpectError(TipoError::Desbordamiento, [] { LeerValor("1e99999999999999999999"); });
-    ExpectError(TipoError::Desbordamiento, [] { LeerValor(std::string(310, '9')); });
+    ExpectError(ErrorKind::Overflow, [] { LeerValor("1e309"); });
+    ExpectError(ErrorKind::Overflow, [] { LeerValor("-1e309"); });
+    ExpectError(ErrorKind::Overflow, [] { LeerValor("1e99999999999999999999"); });
+    ExpectError(ErrorKind::Overflow, [] { LeerValor(std::string(310, '9')); });
 }
 
 TEST(LeerValorTest, ManyDigitsAreNoOverflowByThemselves) {
-    EXPECT_EQ(LeerValor(std::string(400, '0') + "7").Valor(), 7.0);
-    EXPECT_EQ(LeerValor("0." + std::string(400, '0') + "1").Valor(), 0.0);
-    EXPECT_EQ(LeerValor("0." + std::string(400, '0') + "1e401").Valor(), 1.0);
-    EXPECT_EQ(LeerValor("1e-99999999999999999999").Valor(), 0.0);
+    EXPECT_EQ(LeerValor(std::string(400, '0') + "7").Value(), 7.0);
+    EXPECT_EQ(LeerValor("0." + std::string(400, '0') + "1").Value(), 0.0);
+    EXPECT_EQ(LeerValor("0." + std::string(400, '0') + "1e401").Value(), 1.0);
+    EXPECT_EQ(LeerValor("1e-99999999999999999999").Value(), 0.0);
 }
 
 // Too large or too small is a matter of zeros and exponent together. Worked by hand: a 1 behind
@@ -120,37 +120,37 @@ TEST(LeerValorTest, ManyDigitsAreNoOverflowByThemselves) {
 
 TEST(LeerValorTest, LettersBehindANumberTooLargeDontMakeItSmall) {
     const std::string nines(310, '9');
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(nines + "e-x900"); });
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(nines + " e-900"); });
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor(nines + "e-x900"); });
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor(nines + " e-900"); });
 }
 
 TEST(LeerValorTest, ALongFractionAndALargerExponentOverflow) {
     const std::string fraction = "0." + std::string(1000, '0') + "1";
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(fraction + "e1320"); });   // 10^319
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(fraction + "E+1320"); });  // 10^319
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor("." + fraction.substr(2) + "e1320"); });
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor(fraction + "e1320"); });   // 10^319
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor(fraction + "E+1320"); });  // 10^319
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor("." + fraction.substr(2) + "e1320"); });
 }
 
 TEST(LeerValorTest, ALongFractionAndASmallerExponentAreZero) {
     const std::string fraction = "0." + std::string(2000, '0') + "1";
-    EXPECT_EQ(LeerValor(fraction + "e1600").Valor(), 0.0);   // 10^-401
-    EXPECT_EQ(LeerValor(fraction + "e+1600").Valor(), 0.0);  // 10^-401
+    EXPECT_EQ(LeerValor(fraction + "e1600").Value(), 0.0);   // 10^-401
+    EXPECT_EQ(LeerValor(fraction + "e+1600").Value(), 0.0);  // 10^-401
 }
 
 TEST(LeerValorTest, ManyDigitsAndANegativeExponentBeyondThemAreZero) {
     const std::string digits = "1" + std::string(1000, '0');
-    EXPECT_EQ(LeerValor(digits + "e-1400").Valor(), 0.0);    // 10^-400
-    EXPECT_EQ(LeerValor(digits + ".5e-1400").Valor(), 0.0);  // 10^-400
+    EXPECT_EQ(LeerValor(digits + "e-1400").Value(), 0.0);    // 10^-400
+    EXPECT_EQ(LeerValor(digits + ".5e-1400").Value(), 0.0);  // 10^-400
 }
 
 TEST(LeerValorTest, ManyDigitsAndANegativeExponentBelowThemOverflow) {
     const std::string digits = "1" + std::string(2000, '0');
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(digits + "e-1600"); });    // 10^400
-    ExpectError(TipoError::Desbordamiento, [&] { LeerValor(digits + ".5E-1600"); });  // 10^400
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor(digits + "e-1600"); });    // 10^400
+    ExpectError(ErrorKind::Overflow, [&] { LeerValor(digits + ".5E-1600"); });  // 10^400
 }
 
 TEST(LeerValorTest, TheLargestDoubleIsRead) {
-    EXPECT_EQ(LeerValor("1.7976931348623157e308").Valor(), std::numeric_limits<double>::max());
+    EXPECT_EQ(LeerValor("1.7976931348623157e308").Value(), std::numeric_limits<double>::max());
 }
 
 // The three conversions by the locale's rules.
@@ -163,55 +163,55 @@ TEST(ConvertirDobleTest, TakesBlanksAroundASignAndAnExponent) {
     for (const Read& row :
          {Read{"8", 8}, Read{" 8 ", 8}, Read{"\t8\t", 8}, Read{"+8", 8}, Read{"-8.5", -8.5},
           Read{"8.", 8}, Read{".5", 0.5}, Read{"1E+2", 100}, Read{"1e-400", 0}}) {
-        EXPECT_EQ(ConvertirDoble(row.text).Valor(), row.value) << row.text;
+        EXPECT_EQ(ConvertirDoble(row.text).Value(), row.value) << row.text;
     }
 }
 
 TEST(ConvertirDobleTest, BadTextIsATypeError) {
     for (const std::string_view text : kNoNumbers) {
         SCOPED_TRACE(text);
-        ExpectError(TipoError::TiposNoCoinciden, [&] { ConvertirDoble(text); });
+        ExpectError(ErrorKind::TypeMismatch, [&] { ConvertirDoble(text); });
     }
 }
 
 TEST(ConvertirDobleTest, TakesTheLocalesSeparatorAndNoOther) {
-    ExpectError(TipoError::TiposNoCoinciden, [] { ConvertirDoble("8,5"); });
+    ExpectError(ErrorKind::TypeMismatch, [] { ConvertirDoble("8,5"); });
     const WithSeparator comma(",");
-    EXPECT_EQ(ConvertirDoble("8,5").Valor(), 8.5);
-    ExpectError(TipoError::TiposNoCoinciden, [] { ConvertirDoble("8.5"); });
+    EXPECT_EQ(ConvertirDoble("8,5").Value(), 8.5);
+    ExpectError(ErrorKind::TypeMismatch, [] { ConvertirDoble("8.5"); });
 }
 
 TEST(ConvertirDobleTest, TooLargeOverflows) {
-    ExpectError(TipoError::Desbordamiento, [] { ConvertirDoble("1e309"); });
-    ExpectError(TipoError::Desbordamiento, [] { ConvertirDoble("-1e309"); });
+    ExpectError(ErrorKind::Overflow, [] { ConvertirDoble("1e309"); });
+    ExpectError(ErrorKind::Overflow, [] { ConvertirDoble("-1e309"); });
 }
 
 TEST(ConvertirEnteroTest, RoundsHalvesToEven) {
     for (const Read& row :
          {Read{"6", 6}, Read{" -6 ", -6}, Read{"2.5", 2}, Read{"3.5", 4}, Read{"-2.5", -2},
           Read{"2.51", 3}, Read{"1E+3", 1000}, Read{"32767.4", 32767}, Read{"-32768.5", -32768}}) {
-        EXPECT_EQ(ConvertirEntero(row.text).Valor(), row.value) << row.text;
+        EXPECT_EQ(ConvertirEntero(row.text).Value(), row.value) << row.text;
     }
 }
 
 TEST(ConvertirEnteroTest, OutsideSixteenBitsOverflows) {
     for (const std::string_view text : {"32768", "32767.5", "-32769", "-32768.6", "1e300"}) {
         SCOPED_TRACE(text);
-        ExpectError(TipoError::Desbordamiento, [&] { ConvertirEntero(text); });
+        ExpectError(ErrorKind::Overflow, [&] { ConvertirEntero(text); });
     }
 }
 
 TEST(ConvertirEnteroTest, BadTextIsATypeError) {
     for (const std::string_view text : kNoNumbers) {
         SCOPED_TRACE(text);
-        ExpectError(TipoError::TiposNoCoinciden, [&] { ConvertirEntero(text); });
+        ExpectError(ErrorKind::TypeMismatch, [&] { ConvertirEntero(text); });
     }
 }
 
 TEST(ConvertirEnteroTest, TakesTheLocalesSeparator) {
     const WithSeparator comma(",");
-    EXPECT_EQ(ConvertirEntero("3,5").Valor(), 4);
-    ExpectError(TipoError::TiposNoCoinciden, [] { ConvertirEntero("3.5"); });
+    EXPECT_EQ(ConvertirEntero("3,5").Value(), 4);
+    ExpectError(ErrorKind::TypeMismatch, [] { ConvertirEntero("3.5"); });
 }
 
 TEST(ConvertirLargoTest, HoldsThirtyTwoBits) {
@@ -231,14 +231,14 @@ TEST(ConvertirLargoTest, RoundsHalvesToEven) {
 TEST(ConvertirLargoTest, OutsideThirtyTwoBitsOverflows) {
     for (const std::string_view text : {"2147483648", "2147483647.5", "-2147483649", "1e300"}) {
         SCOPED_TRACE(text);
-        ExpectError(TipoError::Desbordamiento, [&] { ConvertirLargo(text); });
+        ExpectError(ErrorKind::Overflow, [&] { ConvertirLargo(text); });
     }
 }
 
 TEST(ConvertirLargoTest, BadTextIsATypeError) {
     for (const std::string_view text : kNoNumbers) {
         SCOPED_TRACE(text);
-        ExpectError(TipoError::TiposNoCoinciden, [&] { ConvertirLargo(text); });
+        ExpectError(ErrorKind::TypeMismatch, [&] { ConvertirLargo(text); });
     }
 }
 
@@ -256,14 +256,14 @@ TEST(RedondearEnteroTest, RoundsToNearestWithTiesToEven) {
                                          {2.5000001, 3},
                                          {32767.49, 32767},
                                          {-32768.5, -32768}}) {
-        EXPECT_EQ(RedondearEntero(value).Valor(), rounded) << value;
+        EXPECT_EQ(RedondearEntero(value).Value(), rounded) << value;
     }
 }
 
 TEST(RedondearEnteroTest, OverflowsOutsideSixteenBits) {
     for (const double value : {32767.5, 32768.0, -32768.6, -32769.0, 1e300, -1e300}) {
         SCOPED_TRACE(value);
-        ExpectError(TipoError::Desbordamiento, [&] { RedondearEntero(value); });
+        ExpectError(ErrorKind::Overflow, [&] { RedondearEntero(value); });
     }
 }
 
@@ -351,28 +351,28 @@ TEST(FormatoDosDecimalesTest, WritesTheLocalesSeparator) {
 
 TEST(FormatoDosDecimalesTest, ZeroIsATextThatIsNotEmptyAndReadsAsZero) {
     EXPECT_FALSE(FormatoDosDecimales(0).empty());
-    EXPECT_EQ(LeerValor(FormatoDosDecimales(0)).Valor(), 0.0);
+    EXPECT_EQ(LeerValor(FormatoDosDecimales(0)).Value(), 0.0);
 }
 
 TEST(FormatoDosDecimalesTest, ReadsBackOnlyUpToACommaSeparator) {
-    EXPECT_EQ(LeerValor(FormatoDosDecimales(12.34)).Valor(), 12.34);
+    EXPECT_EQ(LeerValor(FormatoDosDecimales(12.34)).Value(), 12.34);
     const WithSeparator comma(",");
-    EXPECT_EQ(LeerValor(FormatoDosDecimales(12.34)).Valor(), 12.0);
-    EXPECT_EQ(LeerValor(FormatoDosDecimales(0.34)).Valor(), 0.0);
+    EXPECT_EQ(LeerValor(FormatoDosDecimales(12.34)).Value(), 12.0);
+    EXPECT_EQ(LeerValor(FormatoDosDecimales(0.34)).Value(), 0.0);
 }
 
 TEST(TextoDecimalPlanoTest, WritesNoExponentAndALeadingZero) {
-    for (const Written& row : kPlainForm) EXPECT_EQ(TextoDecimalPlano(row.value), row.text);
+    for (const Written& row : kPlainForm) EXPECT_EQ(PlainDecimalText(row.value), row.text);
 }
 
 TEST(TextoDecimalPlanoTest, WritesAPointWhateverTheLocale) {
     const WithSeparator comma(",");
-    EXPECT_EQ(TextoDecimalPlano(8.5), "8.5");
+    EXPECT_EQ(PlainDecimalText(8.5), "8.5");
 }
 
 TEST(TextoDecimalPlanoTest, HasAsManyDigitsAsTheMagnitudeNeeds) {
-    EXPECT_EQ(TextoDecimalPlano(1e300), "1" + std::string(300, '0'));
-    EXPECT_EQ(TextoDecimalPlano(1e-300), "0." + std::string(299, '0') + "1");
+    EXPECT_EQ(PlainDecimalText(1e300), "1" + std::string(300, '0'));
+    EXPECT_EQ(PlainDecimalText(1e-300), "0." + std::string(299, '0') + "1");
 }
 
 struct ThreeForms {
@@ -417,52 +417,52 @@ TEST(NumberFormsTest, AgreeWithAnIndependentProgramOnRandomValues) {
     for (const ThreeForms& row : kRandomValues) {
         EXPECT_EQ(TextoDoble(row.value), row.general);
         EXPECT_EQ(FormatoDosDecimales(row.value), row.two_decimals);
-        EXPECT_EQ(TextoDecimalPlano(row.value), row.plain);
+        EXPECT_EQ(PlainDecimalText(row.value), row.plain);
     }
 }
 
 TEST(NumberFormsTest, WhatTheFileHoldsReadsBackAsTheValueThatItShows) {
     for (const ThreeForms& row : kRandomValues) {
-        const auto read = NumeroCompleto(TextoDecimalPlano(row.value), ".");
+        const auto read = CompleteNumber(PlainDecimalText(row.value), ".");
         ASSERT_TRUE(read);
-        EXPECT_EQ(TextoDecimalPlano(*read), row.plain);
-        EXPECT_EQ(LeerValor(row.general).Valor(), *read);
+        EXPECT_EQ(PlainDecimalText(*read), row.plain);
+        EXPECT_EQ(LeerValor(row.general).Value(), *read);
     }
 }
 
-// NumeroCompleto: the whole text must be the number.
+// CompleteNumber: the whole text must be the number.
 
 TEST(NumeroCompletoTest, ReadsAnyDecimalForm) {
     for (const Read& row :
          {Read{"0", 0}, Read{"8.5", 8.5}, Read{".5", 0.5}, Read{"-.5", -0.5}, Read{"5.", 5},
           Read{"+3", 3}, Read{"1E+20", 1e20}, Read{"1e-05", 1e-5}, Read{"007", 7}}) {
-        EXPECT_EQ(NumeroCompleto(row.text, "."), row.value) << row.text;
+        EXPECT_EQ(CompleteNumber(row.text, "."), row.value) << row.text;
     }
 }
 
 TEST(NumeroCompletoTest, IsNothingForAnythingElse) {
     for (const std::string_view text : {"", " ", "8 ", " 8", "8h", ".", "-", "+", "+-8", "1e",
                                         "1.2.3", "8,5", "inf", "nan", R"("8")", "0x8"}) {
-        EXPECT_EQ(NumeroCompleto(text, "."), std::nullopt) << text;
+        EXPECT_EQ(CompleteNumber(text, "."), std::nullopt) << text;
     }
 }
 
 TEST(NumeroCompletoTest, IsInfiniteForANumberTooLarge) {
-    EXPECT_EQ(NumeroCompleto("1e309", "."), std::numeric_limits<double>::infinity());
-    EXPECT_EQ(NumeroCompleto("-1e309", "."), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(CompleteNumber("1e309", "."), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(CompleteNumber("-1e309", "."), -std::numeric_limits<double>::infinity());
 }
 
 // The separator is the program's own, not the run-time library's.
 
-TEST(SeparadorDecimalTest, IsThePointUntilToldOtherwise) { EXPECT_EQ(SeparadorDecimal(), "."); }
+TEST(SeparadorDecimalTest, IsThePointUntilToldOtherwise) { EXPECT_EQ(DecimalSeparator(), "."); }
 
 TEST(SeparadorDecimalTest, MayTakeMoreThanOneByte) {
     const WithSeparator momayyez("\xD9\xAB");  // U+066B, two bytes in UTF-8
-    EXPECT_EQ(SeparadorDecimal(), "\xD9\xAB");
+    EXPECT_EQ(DecimalSeparator(), "\xD9\xAB");
     EXPECT_EQ(TextoDoble(0.5),
               "0\xD9\xAB"
               "5");
-    EXPECT_EQ(ConvertirDoble(TextoDoble(12.25)).Valor(), 12.25);
+    EXPECT_EQ(ConvertirDoble(TextoDoble(12.25)).Value(), 12.25);
     EXPECT_EQ(FormatoDosDecimales(0), "\xD9\xAB");
 }
 
@@ -475,10 +475,10 @@ TEST(SeparadorDecimalTest, TheStandardLibrarysLocaleChangesNoNumber) {
     const std::locale before = std::locale::global(std::locale(std::locale(), new Comma));
     EXPECT_EQ(TextoDoble(1234.5), "1234.5");
     EXPECT_EQ(FormatoDosDecimales(1234.5), "1234.5");
-    EXPECT_EQ(TextoDecimalPlano(1234.5), "1234.5");
+    EXPECT_EQ(PlainDecimalText(1234.5), "1234.5");
     EXPECT_EQ(TextoEntero(12345), "12345");
-    EXPECT_EQ(LeerValor("1234.5").Valor(), 1234.5);
-    EXPECT_EQ(ConvertirDoble("1234.5").Valor(), 1234.5);
+    EXPECT_EQ(LeerValor("1234.5").Value(), 1234.5);
+    EXPECT_EQ(ConvertirDoble("1234.5").Value(), 1234.5);
     std::locale::global(before);
 }
 

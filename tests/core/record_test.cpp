@@ -23,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto kSubscript = TipoError::SubindiceFueraDeRango;
+constexpr auto kSubscript = ErrorKind::SubscriptOutOfRange;
 
 /// Something other than its start value in each field of the record.
 EvaluacionRecord FilledRecord() {
@@ -53,7 +53,7 @@ EvaluacionRecord FilledRecord() {
             }
         }
     }
-    for (HojaDelDia* sheet : {&r.HojaPrimerDia, &r.HojaSegundoDia, &r.HojaTercerDia}) {
+    for (DaySheet* sheet : {&r.HojaPrimerDia, &r.HojaSegundoDia, &r.HojaTercerDia}) {
         std::ranges::fill(*sheet, "celda");
     }
     for (auto& row : r.HojaFinal) std::ranges::fill(row, "final");
@@ -206,7 +206,7 @@ TEST_F(RecordTest, StringsHaveAnyLength) {
 
 TEST_F(RecordTest, WholeNumbersHaveSixteenBits) {
     record.NumJornadas = 32767;
-    ExpectError(TipoError::Desbordamiento, [&] { ++record.NumJornadas; });
+    ExpectError(ErrorKind::Overflow, [&] { ++record.NumJornadas; });
 }
 
 // A new evaluation
@@ -242,7 +242,7 @@ TEST_F(RecordTest, Regresar_ChangesNothingOfTheRecordInSpiteOfItsWarning) {
     host.ExpectBox(
         "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
         "¿Está seguro de que quiere regresar?",
-        Estilo::SiNoInformacionNo, Respuesta::Si);
+        MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Open<Form2>(ScreenId::Form2);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);

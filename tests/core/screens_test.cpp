@@ -115,7 +115,7 @@ class ScreensTest : public VelmoraTest {
 protected:
     /// The screen as it was laid out, before its load handler.
     std::unique_ptr<Screen> AsLaidOut(ScreenId id) {
-        return MakeScreen(id, Entorno{record, chain, host});
+        return MakeScreen(id, Environment{record, chain, host});
     }
     Screen& Show(ScreenId id) { return Open<Screen>(id); }
 };
@@ -169,7 +169,7 @@ TEST_F(ScreensTest, NoTwoControlsOfAScreenShareANameOrATabPosition) {
         std::set<int> tabs;
         for (const Control& control : screen->Controls()) {
             EXPECT_TRUE(names.insert(control.name).second) << control.name;
-            if (control.row.tab == kSinTab) continue;
+            if (control.row.tab == kNoTab) continue;
             EXPECT_TRUE(tabs.insert(control.row.tab).second)
                 << screen->Name() << " " << control.name;
         }
@@ -216,7 +216,7 @@ TEST(ControlsTest, ControlsThatDifferInOnePropertyAreDifferent) {
 }
 
 TEST_F(ScreensTest, ANumberThatIsNoScreensMakesNone) {
-    EXPECT_EQ(MakeScreen(static_cast<ScreenId>(7), Entorno{record, chain, host}), nullptr);
+    EXPECT_EQ(MakeScreen(static_cast<ScreenId>(7), Environment{record, chain, host}), nullptr);
 }
 
 // Menus
@@ -435,22 +435,22 @@ TEST_F(ScreensTest, OtherWaysToForm2LeaveItToItsLoadHandler) {
 
 struct Exit {
     ScreenId id;
-    Estilo estilo;
+    MsgBoxStyle style;
 };
 
-constexpr std::array<Exit, 6> kExits = {{{ScreenId::Form1, Estilo::SiNoInformacion},
-                                         {ScreenId::Form2, Estilo::SiNoInformacionNo},
-                                         {ScreenId::Form3, Estilo::SiNoInformacionNo},
-                                         {ScreenId::Form4, Estilo::SiNoInformacion},
-                                         {ScreenId::Form5, Estilo::SiNoInformacion},
-                                         {ScreenId::Form6, Estilo::SiNoInformacion}}};
+constexpr std::array<Exit, 6> kExits = {{{ScreenId::Form1, MsgBoxStyle::YesNoInformation},
+                                         {ScreenId::Form2, MsgBoxStyle::YesNoInformationNo},
+                                         {ScreenId::Form3, MsgBoxStyle::YesNoInformationNo},
+                                         {ScreenId::Form4, MsgBoxStyle::YesNoInformation},
+                                         {ScreenId::Form5, MsgBoxStyle::YesNoInformation},
+                                         {ScreenId::Form6, MsgBoxStyle::YesNoInformation}}};
 
 TEST_F(ScreensTest, Salir_OnYesEndsTheProcessWithoutSaving) {
     for (const Exit& exit : kExits) {
         record.DatosEmpresa(1) = "Talleres";
         const EvaluacionRecord before = record;
         Screen& screen = Show(exit.id);
-        host.ExpectBox(std::string(kExitQuestion), exit.estilo, Respuesta::Si);
+        host.ExpectBox(std::string(kExitQuestion), exit.style, MsgBoxAnswer::Yes);
         host.ExpectEnd();
         Choose("salir");
         EXPECT_EQ(&chain.Current(), &screen) << screen.Name();
@@ -463,7 +463,7 @@ TEST_F(ScreensTest, Salir_OnNoStays) {
     for (const Exit& exit : kExits) {
         Screen& screen = Show(exit.id);
         const auto shown = StateOf(screen);
-        host.ExpectBox(std::string(kExitQuestion), exit.estilo, Respuesta::No);
+        host.ExpectBox(std::string(kExitQuestion), exit.style, MsgBoxAnswer::No);
         Choose("salir");  // the host fails the test if the process ends
         EXPECT_EQ(&chain.Current(), &screen) << screen.Name();
         EXPECT_EQ(Changed(shown, screen), std::vector<std::string>{}) << screen.Name();
@@ -471,7 +471,7 @@ TEST_F(ScreensTest, Salir_OnNoStays) {
 }
 
 TEST_F(ScreensTest, Salir_AnyAnswerButNoEndsTheProcess) {
-    host.ExpectBox(std::string(kExitQuestion), Estilo::SiNoInformacion, Respuesta::Aceptar);
+    host.ExpectBox(std::string(kExitQuestion), MsgBoxStyle::YesNoInformation, MsgBoxAnswer::Ok);
     host.ExpectEnd();
     Show(ScreenId::Form1);
     Choose("salir");
@@ -508,7 +508,7 @@ TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) 
         host.printed = 0;
         std::size_t dialogs_before_printing = 0;
         host.on_print = [&] { dialogs_before_printing = host.print_dialogs.size(); };
-        host.ExpectBox(PrintQuestion(print.notice), Estilo::SiNo, Respuesta::Si);
+        host.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
         Choose("imprimir");
         ASSERT_EQ(host.print_dialogs.size(), 1U) << screen.Name();
         EXPECT_EQ(host.print_dialogs[0].Flags, 524288U) << screen.Name();
@@ -524,7 +524,7 @@ TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) 
 TEST_F(ScreensTest, Imprimir_OnNoShowsNoDialogAndPrintsNothing) {
     for (const Print& print : kPrints) {
         Show(print.id);
-        host.ExpectBox(PrintQuestion(print.notice), Estilo::SiNo, Respuesta::No);
+        host.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::No);
         Choose("imprimir");
         EXPECT_TRUE(host.print_dialogs.empty()) << print.notice;
         EXPECT_EQ(host.printed, 0) << print.notice;
@@ -535,11 +535,11 @@ TEST_F(ScreensTest, Imprimir_OnNoShowsNoDialogAndPrintsNothing) {
 class WithoutPrinter : public ScriptedHost {
 public:
     void ShowPrinter(CommonDialog& /*dialog*/) override {
-        throw ErrorEjecucion(TipoError::OperacionNoValida);
+        throw ErrorEjecucion(ErrorKind::InvalidOperation);
     }
     void PrintForm() override {
         ++tried;
-        throw ErrorEjecucion(TipoError::OperacionNoValida);
+        throw ErrorEjecucion(ErrorKind::InvalidOperation);
     }
 
     int tried = 0;
@@ -548,8 +548,8 @@ public:
 TEST_F(ScreensTest, Imprimir_PassesOverAPrintDialogAndAPrintThatFail) {
     for (const Print& print : kPrints) {
         WithoutPrinter failing;
-        failing.ExpectBox(PrintQuestion(print.notice), Estilo::SiNo, Respuesta::Si);
-        const auto screen = MakeScreen(print.id, Entorno{record, chain, failing});
+        failing.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
+        const auto screen = MakeScreen(print.id, Environment{record, chain, failing});
         EXPECT_NO_THROW(screen->FindEntry("imprimir")->Click()) << screen->Name();
         EXPECT_EQ(failing.tried, 1) << screen->Name();
     }

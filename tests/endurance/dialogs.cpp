@@ -90,7 +90,8 @@ std::vector<Remains> CompareDialogs(QtHost& host, Window& window, int times) {
         remains.push_back(both);
     };
     compare(
-        "message boxes", [&] { host.QtHost::MsgBox("¿Seguro?", Estilo::SiNoPreguntaNo, "Aviso"); },
+        "message boxes",
+        [&] { host.QtHost::MsgBox("¿Seguro?", MsgBoxStyle::YesNoQuestionNo, "Aviso"); },
         [&] { OpenBareBox(window); });
     compare(
         "file dialogs",

@@ -192,7 +192,7 @@ int main(int argc, char* argv[]) {
         qputenv(variable, home.path().toUtf8());
     }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    velmora::FijarSeparadorDecimal(".");
+    velmora::SetDecimalSeparator(".");
     QApplication application(argc, argv);
     velmora::DressApplication(application);
     return velmora::endurance::Run(moves, evaluations, dialogs, rounds, home.path().toStdString());

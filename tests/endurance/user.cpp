@@ -42,7 +42,7 @@ ScreenChain& Started(ScreenChain& chain) {
     return chain;
 }
 
-std::string Cifras(int n) { return TextoEntero(Entero(n)); }
+std::string Digits(int n) { return TextoEntero(Entero(n)); }
 
 std::string BytesOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -59,11 +59,11 @@ void SendKey(QWidget& widget, char letter) {
 
 }  // namespace
 
-Respuesta AnsweringHost::MsgBox(std::string_view prompt, Estilo estilo,
-                                std::string_view /*titulo*/) {
-    if (estilo != Estilo::Aceptar) return Respuesta::Si;
+MsgBoxAnswer AnsweringHost::MsgBox(std::string_view prompt, MsgBoxStyle style,
+                                   std::string_view /*title*/) {
+    if (style != MsgBoxStyle::Ok) return MsgBoxAnswer::Yes;
     refusals.emplace_back(prompt);
-    return Respuesta::Aceptar;
+    return MsgBoxAnswer::Ok;
 }
 
 int Random::Below(int n) {
@@ -81,7 +81,7 @@ User::User(std::string file)
       saved_(kKinds),
       rounds_(kKinds) {
     host_.Attach(window_);
-    host_.end = [this](int status) { Fault("the process ended with " + Cifras(status)); };
+    host_.end = [this](int status) { Fault("the process ended with " + Digits(status)); };
     window_.show();
 }
 
@@ -169,7 +169,7 @@ void User::Evaluate(int kind) {
 
     Choose("Nuevaempresa");
     Find<QLineEdit>("Text1(1)").clear();  // a hint stands in it
-    Type("Text1(1)", "Acme " + Cifras(kind));
+    Type("Text1(1)", "Acme " + Digits(kind));
     Choose("datosiniciales");
     EnterPlan(days, tasks, agents, random);
     Choose("contaminantes");
@@ -183,13 +183,13 @@ void User::Evaluate(int kind) {
     CompareSaved(kind);
     Choose("datosdeempresa");
     Choose("recuperardatos");
-    if (Find<QLineEdit>("Text1(1)").text() != ToQt("Acme " + Cifras(kind))) Fault("not restored");
+    if (Find<QLineEdit>("Text1(1)").text() != ToQt("Acme " + Digits(kind))) Fault("not restored");
     Choose("Regresar");
 }
 
 void User::EnterPlan(int days, int tasks, const std::vector<int>& agents, Random& random) {
-    PickText("Combo1(0)", Cifras(days));
-    PickText("Combo1(1)", Cifras(tasks));
+    PickText("Combo1(0)", Digits(days));
+    PickText("Combo1(1)", Digits(tasks));
     Press("Command1");
     for (int day = 1; day <= days; ++day) {
         for (int task = 1; task <= tasks; ++task) {
@@ -198,7 +198,7 @@ void User::EnterPlan(int days, int tasks, const std::vector<int>& agents, Random
             int list = 2;
             for (const int number :
                  {day, task, 1 + random.Below(14), half_hour, rows - half_hour, rows}) {
-                PickText(Indexed("Combo1", list++), Cifras(number));
+                PickText(Indexed("Combo1", list++), Digits(number));
             }
             Press("Command2");
         }
@@ -207,12 +207,12 @@ void User::EnterPlan(int days, int tasks, const std::vector<int>& agents, Random
 
 void User::EnterAgents(int tasks, const std::vector<int>& agents, Random& random) {
     for (int task = 1; task <= tasks; ++task) {
-        PickText("Combo1", Cifras(task));
+        PickText("Combo1", Digits(task));
         for (int row = 0; row < agents.at(static_cast<std::size_t>(task - 1)); ++row) {
-            Type(Indexed("Text1", 5 * row + 1), "agente " + Cifras(row));
-            Type(Indexed("Text1", 5 * row + 2), Cifras(100 + random.Below(900)));
-            Type(Indexed("Text1", 5 * row + 3), Cifras(1000 + random.Below(900)));
-            Type(Indexed("Text1", 5 * row + 4), Cifras(row < 2 ? 1 : 0));
+            Type(Indexed("Text1", 5 * row + 1), "agente " + Digits(row));
+            Type(Indexed("Text1", 5 * row + 2), Digits(100 + random.Below(900)));
+            Type(Indexed("Text1", 5 * row + 3), Digits(1000 + random.Below(900)));
+            Type(Indexed("Text1", 5 * row + 4), Digits(row < 2 ? 1 : 0));
             DoubleClick(Indexed("Text3", row));
             Pick(Indexed("Combo13", row), random.Below(2));
         }
@@ -228,13 +228,13 @@ void User::EnterDay(int day, int tasks, const std::vector<int>& agents, Random& 
             const int samples = 3 + random.Below(4);
             for (int i = 0; i < samples; ++i) {
                 Type(Indexed("Text1", first + i),
-                     Cifras(20 + random.Below(200)) + "." + Cifras(random.Below(10)));
+                     Digits(20 + random.Below(200)) + "." + Digits(random.Below(10)));
             }
         }
     }
-    for (int task = 1; task <= tasks; ++task) Press("Command" + Cifras(task));
+    for (int task = 1; task <= tasks; ++task) Press("Command" + Digits(task));
     Press("Command4");
-    for (int task = 1; task <= tasks; ++task) Press("Command" + Cifras(4 + task));
+    for (int task = 1; task <= tasks; ++task) Press("Command" + Digits(4 + task));
     Press("Command8");
     if (Find<QLineEdit>("Text5").text().isEmpty()) Fault("no verdict");
 }

@@ -31,7 +31,8 @@ class AnsweringHost : public QtHost {
 public:
     explicit AnsweringHost(std::string file) : file_(std::move(file)) {}
 
-    Respuesta MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) override;
+    MsgBoxAnswer MsgBox(std::string_view prompt, MsgBoxStyle style,
+                        std::string_view title) override;
     void ShowSave(CommonDialog& dialog) override { dialog.FileName = file_; }
 
     std::vector<std::string> refusals;  ///< prompts that can only be confirmed

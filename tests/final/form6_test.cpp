@@ -200,7 +200,7 @@ TEST_F(Form6Test, Command1_ComputesEachOfTheEighteenRowsWhateverThePlan) {
         EXPECT_EQ(Cell(form6, row, kIG).Text, record.HojaFinal(row, kIG));
         // The cube gives the row's number back.
         const Doble mean = LeerValor(record.HojaFinal(row, kIG));
-        EXPECT_NEAR((mean * mean * mean).Valor(), row, 1e-12);
+        EXPECT_NEAR((mean * mean * mean).Value(), row, 1e-12);
     }
 }
 
@@ -220,7 +220,7 @@ TEST_F(Form6Test, Command1_ANegativeProductIsAnArithmeticError) {
     SetIndices(2, "-1", "2", "3");
     SetIndices(3, "1", "2", "3");
     Form6& form6 = Screen6();
-    ExpectError(TipoError::OperacionNoValida, [&] { form6.Command1_Click(); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { form6.Command1_Click(); });
     EXPECT_EQ(record.HojaFinal(1, kIG), "1.81712059283214");
     EXPECT_EQ(record.HojaFinal(2, kIG), "");
     EXPECT_EQ(record.HojaFinal(3, kIG), "");
@@ -236,7 +236,7 @@ TEST_F(Form6Test, Command1_AnErrorInARowFindsTheTableCopiedAndTheIndicesUpToItSh
     }
     SetIndices(2, "-1", "2", "3");
     Form6& form6 = Screen6();
-    ExpectError(TipoError::OperacionNoValida, [&] { form6.Command1_Click(); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { form6.Command1_Click(); });
     for (const int row : {1, 2, 3, 18}) {
         EXPECT_EQ(Cell(form6, row, kI1).Text, row == 2 ? "-1" : "1") << row;
         EXPECT_EQ(Cell(form6, row, kP1).Text, "5") << row;
@@ -249,7 +249,7 @@ TEST_F(Form6Test, Command1_AnErrorInARowFindsTheTableCopiedAndTheIndicesUpToItSh
 TEST_F(Form6Test, Command1_AProductTooLargeOverflows) {
     SetIndices(1, "1E+200", "1E+200", "1");
     Form6& form6 = Screen6();
-    ExpectError(TipoError::Desbordamiento, [&] { form6.Command1_Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { form6.Command1_Click(); });
 }
 
 TEST_F(Form6Test, Command1_TheThirdDayIsReadOnlyWhereTheFirstTwoAreThere) {
@@ -257,7 +257,7 @@ TEST_F(Form6Test, Command1_TheThirdDayIsReadOnlyWhereTheFirstTwoAreThere) {
     Form6& form6 = Screen6();
     EXPECT_NO_THROW(form6.Command1_Click());
     record.HojaFinal(1, kI2) = "1";
-    ExpectError(TipoError::Desbordamiento, [&] { form6.Command1_Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { form6.Command1_Click(); });
 }
 
 // Command1: the copy
@@ -407,7 +407,7 @@ TEST_F(Form6Test, Command1_MoreRowsThanTheTableHasEndOnTheSubscriptError) {
     record.NumTareas = 1;
     record.NumContaminantes(1) = 19;
     Form6& form6 = Screen6();
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form6.Command1_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form6.Command1_Click(); });
     EXPECT_EQ(VisibleCells(form6), Range(0, 161));
     EXPECT_EQ(Cell(form6, 1, 2).Text, "");  // ended before the dashes
 }
@@ -416,7 +416,7 @@ TEST_F(Form6Test, Command1_ACountTimesNineBeyondSixteenBitsOverflows) {
     record.NumTareas = 1;
     record.NumContaminantes(1) = 3641;  // 32769 cells
     Form6& form6 = Screen6();
-    ExpectError(TipoError::Desbordamiento, [&] { form6.Command1_Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { form6.Command1_Click(); });
     EXPECT_EQ(VisibleCells(form6), std::vector<int>{});
 }
 
@@ -619,7 +619,7 @@ TEST_F(Form6Test, HeadingsAndBlocksAreBoldDarkOnPaleAndIgStandsOut) {
     }
     for (int i = 0; i < kCells; ++i) {
         const bool overall = i % 9 == 5;
-        EXPECT_EQ(look(Indexed("Text1", i)).back, overall ? 0xE1F5E1U : kFondoDeVentana) << i;
+        EXPECT_EQ(look(Indexed("Text1", i)).back, overall ? 0xE1F5E1U : kWindowBackground) << i;
     }
 }
 
@@ -720,7 +720,7 @@ TEST_F(Form6SavingTest, guardararchivo_AfterPrintingSetsItsFlagsAnewAndKeepsItsN
     host.ExpectBox(
         "Se imprimirán los resultados en  pantalla\r\n¿Desea continuar?\r\n \r\n"
         "Pulsar 'Si' no admite cancelación posterior",
-        Estilo::SiNo, Respuesta::Si);
+        MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
     host.ExpectFileDialog(std::nullopt);
     Form6& form6 = Screen6();
     form6.guardararchivo_Click();
@@ -740,11 +740,11 @@ TEST_F(Form6SavingTest, guardararchivo_AFailureToOpenIsNotReported) {
 TEST_F(Form6SavingTest, guardararchivo_ADialogThatFailsIsPassedOverAndTheNameHeldIsWritten) {
     class WithoutDialogs : public ScriptedHost {
         void ShowSave(CommonDialog& /*dialog*/) override {
-            throw ErrorEjecucion(TipoError::OperacionNoValida);
+            throw ErrorEjecucion(ErrorKind::InvalidOperation);
         }
     };
     WithoutDialogs failing;
-    Form6 form6(Entorno{record, chain, failing});
+    Form6 form6(Environment{record, chain, failing});
     form6.CommonDialog1.FileName = Path("a.doc");
     record.DatosEmpresa(1) = "Talleres";
     EXPECT_NO_THROW(form6.guardararchivo_Click());

@@ -244,9 +244,9 @@ std::vector<std::string> Journey::Marked() const {
     return marked;
 }
 
-JourneyTest::JourneyTest() : separator_before_(SeparadorDecimal()) { FijarSeparadorDecimal("."); }
+JourneyTest::JourneyTest() : separator_before_(DecimalSeparator()) { SetDecimalSeparator("."); }
 
-JourneyTest::~JourneyTest() { FijarSeparadorDecimal(separator_before_); }
+JourneyTest::~JourneyTest() { SetDecimalSeparator(separator_before_); }
 
 Robot::Box Refusal(std::string text) { return {.text = std::move(text)}; }
 

@@ -45,7 +45,7 @@ std::string DescribeDeed(const Action& a) {
 std::string Describe(const Action& action) {
     std::string line = DescribeDeed(action);
     if (action.file) line += Say(", file ", *action.file);
-    if (action.answer == Respuesta::Si) line += ", answer Yes";
+    if (action.answer == MsgBoxAnswer::Yes) line += ", answer Yes";
     if (action.at_once) line += ", and at once";
     return line;
 }

@@ -28,7 +28,7 @@ struct Action {
     std::string target{};
     std::string text{};
     int number = 0;
-    Respuesta answer = Respuesta::No;  ///< to a Yes/No box
+    MsgBoxAnswer answer = MsgBoxAnswer::No;  ///< to a Yes/No box
     std::optional<std::string>
         file{};            ///< name given to a file dialog; without one it is cancelled
     bool at_once = false;  ///< the next action follows before anything of this one is tidied up

@@ -12,7 +12,7 @@ namespace {
 
 using enum ScreenId;
 
-bool IsPoint() { return SeparadorDecimal() == "."; }
+bool IsPoint() { return DecimalSeparator() == "."; }
 
 /// Half of the last digit of a text with two decimals, and the dust of its reading.
 double RoundingOf(double number) { return 0.005 + 1e-9 * std::fabs(number); }
@@ -27,7 +27,7 @@ bool IsPlain(const Step& s) {
 std::string_view RefusalOfValidation(const Step& s, int task) {
     const auto Text1 = s.before.Cells("Text1");
     const auto filled = [&](int t, int r, int c) { return !Text1(At(t, r, c)).Text.empty(); };
-    const int contaminants = s.record_before.NumContaminantes(task).Valor();
+    const int contaminants = s.record_before.NumContaminantes(task).Value();
     for (int r = 1; r <= contaminants; ++r) {
         if (Value(Text1(At(task, r, Col::kEd)).Text) == 0 &&
             Value(Text1(At(task, r, Col::kEc)).Text) == 0) {
@@ -68,7 +68,7 @@ Verdict AValidationIsRefusedByItsFirstBrokenRule(const Step& s) {
 
 /// A text of two decimals at most, with the separator and without a leading zero.
 bool IsTwoDecimals(const std::string& text) {
-    const std::string& separator = SeparadorDecimal();
+    const std::string& separator = DecimalSeparator();
     const std::size_t at = text.find(separator);
     if (at == std::string::npos) return false;
     return text.size() - at - separator.size() <= 2 && !text.starts_with('0');
@@ -88,8 +88,8 @@ std::string FaultOfMean(const Step& s, int task, int row) {
     const std::string& text = s.after.Cells("Text1")(At(task, row, Col::kMmp)).Text;
     if (!IsTwoDecimals(text)) return Say("MMP is written ", text);
     const double mmp = Shows(text);
-    const double mg = s.record_after.MG(day, task, row).Valor();
-    const double gsd = s.record_after.GSD(day, task, row).Valor();
+    const double mg = s.record_after.MG(day, task, row).Value();
+    const double gsd = s.record_after.GSD(day, task, row).Value();
     if (samples.empty()) {
         const bool kept =
             s.record_before.MG(day, task, row) == mg && s.record_before.GSD(day, task, row) == gsd;
@@ -113,11 +113,11 @@ std::string FaultOfIndex(const Step& s, int task, int row) {
     const auto Text1 = s.after.Cells("Text1");
     const std::string& text = Text1(At(task, row, Col::kIndex)).Text;
     if (!IsTwoDecimals(text)) return Say("Indice is written ", text);
-    const double limit = s.record_after.VlaEd(task, row).Valor();
+    const double limit = s.record_after.VlaEd(task, row).Value();
     if (limit == 0) return Shows(text) == 0 ? "" : "an index without a limit";
     // The sixth row of the second task takes the first day's time.
     const int day = task == 2 && row == 6 ? 1 : s.before.Day();
-    const double per_mean = s.record_after.TiempoExposicion(day, task).Valor() / (8 * limit);
+    const double per_mean = s.record_after.TiempoExposicion(day, task).Value() / (8 * limit);
     const double mmp = Shows(Text1(At(task, row, Col::kMmp)).Text);
     const double due = per_mean * mmp;
     const double margin = RoundingOf(due) + std::fabs(per_mean) * RoundingOf(mmp);
@@ -220,8 +220,8 @@ Verdict TheDailyIndexShowsTheStatisticsOfTheRecord(const Step& s) {
     const auto Text1 = s.after.Cells("Text1");
     for (int task = 1; task <= 3; ++task) {
         for (int c = 1; c <= 6; ++c) {
-            const double mg = s.record_before.MG(s.before.Day(), task, c).Valor();
-            const double gsd = s.record_before.GSD(s.before.Day(), task, c).Valor();
+            const double mg = s.record_before.MG(s.before.Day(), task, c).Value();
+            const double gsd = s.record_before.GSD(s.before.Day(), task, c).Value();
             const double mg_shown = Shows(Text1(At(task, c, Col::kMg)).Text);
             const double gsd_shown = Shows(Text1(At(task, c, Col::kGsd)).Text);
             if (std::fabs(mg_shown - mg) > RoundingOf(mg)) return Verdict::Broken("MG of ", c);
@@ -246,7 +246,7 @@ Verdict AContaminantByItselfIsJudgedByItsOwnLimit(const Step& s) {
     const auto Text1 = s.after.Cells("Text1");
     const auto Text3 = s.after.Cells("Text3");
     bool any = false;
-    for (const int c : SinglesOf(s.before, task, s.record_before.NumContaminantes(task).Valor())) {
+    for (const int c : SinglesOf(s.before, task, s.record_before.NumContaminantes(task).Value())) {
         any = true;
         const double ec = Value(Text1(At(task, c, Col::kEc)).Text);
         const double limit = ec != 0 ? ec : 3 * Value(Text1(At(task, c, Col::kEd)).Text);
@@ -278,7 +278,7 @@ Verdict AMixturesLimitLiesBetweenThoseOfItsMembers(const Step& s) {
     const auto Text3 = s.after.Cells("Text3");
     bool any = false;
     for (const Group& group :
-         GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Valor())) {
+         GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Value())) {
         std::vector<double> limits;
         bool plain = true;
         double means = 0;
@@ -314,14 +314,14 @@ Verdict AMixturesMeanLiesBetweenItsSums(const Step& s) {
     const auto Text3 = s.after.Cells("Text3");
     bool any = false;
     for (const Group& group :
-         GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Valor())) {
+         GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Value())) {
         const int number =
             static_cast<int>(Value(Text1(At(task, group.members.front(), Col::kNumber)).Text));
         if (number != group.members.front()) continue;  // a number that came from a file
         any = true;
         const auto [least, most] = std::ranges::minmax(group.sums);
-        const double mean = s.record_after.MGmas(s.before.Day(), task, number).Valor();
-        const double deviation = s.record_after.GSDmas(s.before.Day(), task, number).Valor();
+        const double mean = s.record_after.MGmas(s.before.Day(), task, number).Value();
+        const double deviation = s.record_after.GSDmas(s.before.Day(), task, number).Value();
         if (mean < least * (1 - 1e-12) || mean > most * (1 + 1e-12)) {
             return Verdict::Broken("MGmas is ", mean, ", not between ", least, " and ", most);
         }
@@ -341,7 +341,7 @@ Verdict AProbabilityIsAClassAndTheRightOneAtBothEnds(const Step& s) {
     if (task == 0 || !s.Lives() || !IsPlain(s)) return Verdict::PassedOver();
     constexpr std::array kClasses = {0.0, 0.001, 0.01, 0.1, 1.0, 5.0, 50.0};
     const auto Text3 = s.after.Cells("Text3");
-    for (int c = 1; c <= s.record_before.NumContaminantes(task).Valor(); ++c) {
+    for (int c = 1; c <= s.record_before.NumContaminantes(task).Value(); ++c) {
         if (Text3(At3(task, c, Col::kEcPlus)).Text.empty()) continue;
         const double p = Shows(Text3(At3(task, c, Col::kProb)).Text);
         if (std::ranges::find(kClasses, p) == kClasses.end()) {
@@ -426,7 +426,7 @@ Verdict TheFirstSampleOverItsLimitIsMarkedAndAnswered(const Step& s) {
     if (s.after.Cell("Text7").Text != due) return Verdict::Broken("Text7 isn't ", due);
     if (over < 0) return Verdict::Holds();
     const TextCell& cell = s.after.Cells("Text1")(over);
-    if (cell.BackColor == mark && cell.ForeColor == kFondoDeVentana) return Verdict::Holds();
+    if (cell.BackColor == mark && cell.ForeColor == kWindowBackground) return Verdict::Holds();
     return Verdict::Broken("Text1(", over, ") isn't marked");
 }
 

@@ -65,7 +65,7 @@ Verdict ThePlanScreenHasOneOfItsTwoFaces(const Step& s) {
     }
     if (!HasSoundSize(s.record_after)) return Verdict::Holds();
     const int cells =
-        fixed ? s.record_after.NumJornadas.Valor() * s.record_after.NumTareas.Valor() * 6 : 0;
+        fixed ? s.record_after.NumJornadas.Value() * s.record_after.NumTareas.Value() * 6 : 0;
     const auto Text1 = plan.Cells("Text1");
     for (int i = 0; i <= 53; ++i) {
         const bool open = i < cells;
@@ -98,8 +98,8 @@ Verdict TheGridShowsThePlanOfTheRecord(const Step& s) {
     const auto Text1 = s.after.Cells("Text1");
     const bool all_due = s.Moved() || (s.Pressed(Form3, "Command2") && !s.Refused());
     int k = 1;
-    for (int day = 1; day <= record.NumJornadas.Valor(); ++day) {
-        for (int task = 1; task <= record.NumTareas.Valor(); ++task, ++k) {
+    for (int day = 1; day <= record.NumJornadas.Value(); ++day) {
+        for (int task = 1; task <= record.NumTareas.Value(); ++task, ++k) {
             if (Text1(6 * k - 6).Text != Say(day) || Text1(6 * k - 5).Text != Say(task)) {
                 return Verdict::Broken("row ", k, " is not numbered ", day, ", ", task);
             }
@@ -130,10 +130,10 @@ Verdict FixingThePlanStoresTheTwoNumbersPicked(const Step& s) {
     if (s.Refused()) {
         return s.after == s.before ? Verdict::Holds() : Verdict::Broken("the screen changed");
     }
-    if (Say(s.record_after.NumJornadas.Valor()) != days) return Verdict::Broken("NumJornadas");
-    if (Say(s.record_after.NumTareas.Valor()) != tasks) return Verdict::Broken("NumTareas");
+    if (Say(s.record_after.NumJornadas.Value()) != days) return Verdict::Broken("NumJornadas");
+    if (Say(s.record_after.NumTareas.Value()) != tasks) return Verdict::Broken("NumTareas");
     if (!PlanIsFixed(s.after)) return Verdict::Broken("the plan isn't fixed");
-    for (int k = 1; k <= s.record_after.NumJornadas.Valor() * s.record_after.NumTareas.Valor();
+    for (int k = 1; k <= s.record_after.NumJornadas.Value() * s.record_after.NumTareas.Value();
          ++k) {
         if (GridRow(s.after, k) != std::array<std::string, 4>{}) {
             return Verdict::Broken("row ", k, " isn't empty");
@@ -150,8 +150,8 @@ std::string_view RefusalOfTheEntry(const Step& s) {
         if (text.empty()) return "Antes de validar introduzca  todos los datos";
         picked.at(static_cast<std::size_t>(i)) = Value(text);
     }
-    if (picked[2] > s.record_before.NumJornadas.Valor() ||
-        picked[3] > s.record_before.NumTareas.Valor()) {
+    if (picked[2] > s.record_before.NumJornadas.Value() ||
+        picked[3] > s.record_before.NumTareas.Value()) {
         return "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores "
                "asignados";
     }
@@ -196,7 +196,7 @@ Verdict APlanIsReopenedOnlyByAYes(const Step& s) {
     }
     const bool was_fixed = PlanIsFixed(s.before);
     if (was_fixed == s.outcome.boxes.empty()) return Verdict::Broken("wrongly asked");
-    const bool fixed_due = was_fixed && s.action.answer != Respuesta::Si;
+    const bool fixed_due = was_fixed && s.action.answer != MsgBoxAnswer::Yes;
     if (PlanIsFixed(s.after) != fixed_due) return Verdict::Broken("wrong face");
     const bool only_the_list = s.after.DifferencesFrom(s.before).size() <= 1;
     if (fixed_due && !only_the_list) return Verdict::Broken("a No changed the screen");
@@ -208,8 +208,8 @@ Verdict APlanIsReopenedOnlyByAYes(const Step& s) {
 /// Rows that are to be open: those of the task picked, if the plan has it.
 int OpenRows(const Step& s) {
     const std::string& task = s.after.List("Combo1").Text;
-    if (task.empty() || Value(task) > s.record_after.NumTareas.Valor()) return 0;
-    return s.record_after.NumContaminantes(static_cast<int>(Value(task))).Valor();
+    if (task.empty() || Value(task) > s.record_after.NumTareas.Value()) return 0;
+    return s.record_after.NumContaminantes(static_cast<int>(Value(task))).Value();
 }
 
 Verdict TheRowsOfTheTaskPickedAreOpenAndNoOther(const Step& s) {
@@ -257,7 +257,7 @@ Verdict APickOfATaskEmptiesTheRows(const Step& s) {
         if (!s.after.Cells("Text3")(i).Text.empty()) return Verdict::Broken("Text3(", i, ")");
         if (!s.after.List("Combo13", i).Text.empty()) return Verdict::Broken("Combo13(", i, ")");
     }
-    const bool refused = Value(s.action.text) > s.record_after.NumTareas.Valor();
+    const bool refused = Value(s.action.text) > s.record_after.NumTareas.Value();
     return s.Refused() == refused ? Verdict::Holds() : Verdict::Broken("wrongly judged");
 }
 
@@ -265,11 +265,11 @@ Verdict APickOfATaskEmptiesTheRows(const Step& s) {
 std::string_view RefusalOfTheTask(const Step& s) {
     const std::string& task = s.before.List("Combo1").Text;
     if (task.empty()) return " Seleccione una tarea";
-    if (Value(task) > s.record_before.NumTareas.Valor()) {
+    if (Value(task) > s.record_before.NumTareas.Value()) {
         return " El número de tareas seleccionado no es coherente";
     }
     if (s.action.target == "Command3") return {};
-    const int rows = s.record_before.NumContaminantes(static_cast<int>(Value(task))).Valor();
+    const int rows = s.record_before.NumContaminantes(static_cast<int>(Value(task))).Value();
     for (int i = 0; i < 5 * rows; ++i) {
         if (s.before.Cells("Text1")(i).Text.empty()) return " Cumplimente todos los datos";
     }
@@ -292,10 +292,10 @@ std::string_view DifferenceOfRow(const Screenshot& screen, const EvaluacionRecor
         return stored ? Value(cell) == number : cell == TextoDoble(number);
     };
     if (Text1(5 * r - 4).Text != record.NombreContaminante(t, r)) return "name";
-    if (!agrees(Text1(5 * r - 3).Text, record.VlaEd(t, r).Valor())) return "VLA-ED";
-    if (!agrees(Text1(5 * r - 2).Text, record.VlaEc(t, r).Valor())) return "VLA-EC";
-    if (!agrees(Text1(5 * r - 1).Text, record.Aditivo(t, r).Valor())) return "additive mark";
-    if (!agrees(Text3(r - 1).Text, record.TiempoMuestreo(t, r).Valor())) return "TM";
+    if (!agrees(Text1(5 * r - 3).Text, record.VlaEd(t, r).Value())) return "VLA-ED";
+    if (!agrees(Text1(5 * r - 2).Text, record.VlaEc(t, r).Value())) return "VLA-EC";
+    if (!agrees(Text1(5 * r - 1).Text, record.Aditivo(t, r).Value())) return "additive mark";
+    if (!agrees(Text3(r - 1).Text, record.TiempoMuestreo(t, r).Value())) return "TM";
     if (screen.List("Combo13", r - 1).Text != record.Unidades(t, r)) return "unit";
     return {};
 }
@@ -312,7 +312,7 @@ Verdict TheListOfATaskIsStoredAndShownAsTheRowsTell(const Step& s) {
     }
     if (!due.empty()) return Verdict::Holds();
     const int task = static_cast<int>(Value(s.before.List("Combo1").Text));
-    const int rows = s.record_after.NumContaminantes(task).Valor();
+    const int rows = s.record_after.NumContaminantes(task).Value();
     for (int r = 1; r <= rows; ++r) {
         const auto difference = DifferenceOfRow(s.after, s.record_after, task, r, stores);
         if (!difference.empty()) return Verdict::Broken(difference, " of row ", r);

@@ -10,13 +10,13 @@ namespace velmora::property {
 
 namespace {
 
-bool IsArithmetic(TipoError error) {
-    return error == TipoError::OperacionNoValida || error == TipoError::DivisionPorCero ||
-           error == TipoError::ArgumentoNoValido;
+bool IsArithmetic(ErrorKind error) {
+    return error == ErrorKind::InvalidOperation || error == ErrorKind::DivisionByZero ||
+           error == ErrorKind::InvalidArgument;
 }
 
-bool IsOutOfBounds(TipoError error) {
-    return error == TipoError::SubindiceFueraDeRango || error == TipoError::Desbordamiento;
+bool IsOutOfBounds(ErrorKind error) {
+    return error == ErrorKind::SubscriptOutOfRange || error == ErrorKind::Overflow;
 }
 
 bool HasNegativeSamples(const Screenshot& sheet) {
@@ -76,10 +76,10 @@ double GeometricMean(const std::vector<double>& numbers) {
 }
 
 /// What must become of a press of a short-exposure button, by the rules of its six passes.
-std::optional<TipoError> ShortExposureError(const Step& s, int task) {
+std::optional<ErrorKind> ShortExposureError(const Step& s, int task) {
     const auto Text1 = s.before.Cells("Text1");
     const auto Text3 = s.before.Cells("Text3");
-    const int contaminants = s.record_before.NumContaminantes(task).Valor();
+    const int contaminants = s.record_before.NumContaminantes(task).Value();
     std::array<bool, 7> has_limit{};
     std::array<bool, 7> has_mean{};
     for (int c = 1; c <= contaminants; ++c) {
@@ -97,7 +97,7 @@ std::optional<TipoError> ShortExposureError(const Step& s, int task) {
         const bool grouped = group >= 1 && group <= 6 && group == std::floor(group);
         const bool limited = Value(Text1(At(task, c, Col::kEc)).Text) != 0 ||
                              Value(Text1(At(task, c, Col::kEd)).Text) != 0;
-        if (grouped && !limited) return TipoError::DivisionPorCero;
+        if (grouped && !limited) return ErrorKind::DivisionByZero;
     }
     const std::vector<Group> groups = GroupsOf(s.before, task, contaminants);
     for (const Group& group : groups) {
@@ -110,16 +110,16 @@ std::optional<TipoError> ShortExposureError(const Step& s, int task) {
         }
     }
     for (const Group& group : groups) {
-        if (group.sums.empty()) return TipoError::OperacionNoValida;
+        if (group.sums.empty()) return ErrorKind::InvalidOperation;
         const double number = Value(Text1(At(task, group.members.front(), Col::kNumber)).Text);
-        if (number < 0.5 || number >= 6.5) return TipoError::SubindiceFueraDeRango;
-        if (group.sums.size() == 1) return TipoError::OperacionNoValida;
+        if (number < 0.5 || number >= 6.5) return ErrorKind::SubscriptOutOfRange;
+        if (group.sums.size() == 1) return ErrorKind::InvalidOperation;
         // Under a comma the text of a mean below 1 reads 0.
         has_mean.at(static_cast<std::size_t>(number)) =
             Value(TextoDoble(GeometricMean(group.sums))) != 0;
     }
     for (std::size_t c = 1; c <= static_cast<std::size_t>(contaminants); ++c) {
-        if (has_limit.at(c) && !has_mean.at(c)) return TipoError::DivisionPorCero;
+        if (has_limit.at(c) && !has_mean.at(c)) return ErrorKind::DivisionByZero;
     }
     return std::nullopt;
 }
@@ -148,7 +148,7 @@ Verdict NothingElseIsThrown(const Step& s) {
 }
 
 Verdict ASubscriptErrorNeedsAnOddPlan(const Step& s) {
-    if (!s.outcome.error || *s.outcome.error != TipoError::SubindiceFueraDeRango) {
+    if (!s.outcome.error || *s.outcome.error != ErrorKind::SubscriptOutOfRange) {
         return Verdict::Holds();
     }
     if (MayMissAnElement(s)) return Verdict::Holds();
@@ -156,7 +156,7 @@ Verdict ASubscriptErrorNeedsAnOddPlan(const Step& s) {
     if (task != 0) {  // a group whose first row has lost its number
         const auto Text1 = s.before.Cells("Text1");
         for (const Group& group :
-             GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Valor())) {
+             GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Value())) {
             const double number = Value(Text1(At(task, group.members.front(), Col::kNumber)).Text);
             if (number < 0.5 || number >= 6.5) return Verdict::Holds();
         }
@@ -165,24 +165,24 @@ Verdict ASubscriptErrorNeedsAnOddPlan(const Step& s) {
 }
 
 Verdict AnErrorComesOnlyWhereItIsNamed(const Step& s) {
-    if (!s.outcome.error || *s.outcome.error == TipoError::SubindiceFueraDeRango) {
+    if (!s.outcome.error || *s.outcome.error == ErrorKind::SubscriptOutOfRange) {
         return Verdict::Holds();
     }
-    const TipoError error = *s.outcome.error;
+    const ErrorKind error = *s.outcome.error;
     if (IsOutOfBounds(error) && (MayMissAnElement(s) || IsBeyondCalculation(s))) {
         return Verdict::Holds();
     }
     const int task = ValidatedTask(s);
     if (task != 0) {
-        const bool wide = error == TipoError::Desbordamiento && HasWideSamples(s.before, task);
-        const bool negative = error == TipoError::ArgumentoNoValido && HasNegativeSamples(s.before);
-        const bool single = error == TipoError::OperacionNoValida && RowWithOneSample(s, task) != 0;
+        const bool wide = error == ErrorKind::Overflow && HasWideSamples(s.before, task);
+        const bool negative = error == ErrorKind::InvalidArgument && HasNegativeSamples(s.before);
+        const bool single = error == ErrorKind::InvalidOperation && RowWithOneSample(s, task) != 0;
         if (wide || negative || single) return Verdict::Holds();
     }
     if (EvaluatedTask(s) != 0 && (IsArithmetic(error) || IsBeyondCalculation(s))) {
         return Verdict::Holds();  // the sentence on short exposures looks closer
     }
-    if (s.Pressed(ScreenId::Form6, "Command1") && error == TipoError::OperacionNoValida) {
+    if (s.Pressed(ScreenId::Form6, "Command1") && error == ErrorKind::InvalidOperation) {
         for (int row = 1; row <= 18; ++row) {
             for (int column = 3; column <= 5; ++column) {
                 if (s.record_before.HojaFinal(row, column).starts_with('-')) {
@@ -191,7 +191,7 @@ Verdict AnErrorComesOnlyWhereItIsNamed(const Step& s) {
             }
         }
     }
-    return Verdict::Broken(MensajeDe(error));
+    return Verdict::Broken(MessageOf(error));
 }
 
 Verdict ASingleSampleIsNeverGivenAValue(const Step& s) {
@@ -200,7 +200,7 @@ Verdict ASingleSampleIsNeverGivenAValue(const Step& s) {
         return Verdict::PassedOver();
     }
     const int row = RowWithOneSample(s, task);
-    const bool failed = s.outcome.error == TipoError::OperacionNoValida;
+    const bool failed = s.outcome.error == ErrorKind::InvalidOperation;
     if (failed == (row != 0)) return Verdict::Holds();
     return row == 0 ? Verdict::Broken("no row has a single sample, and yet it failed")
                     : Verdict::Broken("row ", row, " has a single sample, and it didn't fail");
@@ -209,22 +209,22 @@ Verdict ASingleSampleIsNeverGivenAValue(const Step& s) {
 Verdict AShortExposureFailsOnlyAsToldAndAlwaysThen(const Step& s) {
     const int task = EvaluatedTask(s);
     if (task == 0 || !IsPlainSheet(s) || HasOddNumbers(s)) return Verdict::PassedOver();
-    const std::optional<TipoError> due = ShortExposureError(s, task);
-    const std::optional<TipoError>& error = s.outcome.error;
+    const std::optional<ErrorKind> due = ShortExposureError(s, task);
+    const std::optional<ErrorKind>& error = s.outcome.error;
     if (due.has_value() != error.has_value()) {
-        return due ? Verdict::Broken("it didn't fail: ", MensajeDe(*due))
-                   : Verdict::Broken("it failed: ", MensajeDe(*error));
+        return due ? Verdict::Broken("it didn't fail: ", MessageOf(*due))
+                   : Verdict::Broken("it failed: ", MessageOf(*error));
     }
     if (!due) return Verdict::Holds();
     const bool same_kind = IsArithmetic(*due) == IsArithmetic(*error);
-    return same_kind ? Verdict::Holds() : Verdict::Broken("it failed with: ", MensajeDe(*error));
+    return same_kind ? Verdict::Holds() : Verdict::Broken("it failed with: ", MessageOf(*error));
 }
 
 /// Whether laying out this plan must look for an element that isn't there.
 bool MustMissAnElement(const Step& s) {
     const EvaluacionRecord& record = s.record_before;
-    const int days = record.NumJornadas.Valor();
-    const int tasks = record.NumTareas.Valor();
+    const int days = record.NumJornadas.Value();
+    const int tasks = record.NumTareas.Value();
     const std::string& target = s.action.target;
     if (target == "datosiniciales" && s.action.kind == Action::Kind::Choose) {
         const bool opens = s.before.Id() != ScreenId::Form2 || !s.Refused();
@@ -252,7 +252,7 @@ Verdict APlanBeyondItsBoundsEndsTheProgram(const Step& s) {
 
 Verdict OnlyAConfirmedSalirEndsTheProcess(const Step& s) {
     const bool salir = s.action.kind == Action::Kind::Choose && s.action.target == "salir";
-    const bool due = salir && s.action.answer != Respuesta::No;
+    const bool due = salir && s.action.answer != MsgBoxAnswer::No;
     if (due != s.outcome.ended.has_value()) {
         return Verdict::Broken(due ? "it didn't end" : "it ended");
     }

@@ -29,7 +29,7 @@ bool ComesBack(const std::string& saved, const std::string& read) {
 }
 bool ComesBack(Entero saved, Entero read) { return saved == read; }
 bool ComesBack(Doble saved, Doble read) {  // fifteen digits
-    return std::fabs(saved.Valor() - read.Valor()) <= 1e-14 * std::fabs(saved.Valor());
+    return std::fabs(saved.Value() - read.Value()) <= 1e-14 * std::fabs(saved.Value());
 }
 
 bool HasQuotes(const EvaluacionRecord& record) {

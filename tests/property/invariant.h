@@ -59,7 +59,7 @@ struct KnownBox {
     ScreenId screen;
     std::string_view cause;  ///< button, list or menu entry
     std::string_view prompt;
-    Estilo estilo;
+    MsgBoxStyle style;
     std::string_view title = "Velmora";
 };
 

@@ -27,15 +27,15 @@ bool MayBeExtreme(const std::string& text) {
 
 double Value(std::string_view text) {
     try {
-        return LeerValor(text).Valor();
+        return LeerValor(text).Value();
     } catch (const ErrorEjecucion&) {
         return std::numeric_limits<double>::infinity();
     }
 }
 
 double Shows(std::string text) {
-    const std::size_t separator = text.find(SeparadorDecimal());
-    if (separator != std::string::npos) text.replace(separator, SeparadorDecimal().size(), ".");
+    const std::size_t separator = text.find(DecimalSeparator());
+    if (separator != std::string::npos) text.replace(separator, DecimalSeparator().size(), ".");
     return Value(text);
 }
 
@@ -44,7 +44,7 @@ bool Agree(double a, double b) {
 }
 
 int SampledRows(const EvaluacionRecord& record, int day, int task) {
-    return record.Muestras30(day, task).Valor() + record.Muestras15(day, task).Valor();
+    return record.Muestras30(day, task).Value() + record.Muestras15(day, task).Value();
 }
 
 bool HasSoundSize(const EvaluacionRecord& record) {
@@ -72,7 +72,7 @@ bool HasExtremeNumbers(const EvaluacionRecord& record) {
     bool found = false;
     WalkTogether(record, record, [&](const Element&, const auto& value, const auto&) {
         if constexpr (std::is_same_v<std::decay_t<decltype(value)>, Doble>) {
-            found = found || IsExtreme(value.Valor());
+            found = found || IsExtreme(value.Value());
         }
     });
     for (const auto& row : record.HojaFinal) {

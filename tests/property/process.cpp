@@ -21,7 +21,7 @@ T* StateOf(const Control* control) {
     return state == nullptr ? nullptr : *state;
 }
 
-bool TakesFocus(const Control& control) { return control.row.tab != kSinTab; }
+bool TakesFocus(const Control& control) { return control.row.tab != kNoTab; }
 
 bool IsFreeText(const Control& control) {
     return control.events.free_text || !control.events.KeyPress;
@@ -54,9 +54,10 @@ std::string WithoutLastLetter(std::string text) {
     return text;
 }
 
-Respuesta AnsweringHost::MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) {
-    const Respuesta answer = estilo == Estilo::Aceptar ? Respuesta::Aceptar : action_->answer;
-    outcome_->boxes.push_back({std::string(prompt), estilo, std::string(titulo), answer});
+MsgBoxAnswer AnsweringHost::MsgBox(std::string_view prompt, MsgBoxStyle style,
+                                   std::string_view title) {
+    const MsgBoxAnswer answer = style == MsgBoxStyle::Ok ? MsgBoxAnswer::Ok : action_->answer;
+    outcome_->boxes.push_back({std::string(prompt), style, std::string(title), answer});
     return answer;
 }
 
@@ -91,7 +92,7 @@ void AnsweringHost::End(int estado) {
 Process::Process(const std::filesystem::path& folder)
     : host_(folder, outcome_), chain_([this](ScreenId id) {
           ++outcome_.screens_made;
-          return MakeScreen(id, Entorno{record, chain_, host_});
+          return MakeScreen(id, Environment{record, chain_, host_});
       }) {
     chain_.Go(ScreenId::Form1);
 }
@@ -138,7 +139,7 @@ const Outcome& Process::Perform(const Action& action) {
         if (!action.at_once) chain_.Settle();
     } catch (const Ended&) {
     } catch (const ErrorEjecucion& error) {
-        outcome_.error = error.Tipo();
+        outcome_.error = error.Kind();
     } catch (const std::exception& error) {
         outcome_.foreign_exception = error.what();
     }
@@ -180,8 +181,8 @@ void Process::Type(const Control& control, int key) {
     KeyCode code = key;
     if (control.events.KeyPress) control.events.KeyPress(code);
     auto* const cell = StateOf<TextCell>(&control);
-    if (code == kTeclaRechazada || cell == nullptr || cell->Locked) return;
-    if (code == kRetroceso)
+    if (code == kKeyRefused || cell == nullptr || cell->Locked) return;
+    if (code == kBackspace)
         cell->Text = WithoutLastLetter(cell->Text);
     else if (IsLetter(code))
         cell->Text += LetterOf(code);

@@ -18,9 +18,9 @@ namespace velmora::property {
 
 struct ShownBox {
     std::string prompt;
-    Estilo estilo;
+    MsgBoxStyle style;
     std::string title;
-    Respuesta answer;
+    MsgBoxAnswer answer;
 
     friend bool operator==(const ShownBox&, const ShownBox&) = default;
 };
@@ -32,7 +32,7 @@ struct Outcome {
     std::vector<CommonDialog> print_dialogs;  ///< as they were set when shown
     int prints = 0;
     int screens_made = 0;
-    std::optional<TipoError> error;
+    std::optional<ErrorKind> error;
     std::string foreign_exception;  ///< what() of an exception that is no run-time error
     std::optional<int> ended;       ///< status with which the process was ended
 
@@ -48,7 +48,8 @@ public:
     void Answer(const Action& action) { action_ = &action; }
     void Wait(int seconds) { now_ += std::chrono::seconds(seconds); }
 
-    Respuesta MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) override;
+    MsgBoxAnswer MsgBox(std::string_view prompt, MsgBoxStyle style,
+                        std::string_view title) override;
     void ShowSave(CommonDialog& dialog) override;
     void ShowPrinter(CommonDialog& dialog) override;
     void PrintForm() override;

@@ -53,7 +53,7 @@ int main(int argc, char* argv[]) {
     std::cout << reach.actions << " actions in " << seeds << " runs from seed " << first << ", "
               << reach.ends << " ends by Salir, " << findings << " findings\n";
     for (const auto& [error, count] : reach.errors) {
-        std::cout << count << '\t' << velmora::MensajeDe(error) << '\n';
+        std::cout << count << '\t' << velmora::MessageOf(error) << '\n';
     }
     for (const auto& invariant : Invariants()) {
         std::cout << reach.judged[invariant.sentence] << '\t' << invariant.sentence << '\n';

@@ -74,9 +74,9 @@ TEST(RandomUse, KeepsEverySentenceTrueAndPutsEachToTheTest) {
     for (const std::string& deed : EverythingToDo()) {
         EXPECT_TRUE(reach.done.contains(deed)) << "never pressed, picked or chosen: " << deed;
     }
-    for (const TipoError error : {TipoError::OperacionNoValida, TipoError::DivisionPorCero,
-                                  TipoError::SubindiceFueraDeRango}) {
-        EXPECT_GT(reach.errors[error], 0) << "never met: " << MensajeDe(error);
+    for (const ErrorKind error :
+         {ErrorKind::InvalidOperation, ErrorKind::DivisionByZero, ErrorKind::SubscriptOutOfRange}) {
+        EXPECT_GT(reach.errors[error], 0) << "never met: " << MessageOf(error);
     }
     EXPECT_GT(reach.ends, 0) << "no run was ended by Salir";
 }

@@ -39,7 +39,7 @@ bool MayWriteOnForm3(const Step& s, const Element& e) {
 bool MayWriteOnForm4(const Step& s, const Element& e) {
     if (s.action.target != "Command1") return false;
     const int task = Picked(s.before, 0);
-    const int count = s.record_before.NumContaminantes(task).Valor();
+    const int count = s.record_before.NumContaminantes(task).Value();
     if (e.field == Field::HojaFinal) {
         return e.j == 2 && e.i > 6 * (task - 1) && e.i <= 6 * (task - 1) + count;
     }
@@ -103,7 +103,7 @@ std::string FaultOf(const EvaluacionRecord& record, const Element& e) {
     const auto unless = [&e](bool sound) { return sound ? std::string() : NameOf(e); };
     switch (e.field) {
         case Field::NumJornadas:
-            return unless(IsOneOf(record.NumJornadas.Valor(), {0, 1, 3}));
+            return unless(IsOneOf(record.NumJornadas.Value(), {0, 1, 3}));
         case Field::NumTareas:
             return unless(record.NumTareas >= 0 && record.NumTareas <= 3);
         case Field::TiempoExposicion:
@@ -118,7 +118,7 @@ std::string FaultOf(const EvaluacionRecord& record, const Element& e) {
         case Field::NumContaminantes:
             return unless(record.NumContaminantes(e.i) >= 0 && record.NumContaminantes(e.i) <= 6);
         case Field::TiempoMuestreo:
-            return unless(IsOneOf(record.TiempoMuestreo(e.i, e.j).Valor(), {0, 15, 30}));
+            return unless(IsOneOf(record.TiempoMuestreo(e.i, e.j).Value(), {0, 15, 30}));
         case Field::Aditivo:
             return unless(record.Aditivo(e.i, e.j) >= 0 && record.Aditivo(e.i, e.j) <= 9);
         case Field::Unidades:

@@ -36,13 +36,13 @@ Verdict TheTableShowsItselfAndTheRowsInUseOnceValidated(const Step& s) {
     const bool validated = s.Pressed(Form6, "Command1") && s.Lives();
     const bool opened = s.Moved() && s.after.Id() == Form6;
     if ((!validated && !opened) || !HasSoundCounts(s.record_after)) return Verdict::PassedOver();
-    const int tasks = validated ? s.record_after.NumTareas.Valor() : 0;
+    const int tasks = validated ? s.record_after.NumTareas.Value() : 0;
     const auto Text1 = s.after.Cells("Text1");
     for (int row = 1; row <= kRows; ++row) {
         const int task = (row - 1) / 6 + 1;
         const bool task_shown = task <= tasks && (task < 3 || tasks == 3);
         const bool due =
-            task_shown && (row - 1) % 6 < s.record_after.NumContaminantes(task).Valor();
+            task_shown && (row - 1) % 6 < s.record_after.NumContaminantes(task).Value();
         for (int column = 1; column <= kColumns; ++column) {
             const bool was = validated && s.before.Cells("Text1")(CellOf(row, column)).Visible;
             if (Text1(CellOf(row, column)).Visible != (due || was)) {

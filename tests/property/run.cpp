@@ -41,7 +41,7 @@ std::vector<Action> Without(const std::vector<Action>& actions, std::size_t firs
 Finding Plainer(Finding finding, const std::string& separator) {
     for (std::size_t i = 0; i < finding.actions.size(); ++i) {
         std::vector<Action> plainer = finding.actions;
-        plainer[i].answer = Respuesta::No;
+        plainer[i].answer = MsgBoxAnswer::No;
         plainer[i].file.reset();
         plainer[i].at_once = false;
         if (plainer[i] == finding.actions[i]) continue;

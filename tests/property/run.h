@@ -35,7 +35,7 @@ struct Reach {
     std::set<std::string> done;              ///< "Form5.Command8", by what was pressed or chosen
     std::map<std::string, int> boxes;        ///< "Form5.Command1: " with the first line of the box
     int actions = 0;
-    std::map<TipoError, int> errors;
+    std::map<ErrorKind, int> errors;
     int ends = 0;
 
     void Note(const Step& step);

@@ -45,56 +45,56 @@ constexpr std::string_view kSumDiffers =
 
 // clang-format off
 constexpr auto kBoxes = std::to_array<KnownBox>({
-    {Form1, "salir",             kExit,                              Estilo::SiNoInformacion},
-    {Form2, "salir",             kExit,                              Estilo::SiNoInformacionNo},
-    {Form3, "salir",             kExit,                              Estilo::SiNoInformacionNo},
-    {Form4, "salir",             kExit,                              Estilo::SiNoInformacion},
-    {Form5, "salir",             kExit,                              Estilo::SiNoInformacion},
-    {Form6, "salir",             kExit,                              Estilo::SiNoInformacion},
-    {Form2, "imprimir",          "Se imprimirá la pantalla",         Estilo::SiNo},
-    {Form3, "imprimir",          "Se imprimirá la pantalla",         Estilo::SiNo},
-    {Form4, "imprimir",          "Se imprimirá pantalla",            Estilo::SiNo},
-    {Form5, "imprimir",          "Se imprimirán todos los datos en pantalla", Estilo::SiNo},
-    {Form6, "imprimir",          "Se imprimirán los resultados en  pantalla", Estilo::SiNo},
-    {Form2, "datosiniciales",    kNoName,                            Estilo::Aceptar},
-    {Form2, "contaminantes",     kNoName,                            Estilo::Aceptar},
-    {Form2, "calculos",          kNoName,                            Estilo::Aceptar},
-    {Form2, "resulatadofinal",   kNoName,                            Estilo::Aceptar},
-    {Form2, "Regresar",          kGoBack,                            Estilo::SiNoInformacionNo},
-    {Form3, "contaminantes",     kIncompletePlan,                    Estilo::SiNoInformacionNo},
-    {Form3, "pagina5",           kIncompletePlan,                    Estilo::SiNoInformacionNo},
-    {Form3, "resultadofinal",    kIncompletePlan,                    Estilo::SiNoInformacionNo},
-    {Form3, "Combo1(0)",         kStartAgain,                        Estilo::SiNoPreguntaNo, "Aviso"},
-    {Form3, "Combo1(1)",         kStartAgain,                        Estilo::SiNoPreguntaNo, "Aviso"},
-    {Form3, "Combo1(6)",         "La suma total de contaminantes de 30' y de 15' ha de ser menor o igual que 6", Estilo::Aceptar},
-    {Form3, "Command1",          "Indique el número de Jornadas y de Tareas ",   Estilo::Aceptar},
-    {Form3, "Command2",          "Antes de validar introduzca  todos los datos", Estilo::Aceptar},
-    {Form3, "Command2",          kIncoherentEntry,                   Estilo::Aceptar},
-    {Form3, "Command2",          kSumDiffers,                        Estilo::Aceptar},
-    {Form4, "Combo1",            kLongTask,                          Estilo::Aceptar},
-    {Form4, "Command1",          " Seleccione una tarea",            Estilo::Aceptar},
-    {Form4, "Command1",          kShortTask,                         Estilo::Aceptar},
-    {Form4, "Command1",          " Cumplimente todos los datos",     Estilo::Aceptar},
-    {Form4, "Command3",          " Seleccione una tarea",            Estilo::Aceptar},
-    {Form4, "Command3",          kShortTask,                         Estilo::Aceptar},
-    {Form5, "introprimero",      kOddDay,                            Estilo::Aceptar},
-    {Form5, "introsegundo",      kOddDay,                            Estilo::Aceptar},
-    {Form5, "introtercero",      kOddDay,                            Estilo::Aceptar},
-    {Form5, "recupprimerdia",    kOddDay,                            Estilo::Aceptar},
-    {Form5, "recupsegundodia",   kOddDay,                            Estilo::Aceptar},
-    {Form5, "recuptercerdia",    kOddDay,                            Estilo::Aceptar},
-    {Form5, "Command1",          "No se dispone de datos relativos a los contaminantes ", Estilo::Aceptar},
-    {Form5, "Command2",          "No se dispone de datos relativos a los contaminantes ", Estilo::Aceptar},
-    {Form5, "Command3",          "No se dispone de datos relativos a los contaminantes ", Estilo::Aceptar},
-    {Form5, "Command1",          "No hay datos para operar",         Estilo::Aceptar},
-    {Form5, "Command2",          " No hay datos para operar",        Estilo::Aceptar},
-    {Form5, "Command3",          " No hay datos para operar",        Estilo::Aceptar},
-    {Form5, "Command1",          "No hay datos suficientes para operar ", Estilo::Aceptar},
-    {Form5, "Command2",          "No hay datos suficientes para operar ", Estilo::Aceptar},
-    {Form5, "Command3",          "No hay datos suficientes para operar ", Estilo::Aceptar},
-    {Form5, "Command1",          "No deje espacios vacios",          Estilo::Aceptar},
-    {Form5, "Command2",          "No deje espacios vacios",          Estilo::Aceptar},
-    {Form5, "Command3",          "No deje espacios vacios",          Estilo::Aceptar},
+    {Form1, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
+    {Form2, "salir",             kExit,                              MsgBoxStyle::YesNoInformationNo},
+    {Form3, "salir",             kExit,                              MsgBoxStyle::YesNoInformationNo},
+    {Form4, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
+    {Form5, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
+    {Form6, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
+    {Form2, "imprimir",          "Se imprimirá la pantalla",         MsgBoxStyle::YesNo},
+    {Form3, "imprimir",          "Se imprimirá la pantalla",         MsgBoxStyle::YesNo},
+    {Form4, "imprimir",          "Se imprimirá pantalla",            MsgBoxStyle::YesNo},
+    {Form5, "imprimir",          "Se imprimirán todos los datos en pantalla", MsgBoxStyle::YesNo},
+    {Form6, "imprimir",          "Se imprimirán los resultados en  pantalla", MsgBoxStyle::YesNo},
+    {Form2, "datosiniciales",    kNoName,                            MsgBoxStyle::Ok},
+    {Form2, "contaminantes",     kNoName,                            MsgBoxStyle::Ok},
+    {Form2, "calculos",          kNoName,                            MsgBoxStyle::Ok},
+    {Form2, "resulatadofinal",   kNoName,                            MsgBoxStyle::Ok},
+    {Form2, "Regresar",          kGoBack,                            MsgBoxStyle::YesNoInformationNo},
+    {Form3, "contaminantes",     kIncompletePlan,                    MsgBoxStyle::YesNoInformationNo},
+    {Form3, "pagina5",           kIncompletePlan,                    MsgBoxStyle::YesNoInformationNo},
+    {Form3, "resultadofinal",    kIncompletePlan,                    MsgBoxStyle::YesNoInformationNo},
+    {Form3, "Combo1(0)",         kStartAgain,                        MsgBoxStyle::YesNoQuestionNo, "Aviso"},
+    {Form3, "Combo1(1)",         kStartAgain,                        MsgBoxStyle::YesNoQuestionNo, "Aviso"},
+    {Form3, "Combo1(6)",         "La suma total de contaminantes de 30' y de 15' ha de ser menor o igual que 6", MsgBoxStyle::Ok},
+    {Form3, "Command1",          "Indique el número de Jornadas y de Tareas ",   MsgBoxStyle::Ok},
+    {Form3, "Command2",          "Antes de validar introduzca  todos los datos", MsgBoxStyle::Ok},
+    {Form3, "Command2",          kIncoherentEntry,                   MsgBoxStyle::Ok},
+    {Form3, "Command2",          kSumDiffers,                        MsgBoxStyle::Ok},
+    {Form4, "Combo1",            kLongTask,                          MsgBoxStyle::Ok},
+    {Form4, "Command1",          " Seleccione una tarea",            MsgBoxStyle::Ok},
+    {Form4, "Command1",          kShortTask,                         MsgBoxStyle::Ok},
+    {Form4, "Command1",          " Cumplimente todos los datos",     MsgBoxStyle::Ok},
+    {Form4, "Command3",          " Seleccione una tarea",            MsgBoxStyle::Ok},
+    {Form4, "Command3",          kShortTask,                         MsgBoxStyle::Ok},
+    {Form5, "introprimero",      kOddDay,                            MsgBoxStyle::Ok},
+    {Form5, "introsegundo",      kOddDay,                            MsgBoxStyle::Ok},
+    {Form5, "introtercero",      kOddDay,                            MsgBoxStyle::Ok},
+    {Form5, "recupprimerdia",    kOddDay,                            MsgBoxStyle::Ok},
+    {Form5, "recupsegundodia",   kOddDay,                            MsgBoxStyle::Ok},
+    {Form5, "recuptercerdia",    kOddDay,                            MsgBoxStyle::Ok},
+    {Form5, "Command1",          "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok},
+    {Form5, "Command2",          "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok},
+    {Form5, "Command3",          "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok},
+    {Form5, "Command1",          "No hay datos para operar",         MsgBoxStyle::Ok},
+    {Form5, "Command2",          " No hay datos para operar",        MsgBoxStyle::Ok},
+    {Form5, "Command3",          " No hay datos para operar",        MsgBoxStyle::Ok},
+    {Form5, "Command1",          "No hay datos suficientes para operar ", MsgBoxStyle::Ok},
+    {Form5, "Command2",          "No hay datos suficientes para operar ", MsgBoxStyle::Ok},
+    {Form5, "Command3",          "No hay datos suficientes para operar ", MsgBoxStyle::Ok},
+    {Form5, "Command1",          "No deje espacios vacios",          MsgBoxStyle::Ok},
+    {Form5, "Command2",          "No deje espacios vacios",          MsgBoxStyle::Ok},
+    {Form5, "Command3",          "No deje espacios vacios",          MsgBoxStyle::Ok},
 });
 
 /// Where an entry of a menu leads.
@@ -185,7 +185,7 @@ bool IsKnown(const Step& s, const ShownBox& box) {
         std::string prompt(known.prompt);
         if (known.cause == "imprimir") prompt += kPrinting;
         return known.screen == s.before.Id() && known.cause == s.action.target &&
-               prompt == box.prompt && known.estilo == box.estilo && known.title == box.title;
+               prompt == box.prompt && known.style == box.style && known.title == box.title;
     });
 }
 
@@ -206,8 +206,8 @@ Verdict EveryBoxIsOneOfItsScreen(const Step& s) {
 /// Whether the plan that `Form3` shows lacks something, by the rules of the screen's guard.
 bool PlanIsIncomplete(const Step& s) {
     const EvaluacionRecord& record = s.record_before;
-    const int days = record.NumJornadas.Valor();
-    const int tasks = record.NumTareas.Valor();
+    const int days = record.NumJornadas.Value();
+    const int tasks = record.NumTareas.Value();
     if (days == 0 || tasks == 0) return true;
     const auto Text1 = s.before.Cells("Text1");
     for (int i = 0; i < days * tasks * 6; ++i) {
@@ -218,7 +218,7 @@ bool PlanIsIncomplete(const Step& s) {
 
 /// Whether an entry that leads elsewhere leads there this time.
 bool WayIsOpen(const Step& s) {
-    const bool yes = s.action.answer != Respuesta::No;
+    const bool yes = s.action.answer != MsgBoxAnswer::No;
     const std::string& entry = s.action.target;
     if (entry == "Regresar") return yes;
     if (s.before.Id() == Form2) return !s.before.Cells("Text1")(1).Text.empty();
@@ -344,7 +344,7 @@ Verdict ATickTouchesTheClockAlone(const Step& s) {
 
 Verdict PrintingPrintsOnceOnYesAndChangesNothing(const Step& s) {
     const bool chosen = s.action.kind == Kind::Choose && s.action.target == "imprimir";
-    const int due = chosen && s.action.answer != Respuesta::No ? 1 : 0;
+    const int due = chosen && s.action.answer != MsgBoxAnswer::No ? 1 : 0;
     const std::vector<CommonDialog>& dialogs = s.outcome.print_dialogs;
     if (s.outcome.prints != due || static_cast<int>(dialogs.size()) != due) {
         return Verdict::Broken(s.outcome.prints, " prints and ", dialogs.size(), " dialogs");

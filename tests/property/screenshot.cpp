@@ -52,7 +52,7 @@ void Screenshot::Take(const Screen& screen) {
     caption_ = screen.Caption;
     places_ = &PlacesOf(screen);
     const auto* const sheet = dynamic_cast<const Form5*>(&screen);
-    day_ = sheet == nullptr ? 0 : sheet->DiaActual.Valor();
+    day_ = sheet == nullptr ? 0 : sheet->DiaActual.Value();
     dialog_file_.clear();
     WithDialog(screen, [this](const CommonDialog& dialog) { dialog_file_ = dialog.FileName; });
 

@@ -34,7 +34,7 @@ public:
     const T& operator()(int index) const {
         if (index < 0 || index >= static_cast<int>(positions_->size()) ||
             (*positions_)[static_cast<std::size_t>(index)] < 0) {
-            throw ErrorEjecucion(TipoError::SubindiceFueraDeRango);
+            throw ErrorEjecucion(ErrorKind::SubscriptOutOfRange);
         }
         const int position = (*positions_)[static_cast<std::size_t>(index)];
         return std::get<T>((*shown_)[static_cast<std::size_t>(position)]);

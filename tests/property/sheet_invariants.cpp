@@ -39,11 +39,11 @@ int DayOf(const Step& s) {
 
 /// Tasks that a day's sheet is laid out for: those of the plan, and three only if it has three.
 int TasksLaidOut(const EvaluacionRecord& record) {
-    const int tasks = record.NumTareas.Valor();
+    const int tasks = record.NumTareas.Value();
     return tasks <= 3 ? tasks : 2;
 }
 
-const HojaDelDia& SlotOf(const EvaluacionRecord& record, int day) {
+const DaySheet& SlotOf(const EvaluacionRecord& record, int day) {
     return day == 1   ? record.HojaPrimerDia
            : day == 2 ? record.HojaSegundoDia
                       : record.HojaTercerDia;
@@ -155,7 +155,7 @@ std::set<int> OpenButtons(const Screenshot& sheet) {
 
 /// The button that a press opens, 0 for none.
 int NextButton(const Step& s) {
-    const int tasks = s.record_before.NumTareas.Valor();
+    const int tasks = s.record_before.NumTareas.Value();
     if (const int task = ValidatedTask(s); task != 0) {
         if (s.Refused() || tasks < task) return 0;
         return tasks == task ? 4 : task < 3 ? task + 1 : 0;
@@ -171,8 +171,8 @@ int NextButton(const Step& s) {
 /// The buttons that are open once a day has been picked.
 std::set<int> ButtonsOfADay(const Step& s) {
     const EvaluacionRecord& record = s.record_before;
-    const int tasks = record.NumTareas.Valor();
-    if (DayOf(s) > record.NumJornadas.Valor()) return {};
+    const int tasks = record.NumTareas.Value();
+    if (DayOf(s) > record.NumJornadas.Value()) return {};
     if (PicksADay(s, "intro")) return tasks < 1 ? std::set<int>{} : std::set{1};
     if (tasks == 0) return {};
     return tasks >= 2 ? std::set{1, 2, 8} : std::set{1, 8};  // the third task's stays closed
@@ -233,7 +233,7 @@ Verdict ARefusedValidationLeavesEveryTextAndButton(const Step& s) {
         Shown after = s.after.At(i);
         if (auto* const cell = std::get_if<TextCell>(&after)) {
             const auto& before = std::get<TextCell>(s.before.At(i));
-            if (cell->ForeColor == kTextoDeVentana) cell->ForeColor = before.ForeColor;
+            if (cell->ForeColor == kWindowText) cell->ForeColor = before.ForeColor;
         }
         if (after != s.before.At(i)) return Verdict::Broken(s.after.NameAt(i), " changed");
     }
@@ -246,23 +246,23 @@ Verdict OnlySamplesBearAMarkAndOnlyTheLastButtonMakesOne(const Step& s) {
     for (std::size_t i = 0; i < s.after.Size(); ++i) {
         const auto* const cell = std::get_if<TextCell>(&s.after.At(i));
         if (cell == nullptr) continue;
-        const bool plain = cell->BackColor == kFondoDeVentana && cell->ForeColor == kTextoDeVentana;
+        const bool plain = cell->BackColor == kWindowBackground && cell->ForeColor == kWindowText;
         if (plain) continue;
         const Row& row = s.after.RowAt(i);
         if (row.name != "Text1" || !IsSample(row.index % 18)) {
             return Verdict::Broken(s.after.NameAt(i), " is coloured");
         }
-        const bool known_back =
-            cell->BackColor == 250 || cell->BackColor == 255 || cell->BackColor == kFondoDeVentana;
+        const bool known_back = cell->BackColor == 250 || cell->BackColor == 255 ||
+                                cell->BackColor == kWindowBackground;
         const bool known_fore =
-            cell->ForeColor == kFondoDeVentana || cell->ForeColor == kTextoDeVentana;
+            cell->ForeColor == kWindowBackground || cell->ForeColor == kWindowText;
         if (!known_back || !known_fore) return Verdict::Broken(s.after.NameAt(i), " has a colour");
         const auto* const before = s.Moved() ? nullptr : std::get_if<TextCell>(&s.before.At(i));
         if (before == nullptr) return Verdict::Broken("a new sheet bears a mark");
         const bool marked =
-            cell->BackColor != kFondoDeVentana &&
+            cell->BackColor != kWindowBackground &&
             (before->BackColor != cell->BackColor || before->ForeColor != cell->ForeColor);
-        if (marked && cell->ForeColor == kFondoDeVentana) ++new_marks;
+        if (marked && cell->ForeColor == kWindowBackground) ++new_marks;
     }
     if (new_marks > (s.Pressed(Form5, "Command8") ? 1 : 0)) {
         return Verdict::Broken(new_marks, " new marks");
@@ -278,7 +278,7 @@ Verdict ARightValidationTakesTheMarksOfItsTask(const Step& s) {
     for (int r = 1; r <= 6; ++r) {
         for (int c = Col::kC1; c <= Col::kC6; ++c) {
             const TextCell& cell = Text1(At(task, r, c));
-            if (cell.BackColor != kFondoDeVentana || cell.ForeColor != kTextoDeVentana) {
+            if (cell.BackColor != kWindowBackground || cell.ForeColor != kWindowText) {
                 return Verdict::Broken("Text1(", At(task, r, c), ")");
             }
         }
@@ -290,7 +290,7 @@ Verdict ADayIsRefusedExactlyWhenThePlanLacksIt(const Step& s) {
     const int day = DayOf(s);
     if (day == 0 || !s.Lives()) return Verdict::PassedOver();
     if (s.after.Day() != day) return Verdict::Broken("DiaActual is ", s.after.Day());
-    const bool due = day > s.record_before.NumJornadas.Valor();
+    const bool due = day > s.record_before.NumJornadas.Value();
     return s.Refused() == due ? Verdict::Holds() : Verdict::Broken("wrongly judged");
 }
 
@@ -338,7 +338,7 @@ Verdict ADayBegunShowsThePlanAndNothingElse(const Step& s) {
 }
 
 /// The first entry of a day's slot that differs from the sheet, 0 for none.
-int FirstDifference(const HojaDelDia& slot, const Screenshot& sheet) {
+int FirstDifference(const DaySheet& slot, const Screenshot& sheet) {
     const auto Text1 = sheet.Cells("Text1");
     const auto Text3 = sheet.Cells("Text3");
     for (int i = 0; i <= 323; ++i) {

@@ -67,7 +67,7 @@ void User::Press(std::string button) {
 
 void User::Pick(std::string list, std::string item) {
     plan_.push_back({.kind = Kind::Pick, .target = std::move(list), .text = std::move(item)});
-    plan_.back().answer = dice_.Chance(30) ? Respuesta::Si : Respuesta::No;
+    plan_.back().answer = dice_.Chance(30) ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
 }
 
 void User::Write(std::string cell, std::string text) {
@@ -76,7 +76,7 @@ void User::Write(std::string cell, std::string text) {
 
 void User::Choose(std::string entry, int yes_percent) {
     plan_.push_back({.kind = Kind::Choose, .target = std::move(entry)});
-    plan_.back().answer = dice_.Chance(yes_percent) ? Respuesta::Si : Respuesta::No;
+    plan_.back().answer = dice_.Chance(yes_percent) ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
 }
 
 void User::ChooseWithFile(std::string entry, bool may_be_missing) {
@@ -221,8 +221,8 @@ void User::PlanEntry(int day, int task, int count) {
 
 void User::PlanForm3(const World& world) {
     const EvaluacionRecord& record = world.Record();
-    int days = record.NumJornadas.Valor();
-    int tasks = record.NumTareas.Valor();
+    int days = record.NumJornadas.Value();
+    int tasks = record.NumTareas.Value();
     if (world.Shown().ButtonOf("Command1").Enabled) {
         days = dice_.Chance(60) ? 3 : 1;
         tasks = dice_.Chance(50) ? 3 : dice_.Between(1, 2);
@@ -233,7 +233,7 @@ void User::PlanForm3(const World& world) {
     // A task has as many contaminants on each day, most of the time.
     std::array<int, 4> counts{};
     for (int task = 1; task <= 3; ++task) {
-        const int stored = record.NumContaminantes(task).Valor();
+        const int stored = record.NumContaminantes(task).Value();
         const bool keeps = stored >= 1 && stored <= 6 && dice_.Chance(80);
         counts.at(static_cast<std::size_t>(task)) = keeps ? stored : AnyCount();
     }
@@ -289,8 +289,8 @@ void User::PlanForm4(const World& world) {
     if (dice_.Chance(5)) Press("Command1");
     if (dice_.Chance(5)) Press("Command3");
     for (int task = 1; task <= 3; ++task) {
-        const bool in_plan = task <= record.NumTareas.Valor();
-        const int count = std::clamp(record.NumContaminantes(task).Valor(), 0, 6);
+        const bool in_plan = task <= record.NumTareas.Value();
+        const int count = std::clamp(record.NumContaminantes(task).Value(), 0, 6);
         if (dice_.Chance(in_plan ? 90 : 8)) PlanContaminants(task, count);
         if (!in_plan && dice_.Chance(30)) Press("Command3");
     }
@@ -347,11 +347,11 @@ void User::PlanDay(const World& world) {
     static constexpr std::array kRecover = {"recupprimerdia"sv, "recupsegundodia"sv,
                                             "recuptercerdia"sv};
     const EvaluacionRecord& record = world.Record();
-    const int in_plan = record.NumJornadas.Valor();
+    const int in_plan = record.NumJornadas.Value();
     const int days = in_plan >= 1 && in_plan <= 3 && dice_.Chance(93) ? in_plan : 3;
     int day = dice_.Below(days);
-    const std::array<const HojaDelDia*, 3> slots = {&record.HojaPrimerDia, &record.HojaSegundoDia,
-                                                    &record.HojaTercerDia};
+    const std::array<const DaySheet*, 3> slots = {&record.HojaPrimerDia, &record.HojaSegundoDia,
+                                                  &record.HojaTercerDia};
     for (int other = 0; other < days; ++other) {
         const bool validated = !(*slots.at(static_cast<std::size_t>(other)))(397).empty();
         if (!validated && dice_.Chance(50)) day = other;
@@ -410,7 +410,7 @@ Action User::AnyEntry(const World& world) {
     EntriesOf(world.Program().Current().Menu(), entries);
     Action action{.kind = Kind::Choose, .target = dice_.OneOf(entries)};
     const bool ends = action.target == "salir";
-    action.answer = dice_.Chance(ends ? 15 : 50) ? Respuesta::Si : Respuesta::No;
+    action.answer = dice_.Chance(ends ? 15 : 50) ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
     if (dice_.Chance(80)) action.file = std::string(dice_.OneOf(kFiles));
     return action;
 }
@@ -477,7 +477,7 @@ Action User::AnythingOnOffer(const World& world) {
             Action pick{.kind = Kind::Pick,
                         .target = list,
                         .text = std::string(dice_.OneOf(ItemsOf(screen, list)))};
-            pick.answer = dice_.Chance(30) ? Respuesta::Si : Respuesta::No;
+            pick.answer = dice_.Chance(30) ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
             return pick;
         }
     }

@@ -82,7 +82,7 @@ std::optional<std::string> BytesOf(const std::filesystem::path& file) {
 
 bool Step::Refused() const {
     return std::ranges::any_of(outcome.boxes,
-                               [](const ShownBox& box) { return box.estilo == Estilo::Aceptar; });
+                               [](const ShownBox& box) { return box.style == MsgBoxStyle::Ok; });
 }
 
 bool Step::Pressed(ScreenId screen, std::string_view button) const {
@@ -94,13 +94,13 @@ bool Step::Chose(ScreenId screen, std::string_view entry) const {
 }
 
 World::World(std::string separator)
-    : folder_(test::MakeTemporaryFolder()), separator_before_(SeparadorDecimal()) {
-    FijarSeparadorDecimal(std::move(separator));
+    : folder_(test::MakeTemporaryFolder()), separator_before_(DecimalSeparator()) {
+    SetDecimalSeparator(std::move(separator));
     Start();
 }
 
 World::~World() {
-    FijarSeparadorDecimal(separator_before_);
+    SetDecimalSeparator(separator_before_);
     std::error_code ignored;  // a folder left behind is no fault of the program
     std::filesystem::remove_all(folder_, ignored);
 }

@@ -50,7 +50,7 @@ TEST_P(EachScreensColours, EachTextStandsOutFromItsGroundByFourAndAHalf) {
         if (control.row.box.height < 200) continue;  // a mark holds no text
         const Look& look = control.row.look;
         const QColor fore = ToQt(look.fore);
-        if (look.back != Look::kTransparente) {
+        if (look.back != Look::kTransparent) {
             // The one field that can't do without its text is labelled in red by design; it is bold
             // for that, and pure red on white comes to just under four.
             const double wanted = control.name == "Label1(0)" && look.bold ? 3.9 : 4.5;
@@ -107,13 +107,13 @@ TEST_F(SheetAppearance, ASampleOverItsLimitIsToldToAScreenReaderToo) {
     robot.Choose("introducirdatos", "introprimero");
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QString());
     form5.Text1(7).BackColor = 250;
-    form5.Text1(7).ForeColor = kFondoDeVentana;
+    form5.Text1(7).ForeColor = kWindowBackground;
     window->ShowChanges();
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QStringLiteral("Sobre el límite"));
     EXPECT_EQ(Cell("Text1(7)").palette().color(QPalette::Base), QColor(250, 0, 0));
     EXPECT_EQ(Cell("Text1(7)").palette().color(QPalette::Text), QColor(Qt::white));
-    form5.Text1(7).BackColor = kFondoDeVentana;
-    form5.Text1(7).ForeColor = kTextoDeVentana;
+    form5.Text1(7).BackColor = kWindowBackground;
+    form5.Text1(7).ForeColor = kWindowText;
     window->ShowChanges();
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QString());
 }

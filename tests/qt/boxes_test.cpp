@@ -16,48 +16,49 @@ using By = Robot::By;
 
 struct Answered {
     const char* name;
-    Estilo estilo;
+    MsgBoxStyle style;
     By by;
     QMessageBox::StandardButton button;  ///< where it is clicked
-    Respuesta respuesta;
+    MsgBoxAnswer answer;
 };
 
 constexpr auto kAny = QMessageBox::NoButton;
 
 // clang-format off
 constexpr std::array<Answered, 23> kAnswers = {{
-    {"OkByClick",                  Estilo::Aceptar,           By::Click,  QMessageBox::Ok,  Respuesta::Aceptar},
-    {"OkByEnter",                  Estilo::Aceptar,           By::Enter,  kAny,             Respuesta::Aceptar},
-    {"OkByEscape",                 Estilo::Aceptar,           By::Escape, kAny,             Respuesta::Aceptar},
-    {"OkByTheCross",               Estilo::Aceptar,           By::Close,  kAny,             Respuesta::Aceptar},
-    {"YesNoByYes",                 Estilo::SiNo,              By::Click,  QMessageBox::Yes, Respuesta::Si},
-    {"YesNoByNo",                  Estilo::SiNo,              By::Click,  QMessageBox::No,  Respuesta::No},
-    {"YesNoByEnter",               Estilo::SiNo,              By::Enter,  kAny,             Respuesta::Si},
-    {"YesNoByEscape",              Estilo::SiNo,              By::Escape, kAny,             Respuesta::No},
-    {"YesNoByTheCross",            Estilo::SiNo,              By::Close,  kAny,             Respuesta::No},
-    {"InformationByYes",           Estilo::SiNoInformacion,   By::Click,  QMessageBox::Yes, Respuesta::Si},
-    {"InformationByNo",            Estilo::SiNoInformacion,   By::Click,  QMessageBox::No,  Respuesta::No},
-    {"InformationByEnter",         Estilo::SiNoInformacion,   By::Enter,  kAny,             Respuesta::Si},
-    {"InformationByEscape",        Estilo::SiNoInformacion,   By::Escape, kAny,             Respuesta::No},
-    {"InformationByTheCross",      Estilo::SiNoInformacion,   By::Close,  kAny,             Respuesta::No},
-    {"QuestionByYes",              Estilo::SiNoPreguntaNo,    By::Click,  QMessageBox::Yes, Respuesta::Si},
-    {"QuestionByNo",               Estilo::SiNoPreguntaNo,    By::Click,  QMessageBox::No,  Respuesta::No},
-    {"QuestionByEnter",            Estilo::SiNoPreguntaNo,    By::Enter,  kAny,             Respuesta::No},
-    {"QuestionByEscape",           Estilo::SiNoPreguntaNo,    By::Escape, kAny,             Respuesta::No},
-    {"QuestionByTheCross",         Estilo::SiNoPreguntaNo,    By::Close,  kAny,             Respuesta::No},
-    {"InformationNoByYes",         Estilo::SiNoInformacionNo, By::Click,  QMessageBox::Yes, Respuesta::Si},
-    {"InformationNoByEnter",       Estilo::SiNoInformacionNo, By::Enter,  kAny,             Respuesta::No},
-    {"InformationNoByEscape",      Estilo::SiNoInformacionNo, By::Escape, kAny,             Respuesta::No},
-    {"InformationNoByTheCross",    Estilo::SiNoInformacionNo, By::Close,  kAny,             Respuesta::No},
+    {"OkByClick",                  MsgBoxStyle::Ok,           By::Click,  QMessageBox::Ok,  MsgBoxAnswer::Ok},
+    {"OkByEnter",                  MsgBoxStyle::Ok,           By::Enter,  kAny,             MsgBoxAnswer::Ok},
+    {"OkByEscape",                 MsgBoxStyle::Ok,           By::Escape, kAny,             MsgBoxAnswer::Ok},
+    {"OkByTheCross",               MsgBoxStyle::Ok,           By::Close,  kAny,             MsgBoxAnswer::Ok},
+    {"YesNoByYes",                 MsgBoxStyle::YesNo,              By::Click,  QMessageBox::Yes, MsgBoxAnswer::Yes},
+    {"YesNoByNo",                  MsgBoxStyle::YesNo,              By::Click,  QMessageBox::No,  MsgBoxAnswer::No},
+    {"YesNoByEnter",               MsgBoxStyle::YesNo,              By::Enter,  kAny,             MsgBoxAnswer::Yes},
+    {"YesNoByEscape",              MsgBoxStyle::YesNo,              By::Escape, kAny,             MsgBoxAnswer::No},
+    {"YesNoByTheCross",            MsgBoxStyle::YesNo,              By::Close,  kAny,             MsgBoxAnswer::No},
+    {"InformationByYes",           MsgBoxStyle::YesNoInformation,   By::Click,  QMessageBox::Yes, MsgBoxAnswer::Yes},
+    {"InformationByNo",            MsgBoxStyle::YesNoInformation,   By::Click,  QMessageBox::No,  MsgBoxAnswer::No},
+    {"InformationByEnter",         MsgBoxStyle::YesNoInformation,   By::Enter,  kAny,             MsgBoxAnswer::Yes},
+    {"InformationByEscape",        MsgBoxStyle::YesNoInformation,   By::Escape, kAny,             MsgBoxAnswer::No},
+    {"InformationByTheCross",      MsgBoxStyle::YesNoInformation,   By::Close,  kAny,             MsgBoxAnswer::No},
+    {"QuestionByYes",              MsgBoxStyle::YesNoQuestionNo,    By::Click,  QMessageBox::Yes, MsgBoxAnswer::Yes},
+    {"QuestionByNo",               MsgBoxStyle::YesNoQuestionNo,    By::Click,  QMessageBox::No,  MsgBoxAnswer::No},
+    {"QuestionByEnter",            MsgBoxStyle::YesNoQuestionNo,    By::Enter,  kAny,             MsgBoxAnswer::No},
+    {"QuestionByEscape",           MsgBoxStyle::YesNoQuestionNo,    By::Escape, kAny,             MsgBoxAnswer::No},
+    {"QuestionByTheCross",         MsgBoxStyle::YesNoQuestionNo,    By::Close,  kAny,             MsgBoxAnswer::No},
+    {"InformationNoByYes",         MsgBoxStyle::YesNoInformationNo, By::Click,  QMessageBox::Yes, MsgBoxAnswer::Yes},
+    {"InformationNoByEnter",       MsgBoxStyle::YesNoInformationNo, By::Enter,  kAny,             MsgBoxAnswer::No},
+    {"InformationNoByEscape",      MsgBoxStyle::YesNoInformationNo, By::Escape, kAny,             MsgBoxAnswer::No},
+    {"InformationNoByTheCross",    MsgBoxStyle::YesNoInformationNo, By::Close,  kAny,             MsgBoxAnswer::No},
 }};
 // clang-format on
 
 class BoxTest : public WindowTest {
 protected:
-    Respuesta Show(std::string_view prompt, Estilo estilo, std::string_view title = "Velmora") {
-        std::optional<Respuesta> answer;
+    MsgBoxAnswer Show(std::string_view prompt, MsgBoxStyle style,
+                      std::string_view title = "Velmora") {
+        std::optional<MsgBoxAnswer> answer;
         robot.Act("showing a box",
-                  [&] { window->Run([&] { answer = host.MsgBox(prompt, estilo, title); }); });
+                  [&] { window->Run([&] { answer = host.MsgBox(prompt, style, title); }); });
         return answer.value();
     }
 };
@@ -66,10 +67,10 @@ class BoxAnswerTest : public BoxTest, public ::testing::WithParamInterface<Answe
 
 TEST_P(BoxAnswerTest, GivesTheAnswerOfItsStyle) {
     const Answered& row = GetParam();
-    Robot::Box box = BoxOf("¿Sí o no?", row.estilo, row.button);
+    Robot::Box box = BoxOf("¿Sí o no?", row.style, row.button);
     box.by = row.by;
     robot.ExpectBox(box);
-    EXPECT_EQ(Show("¿Sí o no?", row.estilo), row.respuesta);
+    EXPECT_EQ(Show("¿Sí o no?", row.style), row.answer);
 }
 
 INSTANTIATE_TEST_SUITE_P(OnTheWindow, BoxAnswerTest, ::testing::ValuesIn(kAnswers),
@@ -84,8 +85,8 @@ TEST_F(BoxTest, ItsTextKeepsLeadingTrailingAndDoubledBlanksAndItsLines) {
         shown = label->text().toStdString();
         format = label->textFormat();
     };
-    robot.ExpectBox(BoxOf("  dos  blancos \n \n<b>no</b> &es marcado ", Estilo::Aceptar));
-    Show("  dos  blancos \r\n \r\n<b>no</b> &es marcado ", Estilo::Aceptar);
+    robot.ExpectBox(BoxOf("  dos  blancos \n \n<b>no</b> &es marcado ", MsgBoxStyle::Ok));
+    Show("  dos  blancos \r\n \r\n<b>no</b> &es marcado ", MsgBoxStyle::Ok);
     EXPECT_EQ(shown, "  dos  blancos \n \n<b>no</b> &es marcado ");
     EXPECT_EQ(format, Qt::PlainText);
 }
@@ -107,18 +108,19 @@ std::vector<std::string> TextsOn(const QDialog& box) {
 TEST_F(BoxTest, ItSaysItsPromptAndNothingMore) {
     std::vector<std::string> said;
     robot.on_modal = [&](QDialog& modal) { said = TextsOn(modal); };
-    for (const Estilo estilo : {Estilo::Aceptar, Estilo::SiNo, Estilo::SiNoInformacion,
-                                Estilo::SiNoPreguntaNo, Estilo::SiNoInformacionNo}) {
-        const auto answer = estilo == Estilo::Aceptar ? QMessageBox::Ok : QMessageBox::No;
-        robot.ExpectBox(BoxOf("¿Desea continuar?", estilo, answer));
-        Show("¿Desea continuar?", estilo);
+    for (const MsgBoxStyle style :
+         {MsgBoxStyle::Ok, MsgBoxStyle::YesNo, MsgBoxStyle::YesNoInformation,
+          MsgBoxStyle::YesNoQuestionNo, MsgBoxStyle::YesNoInformationNo}) {
+        const auto answer = style == MsgBoxStyle::Ok ? QMessageBox::Ok : QMessageBox::No;
+        robot.ExpectBox(BoxOf("¿Desea continuar?", style, answer));
+        Show("¿Desea continuar?", style);
         EXPECT_THAT(said, ::testing::ElementsAre("¿Desea continuar?"));
     }
 }
 
 TEST_F(BoxTest, ItsTitleIsTheOneGiven) {
-    robot.ExpectBox(BoxOf("x", Estilo::SiNoPreguntaNo, QMessageBox::No, "Aviso"));
-    Show("x", Estilo::SiNoPreguntaNo, "Aviso");
+    robot.ExpectBox(BoxOf("x", MsgBoxStyle::YesNoQuestionNo, QMessageBox::No, "Aviso"));
+    Show("x", MsgBoxStyle::YesNoQuestionNo, "Aviso");
 }
 
 TEST_F(BoxTest, ItsButtonsAreSpanish) {
@@ -128,13 +130,13 @@ TEST_F(BoxTest, ItsButtonsAreSpanish) {
             captions.push_back(button->text().remove(QLatin1Char('&')).toStdString());
         }
     };
-    robot.ExpectBox(BoxOf("x", Estilo::SiNo, QMessageBox::No));
-    Show("x", Estilo::SiNo);
+    robot.ExpectBox(BoxOf("x", MsgBoxStyle::YesNo, QMessageBox::No));
+    Show("x", MsgBoxStyle::YesNo);
     EXPECT_THAT(captions, ::testing::UnorderedElementsAre("Sí", "No"));
 
     captions.clear();
-    robot.ExpectBox(BoxOf("x", Estilo::Aceptar));
-    Show("x", Estilo::Aceptar);
+    robot.ExpectBox(BoxOf("x", MsgBoxStyle::Ok));
+    Show("x", MsgBoxStyle::Ok);
     EXPECT_THAT(captions, ::testing::ElementsAre("Aceptar"));
 }
 
@@ -147,8 +149,8 @@ TEST_F(BoxTest, NothingOfTheWindowIsReachedWhileItIsOpen) {
                           cell.mapTo(window.get(), cell.rect().center()));
         QTest::keyClick(window->windowHandle(), Qt::Key_A);
     };
-    robot.ExpectBox(BoxOf("x", Estilo::Aceptar));
-    Show("x", Estilo::Aceptar);
+    robot.ExpectBox(BoxOf("x", MsgBoxStyle::Ok));
+    Show("x", MsgBoxStyle::Ok);
     EXPECT_EQ(robot.Focused(), "Text1(1)");
     EXPECT_EQ(robot.Text("Text1(4)"), "");
     EXPECT_EQ(robot.Text("Text1(1)"), " El nombre de la empresa es imprescindible.");

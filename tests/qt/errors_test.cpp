@@ -24,14 +24,14 @@ protected:
                       "\n\nEl programa se cierra, y lo que no esté en un fichero se pierde.\n"
                       "Las causas están en la guía: «Conviene saber», «Algunos datos cierran el "
                       "programa».",
-                  Estilo::Aceptar);
+                  MsgBoxStyle::Ok);
         box.icon = QMessageBox::Critical;
         return box;
     }
 
     /// The sheet of one task, laid out.
-    void OpenSheet(int filas) {
-        SetPlan(1, 1, filas);
+    void OpenSheet(int rows) {
+        SetPlan(1, 1, rows);
         Open(ScreenId::Form5);
         robot.Choose("introducirdatos", "introprimero");
     }

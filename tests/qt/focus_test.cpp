@@ -23,8 +23,8 @@ namespace {
 class FocusTest : public WindowTest {
 protected:
     /// The sheet of a plan, its first day laid out.
-    void OpenDay(int tareas, int filas) {
-        SetPlan(1, tareas, filas);
+    void OpenDay(int tasks, int rows) {
+        SetPlan(1, tasks, rows);
         Open(ScreenId::Form5);
         robot.Choose("introducirdatos", "introprimero");
     }
@@ -133,7 +133,7 @@ TEST_F(FocusTest, ABoxReachedByF10LeavesTheKeyboardWhereItWas) {
     robot.Key(Qt::Key_Left);  // round to the last title
     ASSERT_EQ(ActiveTitle(), "Salir");
     robot.ExpectBox(
-        BoxOf("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, QMessageBox::No));
+        BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Key(Qt::Key_Return);
     EXPECT_EQ(robot.Focused(), "Text1(8)");
 }
@@ -166,7 +166,7 @@ TEST_F(FocusTest, ABoxOfTheSheetLeavesTheKeyboardInItsCell) {
     OpenDay(1, 2);
     robot.Click("Text1(26)");
     robot.ExpectBox(
-        BoxOf("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, QMessageBox::No));
+        BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Choose("salir");
     EXPECT_EQ(robot.Focused(), "Text1(26)");
 }

@@ -159,8 +159,8 @@ TEST_F(GrowingThings, ABoxGrowsWithItsLettersAndItsSign) {
         sign = dynamic_cast<QMessageBox&>(modal).iconPixmap().width();
     };
     const Twice signs = Measure([&] {
-        robot.ExpectBox(BoxOf("x", Estilo::SiNoInformacion, QMessageBox::Yes));
-        robot.Act("a box", [&] { host.MsgBox("x", Estilo::SiNoInformacion, "Velmora"); });
+        robot.ExpectBox(BoxOf("x", MsgBoxStyle::YesNoInformation, QMessageBox::Yes));
+        robot.Act("a box", [&] { host.MsgBox("x", MsgBoxStyle::YesNoInformation, "Velmora"); });
         EXPECT_THAT(letters, ::testing::ElementsAre(window->width() == 825 ? 13 : 26));
         return sign;
     });
@@ -181,8 +181,8 @@ TEST_F(GrowingThings, ABoxKeepsItsTwoLines) {
         EXPECT_FALSE(label.wordWrap());
     };
     Resize(825, 607);
-    robot.ExpectBox(BoxOf(text + "\n" + text, Estilo::Aceptar));
-    robot.Act("a box", [&] { host.MsgBox(text + "\r\n" + text, Estilo::Aceptar, "Velmora"); });
+    robot.ExpectBox(BoxOf(text + "\n" + text, MsgBoxStyle::Ok));
+    robot.Act("a box", [&] { host.MsgBox(text + "\r\n" + text, MsgBoxStyle::Ok, "Velmora"); });
     EXPECT_EQ(lines, 2);
 }
 
@@ -208,8 +208,8 @@ TEST_F(GrowingThings, ABoxIsInTheMiddleAndKeepsItsSizeWhenItIsLaidOutAgain) {
         QCoreApplication::sendPostedEvents(&modal);
     };
     Resize(825, 607);
-    robot.ExpectBox(BoxOf(text, Estilo::Aceptar));
-    robot.Act("a box", [&] { host.MsgBox(text, Estilo::Aceptar, "Velmora"); });
+    robot.ExpectBox(BoxOf(text, MsgBoxStyle::Ok));
+    robot.Act("a box", [&] { host.MsgBox(text, MsgBoxStyle::Ok, "Velmora"); });
     EXPECT_EQ(resizes.count, 0);
     EXPECT_NEAR(place.center().x(), window->frameGeometry().center().x(), 2);
 }
@@ -224,8 +224,8 @@ TEST_F(GrowingThings, ABoxWhoseLineIsWiderThanTheDisplayBreaksItAndShowsItWhole)
         EXPECT_LE(modal.width(), modal.screen()->availableSize().width());
     };
     Resize(1650, 1214);
-    robot.ExpectBox(BoxOf(text, Estilo::Aceptar));
-    robot.Act("a box", [&] { host.MsgBox(text, Estilo::Aceptar, "Velmora"); });
+    robot.ExpectBox(BoxOf(text, MsgBoxStyle::Ok));
+    robot.Act("a box", [&] { host.MsgBox(text, MsgBoxStyle::Ok, "Velmora"); });
 }
 
 TEST_F(GrowingThings, AFileDialogGrowsWithItsQuestion) {

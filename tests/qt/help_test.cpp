@@ -66,7 +66,7 @@ TEST_P(GuideTest, F1OpensItAtTheSectionOfTheScreen) {
 
 TEST_P(GuideTest, AMissingGuideIsSaid) {
     host.find_guide = [] { return QString(); };
-    robot.ExpectBox(BoxOf("No se encuentra la guía.", Estilo::Aceptar));
+    robot.ExpectBox(BoxOf("No se encuentra la guía.", MsgBoxStyle::Ok));
     robot.Key(Qt::Key_F1);
     EXPECT_TRUE(browser.opened.isEmpty());
 }

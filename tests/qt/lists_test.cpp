@@ -330,7 +330,7 @@ TEST_F(ListTest, TheEntryRowKeepsItsPicksWhileItIsHidden) {
               "supone reiniciar todo el proceso de nuevo\n"
               " y perder los datos introducidos hasta el momento.\n"
               "¿Desea reiniciar el proceso?",
-              Estilo::SiNoPreguntaNo, QMessageBox::Yes, "Aviso"));
+              MsgBoxStyle::YesNoQuestionNo, QMessageBox::Yes, "Aviso"));
     robot.Pick("Combo1(0)", "1");
     EXPECT_FALSE(robot.Visible("Combo1(4)"));
     robot.Pick("Combo1(1)", "1");
@@ -347,7 +347,7 @@ TEST_F(ListTest, ANoToTheRestartLeavesTheValueJustPickedInTheList) {
               "supone reiniciar todo el proceso de nuevo\n"
               " y perder los datos introducidos hasta el momento.\n"
               "¿Desea reiniciar el proceso?",
-              Estilo::SiNoPreguntaNo, QMessageBox::No, "Aviso"));
+              MsgBoxStyle::YesNoQuestionNo, QMessageBox::No, "Aviso"));
     robot.Pick("Combo1(0)", "3");
     ExpectText("Combo1(0)", "3");
     EXPECT_EQ(record.NumJornadas, 1);

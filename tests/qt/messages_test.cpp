@@ -51,8 +51,8 @@ public:
     }
 
     /// A plan of one task a day, with its entry row filled but for what is given as empty.
-    void OpenEntry(int jornadas, const std::array<std::string_view, 6>& items) {
-        SetPlan(jornadas, 1, 1);
+    void OpenEntry(int days, const std::array<std::string_view, 6>& items) {
+        SetPlan(days, 1, 1);
         Open(ScreenId::Form3);
         for (int i = 0; i < 6; ++i) {
             const std::string_view item = items.at(static_cast<std::size_t>(i));
@@ -77,16 +77,16 @@ public:
     }
 
     /// The sheet of one day, laid out, of one contaminant in each of its tasks.
-    void OpenSheet(int tareas) {
-        SetPlan(1, tareas, 1);
+    void OpenSheet(int tasks) {
+        SetPlan(1, tasks, 1);
         Open(ScreenId::Form5);
         robot.Choose("introducirdatos", "introprimero");
     }
 
     /// The same with the buttons up to that of the last task opened.
-    void OpenSheetAtLastTask(int tareas) {
-        OpenSheet(tareas);
-        for (int t = 1; t < tareas; ++t) {
+    void OpenSheetAtLastTask(int tasks) {
+        OpenSheet(tasks);
+        for (int t = 1; t < tasks; ++t) {
             Fill(t);
             robot.Press(std::string("Command") + static_cast<char>('0' + t));
         }
@@ -105,7 +105,7 @@ public:
 struct Message {
     const char* name;
     std::string text;
-    Estilo estilo;
+    MsgBoxStyle style;
     std::function<void(MessageTest&)> prepare;  ///< up to one step ahead of the box
     std::function<void(Robot&)> last_step;
     std::string title = "Velmora";
@@ -142,58 +142,58 @@ const std::string kLeave = "¿Está seguro de que quiere salir?";
 
 std::vector<Message> MessagesOfForm1() {
     return {
-        {"Form1Salir", kLeave, Estilo::SiNoInformacion, At(ScreenId::Form1), Choosing("salir")},
+        {"Form1Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form1), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm2() {
     const auto nameless = [](MessageTest& test) { test.OpenWithoutName(); };
     return {
-        {"Form2DatosInicialesWithoutName",   kNameMissing, Estilo::Aceptar, nameless, Choosing("continuar", "datosiniciales")},
-        {"Form2ContaminantesWithoutName",    kNameMissing, Estilo::Aceptar, nameless, Choosing("continuar", "contaminantes")},
-        {"Form2CalculosWithoutName",         kNameMissing, Estilo::Aceptar, nameless, Choosing("continuar", "calculos")},
-        {"Form2ResultadoFinalWithoutName",   kNameMissing, Estilo::Aceptar, nameless, Choosing("continuar", "resulatadofinal")},
+        {"Form2DatosInicialesWithoutName",   kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "datosiniciales")},
+        {"Form2ContaminantesWithoutName",    kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "contaminantes")},
+        {"Form2CalculosWithoutName",         kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "calculos")},
+        {"Form2ResultadoFinalWithoutName",   kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "resulatadofinal")},
         {"Form2Regresar",
          "Si regresa perderá todos los datos introducidos hasta el momento\n"
          "¿Está seguro de que quiere regresar?",
-         Estilo::SiNoInformacionNo, At(ScreenId::Form2), Choosing("Regresar")},
-        {"Form2Imprimir", PrintQuestion("Se imprimirá la pantalla"), Estilo::SiNo, At(ScreenId::Form2), Choosing("imprimir")},
-        {"Form2Salir", kLeave, Estilo::SiNoInformacionNo, At(ScreenId::Form2), Choosing("salir")},
+         MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("Regresar")},
+        {"Form2Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form2), Choosing("imprimir")},
+        {"Form2Salir", kLeave, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm3() {
     const auto with_plan = [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form3); };
-    const auto entry = [](int jornadas, std::array<std::string_view, 6> items) {
-        return [=](MessageTest& test) { test.OpenEntry(jornadas, items); };
+    const auto entry = [](int days, std::array<std::string_view, 6> items) {
+        return [=](MessageTest& test) { test.OpenEntry(days, items); };
     };
     return {
-        {"Form3ContaminantesWithoutPlan",  kIncompletePlan, Estilo::SiNoInformacionNo, At(ScreenId::Form3), Choosing("continuar", "contaminantes")},
-        {"Form3CalculosWithoutPlan",       kIncompletePlan, Estilo::SiNoInformacionNo, At(ScreenId::Form3), Choosing("continuar", "pagina5")},
-        {"Form3ResultadoFinalWithoutPlan", kIncompletePlan, Estilo::SiNoInformacionNo, At(ScreenId::Form3), Choosing("continuar", "resultadofinal")},
-        {"Form3Command1WithNothingPicked", kNoPick, Estilo::Aceptar, At(ScreenId::Form3), Pressing("Command1")},
-        {"Form3Command1WithOneListPicked", kNoPick, Estilo::Aceptar,
+        {"Form3ContaminantesWithoutPlan",  kIncompletePlan, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("continuar", "contaminantes")},
+        {"Form3CalculosWithoutPlan",       kIncompletePlan, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("continuar", "pagina5")},
+        {"Form3ResultadoFinalWithoutPlan", kIncompletePlan, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("continuar", "resultadofinal")},
+        {"Form3Command1WithNothingPicked", kNoPick, MsgBoxStyle::Ok, At(ScreenId::Form3), Pressing("Command1")},
+        {"Form3Command1WithOneListPicked", kNoPick, MsgBoxStyle::Ok,
          [](MessageTest& test) { test.Open(ScreenId::Form3); test.robot.Pick("Combo1(0)", "3"); }, Pressing("Command1")},
-        {"Form3FifteenMinuteCountAboveSix", kSumAboveSix, Estilo::Aceptar, entry(1, {"", "", "", "4", "", ""}), Picking("Combo1(6)", "3")},
-        {"Form3WorkdaysPickedAnew", kRestart, Estilo::SiNoPreguntaNo, with_plan, Picking("Combo1(0)", "1"), "Aviso"},
-        {"Form3TasksPickedAnew",    kRestart, Estilo::SiNoPreguntaNo, with_plan, Picking("Combo1(1)", "2"), "Aviso"},
-        {"Form3EntryWithoutPlan", kNoPlan, Estilo::Aceptar,
+        {"Form3FifteenMinuteCountAboveSix", kSumAboveSix, MsgBoxStyle::Ok, entry(1, {"", "", "", "4", "", ""}), Picking("Combo1(6)", "3")},
+        {"Form3WorkdaysPickedAnew", kRestart, MsgBoxStyle::YesNoQuestionNo, with_plan, Picking("Combo1(0)", "1"), "Aviso"},
+        {"Form3TasksPickedAnew",    kRestart, MsgBoxStyle::YesNoQuestionNo, with_plan, Picking("Combo1(1)", "2"), "Aviso"},
+        {"Form3EntryWithoutPlan", kNoPlan, MsgBoxStyle::Ok,
          [](MessageTest& test) {  // the button is hidden without a plan: it goes behind the screen's back
              test.OpenEntry(1, {"1", "1", "8", "1", "0", "1"});
              test.record.NumJornadas = 0;
          },
          Pressing("Command2")},
-        {"Form3EntryWithoutDay",          kEntryIncomplete, Estilo::Aceptar, entry(1, {"",  "1", "8", "1", "0", "1"}), Pressing("Command2")},
-        {"Form3EntryWithoutTask",         kEntryIncomplete, Estilo::Aceptar, entry(1, {"1", "",  "8", "1", "0", "1"}), Pressing("Command2")},
-        {"Form3EntryWithoutHours",        kEntryIncomplete, Estilo::Aceptar, entry(1, {"1", "1", "",  "1", "0", "1"}), Pressing("Command2")},
-        {"Form3EntryWithout30",           kEntryIncomplete, Estilo::Aceptar, entry(1, {"1", "1", "8", "",  "1", "1"}), Pressing("Command2")},
-        {"Form3EntryWithout15",           kEntryIncomplete, Estilo::Aceptar, entry(1, {"1", "1", "8", "1", "",  "1"}), Pressing("Command2")},
-        {"Form3EntryWithoutContaminants", kEntryIncomplete, Estilo::Aceptar, entry(1, {"1", "1", "8", "1", "0", "" }), Pressing("Command2")},
-        {"Form3EntryOfADayAbove",         kEntryIncoherent, Estilo::Aceptar, entry(1, {"2", "1", "8", "1", "0", "1"}), Pressing("Command2")},
-        {"Form3EntryOfATaskAbove",        kEntryIncoherent, Estilo::Aceptar, entry(3, {"3", "2", "8", "1", "0", "1"}), Pressing("Command2")},
-        {"Form3EntryWithAnotherSum",      kSumDiffers,      Estilo::Aceptar, entry(1, {"1", "1", "8", "3", "2", "4"}), Pressing("Command2")},
-        {"Form3Imprimir", PrintQuestion("Se imprimirá la pantalla"), Estilo::SiNo, At(ScreenId::Form3), Choosing("imprimir")},
-        {"Form3Salir", kLeave, Estilo::SiNoInformacionNo, At(ScreenId::Form3), Choosing("salir")},
+        {"Form3EntryWithoutDay",          kEntryIncomplete, MsgBoxStyle::Ok, entry(1, {"",  "1", "8", "1", "0", "1"}), Pressing("Command2")},
+        {"Form3EntryWithoutTask",         kEntryIncomplete, MsgBoxStyle::Ok, entry(1, {"1", "",  "8", "1", "0", "1"}), Pressing("Command2")},
+        {"Form3EntryWithoutHours",        kEntryIncomplete, MsgBoxStyle::Ok, entry(1, {"1", "1", "",  "1", "0", "1"}), Pressing("Command2")},
+        {"Form3EntryWithout30",           kEntryIncomplete, MsgBoxStyle::Ok, entry(1, {"1", "1", "8", "",  "1", "1"}), Pressing("Command2")},
+        {"Form3EntryWithout15",           kEntryIncomplete, MsgBoxStyle::Ok, entry(1, {"1", "1", "8", "1", "",  "1"}), Pressing("Command2")},
+        {"Form3EntryWithoutContaminants", kEntryIncomplete, MsgBoxStyle::Ok, entry(1, {"1", "1", "8", "1", "0", "" }), Pressing("Command2")},
+        {"Form3EntryOfADayAbove",         kEntryIncoherent, MsgBoxStyle::Ok, entry(1, {"2", "1", "8", "1", "0", "1"}), Pressing("Command2")},
+        {"Form3EntryOfATaskAbove",        kEntryIncoherent, MsgBoxStyle::Ok, entry(3, {"3", "2", "8", "1", "0", "1"}), Pressing("Command2")},
+        {"Form3EntryWithAnotherSum",      kSumDiffers,      MsgBoxStyle::Ok, entry(1, {"1", "1", "8", "3", "2", "4"}), Pressing("Command2")},
+        {"Form3Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form3), Choosing("imprimir")},
+        {"Form3Salir", kLeave, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("salir")},
     };
 }
 
@@ -203,74 +203,74 @@ std::vector<Message> MessagesOfForm4() {
     };
     const auto above = [](MessageTest& test) { test.OpenWithTaskAbove(); };
     return {
-        {"Form4Command1WithoutTask", kNoTask, Estilo::Aceptar, At(ScreenId::Form4), Pressing("Command1")},
-        {"Form4Command3WithoutTask", kNoTask, Estilo::Aceptar, At(ScreenId::Form4), Pressing("Command3")},
-        {"Form4PickOfATaskAbove", kTaskAboveOnPick, Estilo::Aceptar,
+        {"Form4Command1WithoutTask", kNoTask, MsgBoxStyle::Ok, At(ScreenId::Form4), Pressing("Command1")},
+        {"Form4Command3WithoutTask", kNoTask, MsgBoxStyle::Ok, At(ScreenId::Form4), Pressing("Command3")},
+        {"Form4PickOfATaskAbove", kTaskAboveOnPick, MsgBoxStyle::Ok,
          [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form4); }, Picking("Combo1", "2")},
-        {"Form4PickWithoutPlan", kTaskAboveOnPick, Estilo::Aceptar, At(ScreenId::Form4), Picking("Combo1", "1")},
-        {"Form4Command1OfATaskAbove", kTaskAbove, Estilo::Aceptar, above, Pressing("Command1")},
-        {"Form4Command3OfATaskAbove", kTaskAbove, Estilo::Aceptar, above, Pressing("Command3")},
-        {"Form4NameMissing",    kRowsIncomplete, Estilo::Aceptar, rows([](auto& t) { t.robot.Retype("Text1(6)", ""); }), Pressing("Command1")},
-        {"Form4VlaEdMissing",   kRowsIncomplete, Estilo::Aceptar, rows([](auto& t) { t.robot.Retype("Text1(7)", ""); }), Pressing("Command1")},
-        {"Form4VlaEcMissing",   kRowsIncomplete, Estilo::Aceptar, rows([](auto& t) { t.robot.Retype("Text1(3)", ""); }), Pressing("Command1")},
-        {"Form4RowsJustOpened", kRowsIncomplete, Estilo::Aceptar,
+        {"Form4PickWithoutPlan", kTaskAboveOnPick, MsgBoxStyle::Ok, At(ScreenId::Form4), Picking("Combo1", "1")},
+        {"Form4Command1OfATaskAbove", kTaskAbove, MsgBoxStyle::Ok, above, Pressing("Command1")},
+        {"Form4Command3OfATaskAbove", kTaskAbove, MsgBoxStyle::Ok, above, Pressing("Command3")},
+        {"Form4NameMissing",    kRowsIncomplete, MsgBoxStyle::Ok, rows([](auto& t) { t.robot.Retype("Text1(6)", ""); }), Pressing("Command1")},
+        {"Form4VlaEdMissing",   kRowsIncomplete, MsgBoxStyle::Ok, rows([](auto& t) { t.robot.Retype("Text1(7)", ""); }), Pressing("Command1")},
+        {"Form4VlaEcMissing",   kRowsIncomplete, MsgBoxStyle::Ok, rows([](auto& t) { t.robot.Retype("Text1(3)", ""); }), Pressing("Command1")},
+        {"Form4RowsJustOpened", kRowsIncomplete, MsgBoxStyle::Ok,
          [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form4); test.robot.Pick("Combo1", "1"); }, Pressing("Command1")},
-        {"Form4UnitMissing", kRowsIncomplete, Estilo::Aceptar,
+        {"Form4UnitMissing", kRowsIncomplete, MsgBoxStyle::Ok,
          [](MessageTest& test) { test.SetPlan(1, 1, 1); test.record.Unidades(1, 1) = ""; test.Open(ScreenId::Form4);
                                  test.robot.Pick("Combo1", "1"); test.robot.Press("Command3"); }, Pressing("Command1")},
-        {"Form4SamplingTimeMissing", kRowsIncomplete, Estilo::Aceptar,
+        {"Form4SamplingTimeMissing", kRowsIncomplete, MsgBoxStyle::Ok,
          [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form4); test.robot.Pick("Combo1", "1");
                                  test.robot.Type("Text1(1)", "a"); test.robot.Type("Text1(2)", "1"); test.robot.Type("Text1(3)", "1");
                                  test.robot.Type("Text1(4)", "0"); test.robot.Pick("Combo13(0)", "ppm"); }, Pressing("Command1")},
-        {"Form4Imprimir", PrintQuestion("Se imprimirá pantalla"), Estilo::SiNo, At(ScreenId::Form4), Choosing("imprimir")},
-        {"Form4Salir", kLeave, Estilo::SiNoInformacion, At(ScreenId::Form4), Choosing("salir")},
+        {"Form4Imprimir", PrintQuestion("Se imprimirá pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form4), Choosing("imprimir")},
+        {"Form4Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form4), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm5() {
     const auto one_day = [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form5); };
-    const auto at = [](int tareas, std::function<void(MessageTest&)> change) {
-        return [=](MessageTest& test) { test.OpenSheetAtLastTask(tareas); change(test); };
+    const auto at = [](int tasks, std::function<void(MessageTest&)> change) {
+        return [=](MessageTest& test) { test.OpenSheetAtLastTask(tasks); change(test); };
     };
     return {
-        {"Form5FirstDayWithoutPlan",    kIncoherentDay, Estilo::Aceptar, At(ScreenId::Form5), Choosing("introducirdatos", "introprimero")},
-        {"Form5RecoverWithoutPlan",     kIncoherentDay, Estilo::Aceptar, At(ScreenId::Form5), Choosing("recuperar", "recupprimerdia")},
-        {"Form5SecondDayAbove",         kIncoherentDay, Estilo::Aceptar, one_day, Choosing("introducirdatos", "introsegundo")},
-        {"Form5ThirdDayAbove",          kIncoherentDay, Estilo::Aceptar, one_day, Choosing("introducirdatos", "introtercero")},
-        {"Form5RecoverSecondDayAbove",  kIncoherentDay, Estilo::Aceptar, one_day, Choosing("recuperar", "recupsegundodia")},
-        {"Form5RecoverThirdDayAbove",   kIncoherentDay, Estilo::Aceptar, one_day, Choosing("recuperar", "recuptercerdia")},
-        {"Form5Command1WithoutLimits", "No se dispone de datos relativos a los contaminantes ", Estilo::Aceptar,
+        {"Form5FirstDayWithoutPlan",    kIncoherentDay, MsgBoxStyle::Ok, At(ScreenId::Form5), Choosing("introducirdatos", "introprimero")},
+        {"Form5RecoverWithoutPlan",     kIncoherentDay, MsgBoxStyle::Ok, At(ScreenId::Form5), Choosing("recuperar", "recupprimerdia")},
+        {"Form5SecondDayAbove",         kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("introducirdatos", "introsegundo")},
+        {"Form5ThirdDayAbove",          kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("introducirdatos", "introtercero")},
+        {"Form5RecoverSecondDayAbove",  kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("recuperar", "recupsegundodia")},
+        {"Form5RecoverThirdDayAbove",   kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("recuperar", "recuptercerdia")},
+        {"Form5Command1WithoutLimits", "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok,
          at(1, [](auto& t) { t.Wipe(2); t.Wipe(3); }), Pressing("Command1")},
-        {"Form5Command2WithoutLimits", "No se dispone de datos relativos a los contaminantes ", Estilo::Aceptar,
+        {"Form5Command2WithoutLimits", "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.Wipe(110); t.Wipe(111); }), Pressing("Command2")},
-        {"Form5Command3WithoutLimits", "No se dispone de datos relativos a los contaminantes ", Estilo::Aceptar,
+        {"Form5Command3WithoutLimits", "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.Wipe(218); t.Wipe(219); }), Pressing("Command3")},
-        {"Form5Command1WithoutData", "No hay datos para operar", Estilo::Aceptar, at(1, [](auto&) {}), Pressing("Command1")},
-        {"Form5Command2WithoutData", " No hay datos para operar", Estilo::Aceptar,
+        {"Form5Command1WithoutData", "No hay datos para operar", MsgBoxStyle::Ok, at(1, [](auto&) {}), Pressing("Command1")},
+        {"Form5Command2WithoutData", " No hay datos para operar", MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.Wipe(7); t.Wipe(8); }), Pressing("Command2")},
-        {"Form5Command3WithoutData", " No hay datos para operar", Estilo::Aceptar,
+        {"Form5Command3WithoutData", " No hay datos para operar", MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.Wipe(7); t.Wipe(8); }), Pressing("Command3")},
-        {"Form5Command1WithOneSample", "No hay datos suficientes para operar ", Estilo::Aceptar,
+        {"Form5Command1WithOneSample", "No hay datos suficientes para operar ", MsgBoxStyle::Ok,
          at(1, [](auto& t) { t.robot.Type("Text1(7)", "5"); }), Pressing("Command1")},
-        {"Form5Command2WithOneSample", "No hay datos suficientes para operar ", Estilo::Aceptar,
+        {"Form5Command2WithOneSample", "No hay datos suficientes para operar ", MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.robot.Type("Text1(115)", "5"); }), Pressing("Command2")},
-        {"Form5Command3WithOneSample", "No hay datos suficientes para operar ", Estilo::Aceptar,
+        {"Form5Command3WithOneSample", "No hay datos suficientes para operar ", MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.robot.Type("Text1(223)", "5"); }), Pressing("Command3")},
-        {"Form5Command1WithAGap", "No deje espacios vacios", Estilo::Aceptar,
+        {"Form5Command1WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
          at(1, [](auto& t) { t.robot.Type("Text1(8)", "5"); t.robot.Type("Text1(9)", "5"); }), Pressing("Command1")},
-        {"Form5Command2WithAGap", "No deje espacios vacios", Estilo::Aceptar,
+        {"Form5Command2WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.robot.Type("Text1(115)", "0"); t.robot.Type("Text1(116)", "5"); }), Pressing("Command2")},
-        {"Form5Command3WithAGap", "No deje espacios vacios", Estilo::Aceptar,
+        {"Form5Command3WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.robot.Type("Text1(223)", "5"); t.robot.Type("Text1(228)", "5"); }), Pressing("Command3")},
-        {"Form5Imprimir", PrintQuestion("Se imprimirán todos los datos en pantalla"), Estilo::SiNo, At(ScreenId::Form5), Choosing("imprimir")},
-        {"Form5Salir", kLeave, Estilo::SiNoInformacion, At(ScreenId::Form5), Choosing("salir")},
+        {"Form5Imprimir", PrintQuestion("Se imprimirán todos los datos en pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form5), Choosing("imprimir")},
+        {"Form5Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form5), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm6() {
     return {
-        {"Form6Imprimir", PrintQuestion("Se imprimirán los resultados en  pantalla"), Estilo::SiNo, At(ScreenId::Form6), Choosing("imprimir")},
-        {"Form6Salir", kLeave, Estilo::SiNoInformacion, At(ScreenId::Form6), Choosing("salir")},
+        {"Form6Imprimir", PrintQuestion("Se imprimirán los resultados en  pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form6), Choosing("imprimir")},
+        {"Form6Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form6), Choosing("salir")},
     };
 }
 
@@ -293,8 +293,8 @@ TEST_P(EachMessageTest, ComesWithItsTextStyleAndTitleAndLeavesTheScreenWhereItIs
     const Message& message = GetParam();
     message.prepare(*this);
     const std::string before = robot.ScreenName();
-    const auto answer = message.estilo == Estilo::Aceptar ? QMessageBox::Ok : QMessageBox::No;
-    robot.ExpectBox(BoxOf(message.text, message.estilo, answer, message.title));
+    const auto answer = message.style == MsgBoxStyle::Ok ? QMessageBox::Ok : QMessageBox::No;
+    robot.ExpectBox(BoxOf(message.text, message.style, answer, message.title));
     message.last_step(robot);
     EXPECT_EQ(robot.ScreenName(), before);
 }
@@ -313,7 +313,7 @@ TEST_F(MessageTest, AYesToTheIncompletePlanMovesAllTheSame) {
          {std::pair{"contaminantes", "Form4"}, std::pair{"pagina5", "Form5"},
           std::pair{"resultadofinal", "Form6"}}) {
         Open(ScreenId::Form3);
-        robot.ExpectBox(BoxOf(kIncompletePlan, Estilo::SiNoInformacionNo, QMessageBox::Yes));
+        robot.ExpectBox(BoxOf(kIncompletePlan, MsgBoxStyle::YesNoInformationNo, QMessageBox::Yes));
         robot.Choose("continuar", entry);
         EXPECT_EQ(robot.ScreenName(), screen);
     }
@@ -324,7 +324,7 @@ TEST_F(MessageTest, AYesToRegresarGoesToTheStart) {
     robot.ExpectBox(
         BoxOf("Si regresa perderá todos los datos introducidos hasta el momento\n"
               "¿Está seguro de que quiere regresar?",
-              Estilo::SiNoInformacionNo, QMessageBox::Yes));
+              MsgBoxStyle::YesNoInformationNo, QMessageBox::Yes));
     robot.Choose("Regresar");
     EXPECT_EQ(robot.ScreenName(), "Form1");
 }
@@ -335,7 +335,7 @@ TEST_F(MessageTest, AYesToTheRestartClosesTheEntryRowAndTheGrid) {
     EXPECT_EQ(robot.Text("Command1"), " NO OPERATIVO");
     EXPECT_FALSE(robot.Enabled("Command1"));
     EXPECT_TRUE(robot.Visible("Text1(5)"));
-    robot.ExpectBox(BoxOf(kRestart, Estilo::SiNoPreguntaNo, QMessageBox::Yes, "Aviso"));
+    robot.ExpectBox(BoxOf(kRestart, MsgBoxStyle::YesNoQuestionNo, QMessageBox::Yes, "Aviso"));
     robot.Pick("Combo1(0)", "3");
     EXPECT_EQ(robot.Text("Command1"), "Validar");
     EXPECT_TRUE(robot.Enabled("Command1"));

@@ -240,8 +240,10 @@ protected:
     /// `Form2` and `Form3` default to No, the others to Yes.
     Robot::Box Question(QMessageBox::StandardButton answer) {
         const bool defaults_to_no = GetParam() == ScreenId::Form2 || GetParam() == ScreenId::Form3;
-        return BoxOf("¿Está seguro de que quiere salir?",
-                     defaults_to_no ? Estilo::SiNoInformacionNo : Estilo::SiNoInformacion, answer);
+        return BoxOf(
+            "¿Está seguro de que quiere salir?",
+            defaults_to_no ? MsgBoxStyle::YesNoInformationNo : MsgBoxStyle::YesNoInformation,
+            answer);
     }
 };
 
@@ -294,7 +296,7 @@ TEST_F(MoveTest, ClosingTheWindowBehindABoxDoesNothing) {
         window->close();
     };
     robot.ExpectBox(
-        BoxOf("¿Está seguro de que quiere salir?", Estilo::SiNoInformacion, QMessageBox::No));
+        BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Choose("salir");
     EXPECT_EQ(boxes, 1);
     EXPECT_TRUE(window->isVisible());

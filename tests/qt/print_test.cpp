@@ -57,7 +57,7 @@ protected:
         robot.ExpectBox(BoxOf(std::string(notice) +
                                   "\n¿Desea continuar?\n \nPulsar 'Si' no admite cancelación "
                                   "posterior",
-                              Estilo::SiNo, answer));
+                              MsgBoxStyle::YesNo, answer));
     }
 
     /// How many pages the file holds; 0 when there is none.

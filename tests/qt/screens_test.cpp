@@ -21,8 +21,8 @@ namespace {
 
 /// A colour number as the toolkit's: low byte red; the two system colours are those of the window.
 QColor Seen(Color color) {
-    if (color == kFondoDeVentana) return QColor(255, 255, 255);
-    if (color == kTextoDeVentana) return QColor(0x14, 0x1e, 0x2d);
+    if (color == kWindowBackground) return QColor(255, 255, 255);
+    if (color == kWindowText) return QColor(0x14, 0x1e, 0x2d);
     return QColor(static_cast<int>(color & 0xFFU), static_cast<int>(color >> 8U & 0xFFU),
                   static_cast<int>(color >> 16U & 0xFFU));
 }
@@ -50,10 +50,11 @@ protected:
         EXPECT_EQ(edit->property("Locked"), QVariant(cell->Locked));
         EXPECT_EQ(edit->isReadOnly(), cell->Locked);
         EXPECT_TRUE(edit->isEnabled());
-        const Color fore = cell->ForeColor == kTextoDeVentana ? row.look.fore : cell->ForeColor;
+        const Color fore = cell->ForeColor == kWindowText ? row.look.fore : cell->ForeColor;
         EXPECT_EQ(edit->palette().color(QPalette::Text), Seen(fore));
-        if (row.look.back != Look::kTransparente) {
-            const Color back = cell->BackColor == kFondoDeVentana ? row.look.back : cell->BackColor;
+        if (row.look.back != Look::kTransparent) {
+            const Color back =
+                cell->BackColor == kWindowBackground ? row.look.back : cell->BackColor;
             EXPECT_EQ(edit->palette().color(QPalette::Base), Seen(back));
         }
     }
@@ -78,8 +79,8 @@ protected:
         EXPECT_EQ(text->isVisible(), label->Visible);
         EXPECT_EQ(text->textFormat(), Qt::PlainText);
         EXPECT_EQ(text->palette().color(QPalette::WindowText), Seen(row.look.fore));
-        EXPECT_EQ(text->autoFillBackground(), row.look.back != Look::kTransparente);
-        if (row.look.back != Look::kTransparente) {
+        EXPECT_EQ(text->autoFillBackground(), row.look.back != Look::kTransparent);
+        if (row.look.back != Look::kTransparent) {
             EXPECT_EQ(text->palette().color(QPalette::Window), Seen(row.look.back));
         }
     }
@@ -194,7 +195,7 @@ TEST_P(ScreenOnWindowTest, EachCellListAndButtonIsSpoken) {
 TEST_P(ScreenOnWindowTest, NoTwoControlsThatTakeTheFocusAreSpokenAlike) {
     std::map<std::string, std::string> names;
     for (const Control& control : Shown().Controls()) {
-        if (control.row.tab == kSinTab) continue;
+        if (control.row.tab == kNoTab) continue;
         QWidget& widget = robot.Find(control.name);
         const std::string spoken =
             QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).toStdString();

@@ -155,7 +155,9 @@ TEST(ClockTimerTest, TheClockIsToldEveryMillisecond) {
     WithSeparator separator{"."};
     EvaluacionRecord record;
     CountingHost host;
-    ScreenChain chain([&](ScreenId id) { return MakeScreen(id, Entorno{record, chain, host}); });
+    ScreenChain chain([&](ScreenId id) {
+        return MakeScreen(id, Environment{record, chain, host});
+    });
     chain.Go(ScreenId::Form1);
     Window window(chain, host);
     host.Attach(window);

@@ -31,7 +31,7 @@ using TabOrderTest = EachScreenTest;
 TEST_P(TabOrderTest, NoTwoControlsHaveTheSamePlace) {
     std::map<int, std::string> places;
     for (const Control& control : chain.Current().Controls()) {
-        if (control.row.tab == kSinTab) continue;
+        if (control.row.tab == kNoTab) continue;
         const auto [other, is_new] = places.emplace(control.row.tab, control.name);
         EXPECT_TRUE(is_new) << control.name << " and " << other->second;
     }
@@ -41,7 +41,7 @@ TEST_P(TabOrderTest, TabGoesThroughAllVisibleControlsInTheirOrder) {
     ShowAll();
     std::map<int, std::string> places;
     for (const Control& control : chain.Current().Controls()) {
-        if (control.row.tab != kSinTab) places[control.row.tab] = control.name;
+        if (control.row.tab != kNoTab) places[control.row.tab] = control.name;
     }
     if (places.empty()) {
         EXPECT_EQ(GetParam(), ScreenId::Form1) << "only the splash has nothing to reach";

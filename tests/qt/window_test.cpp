@@ -39,16 +39,16 @@ void WindowTest::Open(ScreenId id) {
     robot.Act("opening a screen", [&] { window->Run([&] { chain.Go(id); }); });
 }
 
-void WindowTest::SetPlan(int jornadas, int tareas, int filas) {
-    record.NumJornadas = jornadas;
-    record.NumTareas = tareas;
-    for (int t = 1; t <= tareas; ++t) {
-        record.NumContaminantes(t) = filas;
-        for (int d = 1; d <= jornadas; ++d) {
+void WindowTest::SetPlan(int days, int tasks, int rows) {
+    record.NumJornadas = days;
+    record.NumTareas = tasks;
+    for (int t = 1; t <= tasks; ++t) {
+        record.NumContaminantes(t) = rows;
+        for (int d = 1; d <= days; ++d) {
             record.TiempoExposicion(d, t) = 8;
-            record.Muestras15(d, t) = filas;
+            record.Muestras15(d, t) = rows;
         }
-        for (int c = 1; c <= filas; ++c) {
+        for (int c = 1; c <= rows; ++c) {
             record.NombreContaminante(t, c) = "agente";
             record.VlaEd(t, c) = 100;
             record.VlaEc(t, c) = 200;
@@ -91,10 +91,10 @@ void EachScreenTest::ShowAll() {
     });
 }
 
-Robot::Box BoxOf(std::string text, Estilo estilo, QMessageBox::StandardButton answer,
+Robot::Box BoxOf(std::string text, MsgBoxStyle style, QMessageBox::StandardButton answer,
                  std::string title) {
     struct Style {
-        Estilo estilo;
+        MsgBoxStyle style;
         QMessageBox::StandardButtons buttons;
         QMessageBox::Icon icon;
         QMessageBox::StandardButton preset;
@@ -102,19 +102,19 @@ Robot::Box BoxOf(std::string text, Estilo estilo, QMessageBox::StandardButton an
     constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
     // clang-format off
     static const std::array<Style, 5> kStyles = {{
-        {Estilo::Aceptar,           QMessageBox::Ok, QMessageBox::NoIcon,      QMessageBox::Ok},
-        {Estilo::SiNo,              kYesNo,          QMessageBox::NoIcon,      QMessageBox::Yes},
-        {Estilo::SiNoInformacion,   kYesNo,          QMessageBox::Information, QMessageBox::Yes},
-        {Estilo::SiNoPreguntaNo,    kYesNo,          QMessageBox::Question,    QMessageBox::No},
-        {Estilo::SiNoInformacionNo, kYesNo,          QMessageBox::Information, QMessageBox::No},
+        {MsgBoxStyle::Ok,           QMessageBox::Ok, QMessageBox::NoIcon,      QMessageBox::Ok},
+        {MsgBoxStyle::YesNo,              kYesNo,          QMessageBox::NoIcon,      QMessageBox::Yes},
+        {MsgBoxStyle::YesNoInformation,   kYesNo,          QMessageBox::Information, QMessageBox::Yes},
+        {MsgBoxStyle::YesNoQuestionNo,    kYesNo,          QMessageBox::Question,    QMessageBox::No},
+        {MsgBoxStyle::YesNoInformationNo, kYesNo,          QMessageBox::Information, QMessageBox::No},
     }};
     // clang-format on
-    const auto style = std::ranges::find(kStyles, estilo, &Style::estilo);
+    const auto found = std::ranges::find(kStyles, style, &Style::style);
     return {.text = std::move(text),
             .answer = answer,
-            .icon = style->icon,
-            .buttons = style->buttons,
-            .preset = style->preset,
+            .icon = found->icon,
+            .buttons = found->buttons,
+            .preset = found->preset,
             .title = std::move(title)};
 }
 

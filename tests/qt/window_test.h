@@ -57,9 +57,9 @@ protected:
         return dynamic_cast<Form&>(chain.Current());
     }
 
-    /// A plan in which each task of each day has `filas` contaminants, all of them named, with
+    /// A plan in which each task of each day has `rows` contaminants, all of them named, with
     /// limits, sampling time 15 and a unit.
-    void SetPlan(int jornadas, int tareas, int filas);
+    void SetPlan(int days, int tasks, int rows);
 
     /// Gives the focus without a press of the mouse, which would open a list.
     void Focus(std::string_view control);
@@ -79,7 +79,7 @@ protected:
     int screens_made = 0;
     ScreenChain chain{[this](ScreenId id) {
         ++screens_made;
-        return MakeScreen(id, Entorno{record, chain, host});
+        return MakeScreen(id, Environment{record, chain, host});
     }};
     std::unique_ptr<Window> window;
     std::unique_ptr<Robot> driver;
@@ -101,7 +101,7 @@ protected:
 };
 
 /// The box that a style of the logic stands for.
-Robot::Box BoxOf(std::string text, Estilo estilo,
+Robot::Box BoxOf(std::string text, MsgBoxStyle style,
                  QMessageBox::StandardButton answer = QMessageBox::Ok,
                  std::string title = "Velmora");
 

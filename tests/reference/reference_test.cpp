@@ -60,7 +60,7 @@ const std::vector<Line>& DataSets() {
     return lines;
 }
 
-double Number(std::string_view text) { return LeerValor(text).Valor(); }
+double Number(std::string_view text) { return LeerValor(text).Value(); }
 
 /// What the table says of a column that stands within 1e-12 of a border: the text on the other
 /// side of the border, or "~" where every Double of this size is near one.
@@ -82,7 +82,7 @@ bool IsNearAThreshold(const Line& set, std::string_view column) {
 double Tolerance(const Line& set) { return 1e-14 * std::max(1.0, Number(set.at("gsd"))); }
 
 void ExpectClose(Doble value, const std::string& expected, double tolerance) {
-    EXPECT_NEAR(value.Valor(), Number(expected), tolerance * std::fabs(Number(expected)));
+    EXPECT_NEAR(value.Value(), Number(expected), tolerance * std::fabs(Number(expected)));
 }
 
 Muestras SamplesOf(const Line& set) {
@@ -94,7 +94,7 @@ Muestras SamplesOf(const Line& set) {
 
 constexpr int kC1 = 7;  ///< columns of `Text1`
 constexpr int kMmp = 13;
-constexpr int kIndice = 14;
+constexpr int kIndex = 14;
 constexpr int kMg = 16;
 constexpr int kGsd = 17;
 constexpr int kEcMas = 0;  ///< columns of `Text3`
@@ -122,7 +122,7 @@ protected:
             for (const char letter : text) {
                 KeyCode key = static_cast<unsigned char>(letter);
                 form.Text1_KeyPress(cell, key);
-                if (key != kTeclaRechazada) form.Text1(cell).Text += static_cast<char>(key);
+                if (key != kKeyRefused) form.Text1(cell).Text += static_cast<char>(key);
             }
             EXPECT_EQ(form.Text1(cell).Text, text);
             ++cell;
@@ -141,17 +141,17 @@ protected:
     /// outcome stands for; true when the row's cells are to be compared.
     bool PressThrough(const std::string& outcome) {
         if (outcome == "one usable sample") {
-            test::ExpectError(TipoError::OperacionNoValida, [&] { Push("Command1"); });
+            test::ExpectError(ErrorKind::InvalidOperation, [&] { Push("Command1"); });
             return false;
         }
         if (outcome == "mean too large") {
-            test::ExpectError(TipoError::Desbordamiento, [&] { Push("Command1"); });
+            test::ExpectError(ErrorKind::Overflow, [&] { Push("Command1"); });
             return false;
         }
         Push("Command1");
         Push("Command4");
         if (outcome == "mean shown as zero") {
-            test::ExpectError(TipoError::DivisionPorCero, [&] { Push("Command5"); });
+            test::ExpectError(ErrorKind::DivisionByZero, [&] { Push("Command5"); });
         } else {
             EXPECT_EQ(outcome, "shown");
             Push("Command5");
@@ -219,7 +219,7 @@ TEST_F(ReferenceTest, TheSheetShowsWhatTheIndependentProgramComputes) {
         TypeInto(set);
         if (!PressThrough(set.at("outcome"))) continue;
         ExpectText(set, "mmp", kMmp);
-        ExpectText(set, "indice", kIndice);
+        ExpectText(set, "indice", kIndex);
         const bool mg_as_told = ExpectText(set, "mg", kMg);
         const bool gsd_as_told = ExpectText(set, "gsd", kGsd);
         if (mg_as_told && gsd_as_told) {
@@ -247,12 +247,12 @@ TEST(ReferenceRoutines, GiveTheMeansAndDeviationsOfSixtyDigits) {
         SCOPED_TRACE(set.at("id") + ": " + set.at("samples"));
         EvaluacionRecord record;
         if (set.at("outcome") == "one usable sample") {
-            test::ExpectError(TipoError::OperacionNoValida,
+            test::ExpectError(ErrorKind::InvalidOperation,
                               [&] { MediaEstimada(record, SamplesOf(set), 1, 1, 1); });
             continue;
         }
         if (set.at("outcome") == "mean too large") {
-            test::ExpectError(TipoError::Desbordamiento,
+            test::ExpectError(ErrorKind::Overflow,
                               [&] { MediaEstimada(record, SamplesOf(set), 1, 1, 1); });
             continue;
         }
@@ -271,7 +271,7 @@ TEST(ReferenceRoutines, GiveTheClassOfUnroundedFigures) {
         if (set.at("raw_class").empty() || IsNearAThreshold(set, "raw_class")) continue;
         SCOPED_TRACE(set.at("id"));
         const Doble ratio = LeerValor(set.at("ec_mas")) / LeerValor(set.at("mg"));
-        EXPECT_EQ(ProbabilidadExceso(ratio, LeerValor(set.at("gsd"))).Valor(),
+        EXPECT_EQ(ProbabilidadExceso(ratio, LeerValor(set.at("gsd"))).Value(),
                   Number(set.at("raw_class")));
         ++compared;
     }
@@ -286,9 +286,9 @@ TEST(ReferenceLadder, TurnsAtEachThreshold) {
         SCOPED_TRACE(line.at("ratio") + ", rung " + line.at("rung"));
         const Doble ratio = LeerValor(line.at("ratio"));
         const Doble threshold = LeerValor(line.at("threshold"));
-        EXPECT_EQ(ProbabilidadExceso(ratio, threshold * (1 - 1e-9)).Valor(),
+        EXPECT_EQ(ProbabilidadExceso(ratio, threshold * (1 - 1e-9)).Value(),
                   Number(line.at("class_below")));
-        EXPECT_EQ(ProbabilidadExceso(ratio, threshold * (1 + 1e-9)).Valor(),
+        EXPECT_EQ(ProbabilidadExceso(ratio, threshold * (1 + 1e-9)).Value(),
                   Number(line.at("class_above")));
     }
 }

@@ -71,7 +71,7 @@ protected:
         for (const char letter : "\b" + std::string(text)) {
             KeyCode key = static_cast<unsigned char>(letter);
             if (control.events.KeyPress) control.events.KeyPress(key);
-            if (key != 0 && key != kRetroceso) cell.Text.push_back(static_cast<char>(key));
+            if (key != 0 && key != kBackspace) cell.Text.push_back(static_cast<char>(key));
         }
     }
 
@@ -80,7 +80,8 @@ protected:
         chain.Settle();
         chain.Go(ScreenId::Form3);
         if (record.NumJornadas != 0) {
-            host.ExpectBox(std::string(kRestart), Estilo::SiNoPreguntaNo, Respuesta::Si, "Aviso");
+            host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes,
+                           "Aviso");
         }
         Pick("Combo1(0)", days);
         Pick("Combo1(1)", tasks);
@@ -150,7 +151,7 @@ protected:
 
     /// The buttons of a day up to its conclusions.
     void PressAll() {
-        const int tasks = record.NumTareas.Valor();
+        const int tasks = record.NumTareas.Value();
         for (int task = 1; task <= tasks; ++task) Press("Command" + TextoEntero(task));
         Press("Command4");
         for (int task = 1; task <= tasks; ++task) Press("Command" + TextoEntero(4 + task));

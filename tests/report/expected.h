@@ -16,7 +16,7 @@ inline double ExpectedNumber(std::string_view name) {
     for (std::string line; std::getline(in, line);) {
         const std::size_t mark = line.find(';');
         if (line.substr(0, mark) != name) continue;
-        return NumeroCompleto(line.substr(mark + 1), ".").value();
+        return CompleteNumber(line.substr(mark + 1), ".").value();
     }
     throw std::runtime_error("reference.csv doesn't hold " + std::string(name));
 }

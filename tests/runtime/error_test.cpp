@@ -11,7 +11,7 @@ namespace {
 
 struct MessageCase {
     std::string_view name;
-    TipoError tipo;
+    ErrorKind kind;
     std::string_view sentence;
 };
 
@@ -20,35 +20,35 @@ void PrintTo(const MessageCase& c, std::ostream* out) { *out << c.name; }
 class ErrorMessageTest : public ::testing::TestWithParam<MessageCase> {};
 
 TEST_P(ErrorMessageTest, EachKindHasItsSpanishSentence) {
-    EXPECT_EQ(MensajeDe(GetParam().tipo), GetParam().sentence);
+    EXPECT_EQ(MessageOf(GetParam().kind), GetParam().sentence);
 }
 
 TEST_P(ErrorMessageTest, TheErrorCarriesItsKindAndItsSentence) {
-    const ErrorEjecucion error(GetParam().tipo);
-    EXPECT_EQ(error.Tipo(), GetParam().tipo);
+    const ErrorEjecucion error(GetParam().kind);
+    EXPECT_EQ(error.Kind(), GetParam().kind);
     EXPECT_EQ(std::string_view(error.what()), GetParam().sentence);
 }
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Kinds, ErrorMessageTest, ::testing::Values(
-    MessageCase{"Overflow",       TipoError::Desbordamiento,        "Error en tiempo de ejecución: desbordamiento."},
-    MessageCase{"DivisionByZero", TipoError::DivisionPorCero,       "Error en tiempo de ejecución: división por cero."},
-    MessageCase{"Invalid",        TipoError::OperacionNoValida,     "Error en tiempo de ejecución: operación aritmética no válida."},
-    MessageCase{"Argument",       TipoError::ArgumentoNoValido,     "Error en tiempo de ejecución: argumento no válido en una función."},
-    MessageCase{"Subscript",      TipoError::SubindiceFueraDeRango, "Error en tiempo de ejecución: subíndice fuera de rango."},
-    MessageCase{"Types",          TipoError::TiposNoCoinciden,      "Error en tiempo de ejecución: los tipos no coinciden."}),
+    MessageCase{"Overflow",       ErrorKind::Overflow,        "Error en tiempo de ejecución: desbordamiento."},
+    MessageCase{"DivisionByZero", ErrorKind::DivisionByZero,       "Error en tiempo de ejecución: división por cero."},
+    MessageCase{"Invalid",        ErrorKind::InvalidOperation,     "Error en tiempo de ejecución: operación aritmética no válida."},
+    MessageCase{"Argument",       ErrorKind::InvalidArgument,     "Error en tiempo de ejecución: argumento no válido en una función."},
+    MessageCase{"Subscript",      ErrorKind::SubscriptOutOfRange, "Error en tiempo de ejecución: subíndice fuera de rango."},
+    MessageCase{"Types",          ErrorKind::TypeMismatch,      "Error en tiempo de ejecución: los tipos no coinciden."}),
     [](const auto& test_case) { return std::string(test_case.param.name); });
 // clang-format on
 
 TEST(MensajeDeTest, AnUnknownKindIsNamedInGeneralWords) {
-    EXPECT_EQ(MensajeDe(static_cast<TipoError>(99)), "Error en tiempo de ejecución.");
+    EXPECT_EQ(MessageOf(static_cast<ErrorKind>(99)), "Error en tiempo de ejecución.");
 }
 
 TEST(IntentarTest, AStepThatFailsIsSkippedFromTheErrorOn) {
     std::string done;
     Intentar([&] {
         done += "before ";
-        throw ErrorEjecucion(TipoError::Desbordamiento);
+        throw ErrorEjecucion(ErrorKind::Overflow);
     });
     Intentar([&] { done += "next step"; });
     EXPECT_EQ(done, "before next step");
@@ -61,10 +61,10 @@ TEST(IntentarTest, AStepThatSucceedsIsDoneOnce) {
 }
 
 TEST(IntentarTest, PassesOverEveryKindOfRunTimeError) {
-    for (const auto tipo : {TipoError::Desbordamiento, TipoError::DivisionPorCero,
-                            TipoError::OperacionNoValida, TipoError::ArgumentoNoValido,
-                            TipoError::SubindiceFueraDeRango, TipoError::TiposNoCoinciden}) {
-        EXPECT_NO_THROW(Intentar([&] { throw ErrorEjecucion(tipo); })) << MensajeDe(tipo);
+    for (const auto kind :
+         {ErrorKind::Overflow, ErrorKind::DivisionByZero, ErrorKind::InvalidOperation,
+          ErrorKind::InvalidArgument, ErrorKind::SubscriptOutOfRange, ErrorKind::TypeMismatch}) {
+        EXPECT_NO_THROW(Intentar([&] { throw ErrorEjecucion(kind); })) << MessageOf(kind);
     }
 }
 

@@ -12,26 +12,26 @@ namespace {
 constexpr std::string_view kSeguraDecima =
     "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
 constexpr std::string_view kSegura = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA";
-constexpr std::string_view kDosDiasMas = "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS";
+constexpr std::string_view kTwoDaysMore = "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS";
 constexpr std::string_view kSeContinua = "SE CONTINUA  CON EL PLAN DE MEDICIONES";
 constexpr std::string_view kFinalizado = "PLAN DE MEDICIONES FINALIZADO";
 constexpr std::string_view kInaceptable =
     "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN";
-constexpr std::string_view kBaja = " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
+constexpr std::string_view kLow = " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
 constexpr std::string_view kIncertidumbre =
     " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS";
-constexpr std::string_view kAlta = "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
+constexpr std::string_view kHigh = "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
 
-constexpr Color kRojoDe30 = 250;
-constexpr Color kRojoDe15 = 255;
+constexpr Color kRedOf30 = 250;
+constexpr Color kRedOf15 = 255;
 
 class ConclusionsTest : public SheetTest {
 protected:
     void SetUp() override { form.DiaActual = 1; }
 
-    void SetIndexes(int row, std::string_view indice, std::string_view indic_mas) {
-        Cell(row, kIndice).Text = indice;
-        Cell(row, kIndicMas).Text = indic_mas;
+    void SetIndexes(int row, std::string_view index, std::string_view indic_mas) {
+        Cell(row, kIndex).Text = index;
+        Cell(row, kCombinedIndex).Text = indic_mas;
     }
 
     void SetLimits(int row, std::string_view tm, std::string_view ed, std::string_view ec) {
@@ -45,7 +45,7 @@ protected:
         std::vector<std::string> names;
         for (int i = 0; i < 324; ++i) {
             const TextCell& cell = form.Text1(i);
-            if (cell.BackColor != kFondoDeVentana || cell.ForeColor != kTextoDeVentana) {
+            if (cell.BackColor != kWindowBackground || cell.ForeColor != kWindowText) {
                 names.push_back(Indexed("Text1", i));
             }
         }
@@ -89,7 +89,7 @@ TEST_F(ConclusionsTest, EachOfThe18RowsCountsInBothColumns) {
 TEST_F(ConclusionsTest, TheOtherColumnsAreNoIndexes) {
     for (int row = 1; row <= 18; ++row) {
         for (int column = 0; column < 18; ++column) {
-            if (column != kIndice && column != kIndicMas) Cell(row, column).Text = "9";
+            if (column != kIndex && column != kCombinedIndex) Cell(row, column).Text = "9";
         }
         for (int column = 0; column < 4; ++column) Cell3(row, column).Text = "9";
     }
@@ -150,7 +150,7 @@ TEST_F(ConclusionsTest, A30MinuteSampleAtThreeTimesTheDailyLimitIsOver) {
     SetLimits(1, "30", "10", "");
     SetSamples(1, {"29.99", "30"});
     form.Command8_Click();
-    ExpectMark(1, kC1 + 1, kRojoDe30);
+    ExpectMark(1, kC1 + 1, kRedOf30);
 }
 
 TEST_F(ConclusionsTest, A30MinuteSampleBelowThreeTimesTheDailyLimitIsNot) {
@@ -165,14 +165,14 @@ TEST_F(ConclusionsTest, A15MinuteSampleOverItsShortLimitIsMarkedWithTheOtherRed)
     SetLimits(1, "15", "100", "5");
     SetSamples(1, {"7"});
     form.Command8_Click();
-    ExpectMark(1, kC1, kRojoDe15);
+    ExpectMark(1, kC1, kRedOf15);
 }
 
 TEST_F(ConclusionsTest, A15MinuteSampleAtItsShortLimitIsOver) {
     SetLimits(1, "15", "0.1", "5");
     SetSamples(1, {"4.99", "4.99", "5"});
     form.Command8_Click();
-    ExpectMark(1, kC1 + 2, kRojoDe15);
+    ExpectMark(1, kC1 + 2, kRedOf15);
 }
 
 TEST_F(ConclusionsTest, A30MinuteHitAnywhereOnTheSheetComesBeforeThe15MinuteOnes) {
@@ -181,7 +181,7 @@ TEST_F(ConclusionsTest, A30MinuteHitAnywhereOnTheSheetComesBeforeThe15MinuteOnes
     SetLimits(18, "30", "10", "");
     SetSamples(18, {"1", "1", "1", "1", "1", "31"});
     form.Command8_Click();
-    ExpectMark(18, kC6, kRojoDe30);
+    ExpectMark(18, kC6, kRedOf30);
 }
 
 TEST_F(ConclusionsTest, TheSearchEndsAtTheFirstSampleFound) {
@@ -192,11 +192,11 @@ TEST_F(ConclusionsTest, TheSearchEndsAtTheFirstSampleFound) {
     SetLimits(10, "30", "10", "");
     SetSamples(10, {"1", "1"});
     form.Command8_Click();
-    ExpectMark(4, kC1, kRojoDe30);
+    ExpectMark(4, kC1, kRedOf30);
 }
 
 TEST_F(ConclusionsTest, EachCellOfEachRowCanBeTheOneFound) {
-    for (const auto& [tm, red] : {std::pair{"30", kRojoDe30}, std::pair{"15", kRojoDe15}}) {
+    for (const auto& [tm, red] : {std::pair{"30", kRedOf30}, std::pair{"15", kRedOf15}}) {
         for (int row = 1; row <= 18; ++row) {
             for (int column = kC1; column <= kC6; ++column) {
                 form.limpia(1);
@@ -204,8 +204,8 @@ TEST_F(ConclusionsTest, EachCellOfEachRowCanBeTheOneFound) {
                 Cell(row, column).Text = "6";
                 form.Command8_Click();
                 ExpectMark(row, column, red);
-                Cell(row, column).BackColor = kFondoDeVentana;
-                Cell(row, column).ForeColor = kTextoDeVentana;
+                Cell(row, column).BackColor = kWindowBackground;
+                Cell(row, column).ForeColor = kWindowText;
             }
         }
     }
@@ -214,7 +214,7 @@ TEST_F(ConclusionsTest, EachCellOfEachRowCanBeTheOneFound) {
 TEST_F(ConclusionsTest, TheFiguresBesideTheMeasurementsAreNoSamples) {
     SetLimits(1, "30", "10", "");
     SetSamples(1, {"1", "1", "1", "1", "1", "1"});
-    Cell(1, kAditivo).Text = "90";
+    Cell(1, kAdditive).Text = "90";
     Cell(1, kMmp).Text = "90.";
     form.Command8_Click();
     EXPECT_EQ(form.Text7.Text, "NO");
@@ -224,10 +224,10 @@ TEST_F(ConclusionsTest, TheFiguresBesideTheMeasurementsAreNoSamples) {
 TEST_F(ConclusionsTest, WithoutItsLimitTheFirstCellOfARowIsOverEvenIfEmpty) {
     SetLimits(2, "15", "10", "");
     form.Command8_Click();
-    ExpectMark(2, kC1, kRojoDe15);
+    ExpectMark(2, kC1, kRedOf15);
     SetLimits(3, "30", "", "10");
     form.Command8_Click();
-    EXPECT_EQ(Cell(3, kC1).BackColor, kRojoDe30);
+    EXPECT_EQ(Cell(3, kC1).BackColor, kRedOf30);
     EXPECT_EQ(form.Text7.Text, "SI");
 }
 
@@ -251,7 +251,7 @@ TEST_F(ConclusionsTest, AMarkStaysWhenTheValueIsCorrectedUntilItsTaskIsValidated
     Choose("introprimero");
     SetSamples(1, {"31", "2"});
     form.Command8_Click();
-    ExpectMark(1, kC1, kRojoDe30);
+    ExpectMark(1, kC1, kRedOf30);
     SetSamples(1, {"3", "2"});
     form.Command8_Click();
     EXPECT_EQ(form.Text7.Text, "NO");
@@ -269,29 +269,29 @@ TEST_F(ConclusionsTest, AMarkStaysWhenTheValueIsCorrectedUntilItsTaskIsValidated
 // ------------------------------------------------------------------------------------- verdicts
 
 struct IndexVerdict {
-    std::string_view indice;
-    std::array<std::string_view, 3> por_dia;
+    std::string_view index;
+    std::array<std::string_view, 3> per_day;
 };
 
 constexpr std::array<IndexVerdict, 8> kIndexVerdicts = {{
     {"", {kSeguraDecima, kSeguraDecima, kSegura}},
     {"0.05", {kSeguraDecima, kSeguraDecima, kSegura}},
     {"0.1", {kSeguraDecima, kSeguraDecima, kSegura}},
-    {"0.1001", {kDosDiasMas, kSeContinua, kFinalizado}},
-    {"0.5", {kDosDiasMas, kSeContinua, kFinalizado}},
-    {"1", {kDosDiasMas, kSeContinua, kFinalizado}},
+    {"0.1001", {kTwoDaysMore, kSeContinua, kFinalizado}},
+    {"0.5", {kTwoDaysMore, kSeContinua, kFinalizado}},
+    {"1", {kTwoDaysMore, kSeContinua, kFinalizado}},
     {"1.01", {kInaceptable, kInaceptable, kInaceptable}},
     {"250", {kInaceptable, kInaceptable, kInaceptable}},
 }};
 
 TEST_F(ConclusionsTest, TheVerdictOnTheIndexDependsOnItsClassAndOnTheDay) {
     for (const IndexVerdict& verdict : kIndexVerdicts) {
-        for (int dia = 1; dia <= 3; ++dia) {
-            form.DiaActual = dia;
-            SetIndexes(1, verdict.indice, "");
+        for (int day = 1; day <= 3; ++day) {
+            form.DiaActual = day;
+            SetIndexes(1, verdict.index, "");
             form.Command8_Click();
-            EXPECT_EQ(form.Text5.Text, verdict.por_dia.at(static_cast<std::size_t>(dia - 1)))
-                << verdict.indice << " on day " << dia;
+            EXPECT_EQ(form.Text5.Text, verdict.per_day.at(static_cast<std::size_t>(day - 1)))
+                << verdict.index << " on day " << day;
         }
     }
 }
@@ -301,22 +301,22 @@ struct ProbabilityVerdict {
     std::string_view sentence;
 };
 
-constexpr std::array<ProbabilityVerdict, 11> kProbabilityVerdicts = {{{"", kBaja},
-                                                                      {"0", kBaja},
-                                                                      {"0.001", kBaja},
-                                                                      {"0.01", kBaja},
-                                                                      {"0.1", kBaja},
+constexpr std::array<ProbabilityVerdict, 11> kProbabilityVerdicts = {{{"", kLow},
+                                                                      {"0", kLow},
+                                                                      {"0.001", kLow},
+                                                                      {"0.01", kLow},
+                                                                      {"0.1", kLow},
                                                                       {"0.11", kIncertidumbre},
                                                                       {"1", kIncertidumbre},
                                                                       {"5", kIncertidumbre},
-                                                                      {"5.01", kAlta},
-                                                                      {"50", kAlta},
-                                                                      {"384", kAlta}}};
+                                                                      {"5.01", kHigh},
+                                                                      {"50", kHigh},
+                                                                      {"384", kHigh}}};
 
 TEST_F(ConclusionsTest, TheVerdictOnTheProbabilityIsTheSameOnAllDays) {
     for (const ProbabilityVerdict& verdict : kProbabilityVerdicts) {
-        for (int dia = 1; dia <= 3; ++dia) {
-            form.DiaActual = dia;
+        for (int day = 1; day <= 3; ++day) {
+            form.DiaActual = day;
             Cell3(7, kProb).Text = verdict.probabilidad;
             form.Command8_Click();
             EXPECT_EQ(form.Text6.Text, verdict.sentence) << verdict.probabilidad;
@@ -332,7 +332,7 @@ TEST_F(ConclusionsTest, TheVerdictGoesByTheNumberInHandAndNotByItsText) {
     SetIndexes(1, "0.1000000000000001", "");
     form.Command8_Click();
     EXPECT_EQ(form.Text2.Text, "0.1");
-    EXPECT_EQ(form.Text5.Text, kDosDiasMas);
+    EXPECT_EQ(form.Text5.Text, kTwoDaysMore);
 }
 
 TEST_F(ConclusionsTest, AnEmptySheetIsClosedLikeAnyOther) {
@@ -340,7 +340,7 @@ TEST_F(ConclusionsTest, AnEmptySheetIsClosedLikeAnyOther) {
     EXPECT_EQ(form.Text2.Text, "0");
     EXPECT_EQ(form.Text4.Text, "0");
     EXPECT_EQ(form.Text5.Text, kSeguraDecima);
-    EXPECT_EQ(form.Text6.Text, kBaja);
+    EXPECT_EQ(form.Text6.Text, kLow);
     EXPECT_EQ(form.Text7.Text, "");
     EXPECT_EQ(record.HojaPrimerDia(397), "0");
 }
@@ -349,7 +349,7 @@ TEST_F(ConclusionsTest, ThePlanOfDaysIsNotLookedAt) {
     record.NumJornadas = 1;
     SetIndexes(1, ".5", "");
     form.Command8_Click();
-    EXPECT_EQ(form.Text5.Text, kDosDiasMas);
+    EXPECT_EQ(form.Text5.Text, kTwoDaysMore);
     record.NumJornadas = 0;
     form.DiaActual = 3;
     form.Command8_Click();
@@ -361,33 +361,33 @@ TEST_F(ConclusionsTest, ThePlanOfDaysIsNotLookedAt) {
 
 class SnapshotTest : public ConclusionsTest, public ::testing::WithParamInterface<int> {
 protected:
-    HojaDelDia& Slot(int dia) {
-        return dia == 1 ? record.HojaPrimerDia
-                        : (dia == 2 ? record.HojaSegundoDia : record.HojaTercerDia);
+    DaySheet& Slot(int day) {
+        return day == 1 ? record.HojaPrimerDia
+                        : (day == 2 ? record.HojaSegundoDia : record.HojaTercerDia);
     }
 };
 
 INSTANTIATE_TEST_SUITE_P(Days, SnapshotTest, ::testing::Values(1, 2, 3),
-                         [](const auto& tested) { return "Day" + Cifras(tested.param); });
+                         [](const auto& tested) { return "Day" + Digits(tested.param); });
 
 TEST_P(SnapshotTest, EachEntryHoldsTheTextOfItsCellAsItStood) {
-    for (int i = 0; i < 324; ++i) form.Text1(i).Text = " t" + Cifras(i) + " ";
-    for (int i = 0; i < 72; ++i) form.Text3(i).Text = " r" + Cifras(i) + " ";
+    for (int i = 0; i < 324; ++i) form.Text1(i).Text = " t" + Digits(i) + " ";
+    for (int i = 0; i < 72; ++i) form.Text3(i).Text = " r" + Digits(i) + " ";
     form.Text7.Text = "?";
     form.DiaActual = GetParam();
     const EvaluacionRecord before = record;
     form.Command8_Click();
-    const HojaDelDia& slot = Slot(GetParam());
-    for (int i = 0; i < 324; ++i) EXPECT_EQ(slot(i + 1), " t" + Cifras(i) + " ");
-    for (int i = 0; i < 72; ++i) EXPECT_EQ(slot(i + 325), " r" + Cifras(i) + " ");
+    const DaySheet& slot = Slot(GetParam());
+    for (int i = 0; i < 324; ++i) EXPECT_EQ(slot(i + 1), " t" + Digits(i) + " ");
+    for (int i = 0; i < 72; ++i) EXPECT_EQ(slot(i + 325), " r" + Digits(i) + " ");
     EXPECT_EQ(slot(397), "0");
     EXPECT_EQ(slot(398), "0");
     EXPECT_EQ(slot(399), GetParam() == 3 ? kSegura : kSeguraDecima);
-    EXPECT_EQ(slot(400), kBaja);
+    EXPECT_EQ(slot(400), kLow);
     EXPECT_EQ(slot(401), "?");
-    for (int dia = 1; dia <= 3; ++dia) {
-        if (dia != GetParam()) {
-            EXPECT_TRUE(Slot(dia) == HojaDelDia{}) << dia;
+    for (int day = 1; day <= 3; ++day) {
+        if (day != GetParam()) {
+            EXPECT_TRUE(Slot(day) == DaySheet{}) << day;
         }
     }
     EXPECT_TRUE(record.MG == before.MG && record.DatosEmpresa == before.DatosEmpresa);
@@ -420,7 +420,7 @@ TEST_P(SnapshotTest, RecuperaBringsBackWhatWasValidated) {
     for (const TextCell& cell : form.Text3) again.push_back(cell.Text);
     EXPECT_EQ(again, texts);
     EXPECT_EQ(form.Text2.Text, "0.5");
-    EXPECT_EQ(form.Text6.Text, kAlta);
+    EXPECT_EQ(form.Text6.Text, kHigh);
 }
 
 // ---------------------------------------------------------------------------------- final table
@@ -428,15 +428,15 @@ TEST_P(SnapshotTest, RecuperaBringsBackWhatWasValidated) {
 TEST_P(SnapshotTest, TheIndexesAndProbabilitiesGoToTheColumnsOfTheDay) {
     form.DiaActual = GetParam();
     for (int row = 1; row <= 18; ++row) {
-        SetIndexes(row, "99", "." + Cifras(row + 10));
-        Cell3(row, kProb).Text = Cifras(row) + ".0";
+        SetIndexes(row, "99", "." + Digits(row + 10));
+        Cell3(row, kProb).Text = Digits(row) + ".0";
     }
     form.Command8_Click();
     for (int row = 1; row <= 18; ++row) {
         for (int column = 1; column <= 9; ++column) {
             std::string expected;
-            if (column == GetParam() + 2) expected = "0." + Cifras(row + 10);
-            if (column == GetParam() + 6) expected = Cifras(row);
+            if (column == GetParam() + 2) expected = "0." + Digits(row + 10);
+            if (column == GetParam() + 6) expected = Digits(row);
             if (expected == "0.20") expected = "0.2";
             EXPECT_EQ(record.HojaFinal(row, column), expected) << row << ", " << column;
         }
@@ -466,8 +466,8 @@ TEST_P(SnapshotTest, AnEmptyCellLeavesItsElementOfTheTable) {
 // --------------------------------------------------------------------------- the press as a whole
 
 TEST_F(ConclusionsTest, WithoutADayTheAnswersAreWrittenAndNothingElse) {
-    for (const int dia : {0, 4, -1}) {
-        form.DiaActual = dia;
+    for (const int day : {0, 4, -1}) {
+        form.DiaActual = day;
         form.Text5.Text = "antes";
         form.Text6.Text = "antes";
         form.Text7.Text = "";
@@ -480,7 +480,7 @@ TEST_F(ConclusionsTest, WithoutADayTheAnswersAreWrittenAndNothingElse) {
         EXPECT_EQ(form.Text7.Text, "NO");
         EXPECT_EQ(form.Text5.Text, "antes");
         EXPECT_EQ(form.Text6.Text, "antes");
-        EXPECT_TRUE(record == EvaluacionRecord{}) << dia;
+        EXPECT_TRUE(record == EvaluacionRecord{}) << day;
     }
 }
 
@@ -497,7 +497,7 @@ TEST_F(ConclusionsTest, TouchesTheFiveAnswersAndTheMarkAndNothingElseOfTheSheet)
 TEST_F(ConclusionsTest, AnIndexTooLargeForADoubleEndsTheProgramWithNothingWritten) {
     SetIndexes(1, "1E+999", "");
     const auto before = StateOf(form);
-    ExpectError(TipoError::Desbordamiento, [&] { form.Command8_Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { form.Command8_Click(); });
     EXPECT_THAT(Changed(before, form), IsEmpty());
     EXPECT_TRUE(record == EvaluacionRecord{});
 }
@@ -513,7 +513,7 @@ TEST_F(ConclusionsTest, UnderACommaAnIndexOfAHalfReadsAsNothing) {
     EXPECT_EQ(form.Text5.Text, kSeguraDecima);
     EXPECT_EQ(record.HojaFinal(1, 3), "0");
     EXPECT_EQ(record.HojaFinal(1, 7), "0");
-    EXPECT_EQ(record.HojaPrimerDia(Index(1, kIndice) + 1), ",5") << "as it stood";
+    EXPECT_EQ(record.HojaPrimerDia(Index(1, kIndex) + 1), ",5") << "as it stood";
 }
 
 TEST_F(ConclusionsTest, UnderACommaTheAnswersAreWrittenWithIt) {
@@ -523,18 +523,18 @@ TEST_F(ConclusionsTest, UnderACommaTheAnswersAreWrittenWithIt) {
     form.Command8_Click();
     EXPECT_EQ(form.Text2.Text, "0,5");
     EXPECT_EQ(form.Text4.Text, "0,25");
-    EXPECT_EQ(form.Text5.Text, kDosDiasMas);
+    EXPECT_EQ(form.Text5.Text, kTwoDaysMore);
     EXPECT_EQ(record.HojaFinal(1, 7), "0,25");
 }
 
 // ------------------------------------------------------------------------- a routine that is kept
 
 TEST_F(ConclusionsTest, IndiceFinal_CopiesTheIndexOfEachRowWhoseGroupIsItsNumberLessOne) {
-    for (int row = 1; row <= 18; ++row) SetIndexes(row, "." + Cifras(row), "9");
-    Cell(1, kAditivo).Text = "0";
-    Cell(2, kAditivo).Text = "1";
-    Cell(3, kAditivo).Text = "3";
-    Cell(9, kAditivo).Text = "8.0";
+    for (int row = 1; row <= 18; ++row) SetIndexes(row, "." + Digits(row), "9");
+    Cell(1, kAdditive).Text = "0";
+    Cell(2, kAdditive).Text = "1";
+    Cell(3, kAdditive).Text = "3";
+    Cell(9, kAdditive).Text = "8.0";
     form.IndiceFinal(4);
     EvaluacionRecord expected;
     expected.HojaFinal(5, 1) = "0.1";
@@ -549,29 +549,29 @@ TEST_F(ConclusionsTest, IndiceFinal_AnEmptyGroupReadsAsTheFirstRowsNumber) {
 }
 
 TEST_F(ConclusionsTest, IndiceFinal_TheSecondSubscriptReachesNineOnly) {
-    Cell(10, kAditivo).Text = "9";
+    Cell(10, kAdditive).Text = "9";
     SetIndexes(1, ".5", "");
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.IndiceFinal(2); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.IndiceFinal(2); });
     EXPECT_EQ(record.HojaFinal(3, 1), "0.5") << "the rows before it are written";
 }
 
 TEST_F(ConclusionsTest, IndiceFinal_EachRowBehindTheNinthIsLookedAtAndFails) {
     for (int row = 10; row <= 18; ++row) {
         form.limpia(1);
-        Cell(row, kAditivo).Text = Cifras(row - 1);
-        ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.IndiceFinal(2); });
+        Cell(row, kAdditive).Text = Digits(row - 1);
+        ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.IndiceFinal(2); });
     }
 }
 
 TEST_F(ConclusionsTest, IndiceFinal_TheFirstSubscriptReaches18Only) {
     form.IndiceFinal(17);
     EXPECT_EQ(record.HojaFinal(18, 1), "0");
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.IndiceFinal(18); });
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.IndiceFinal(-1); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.IndiceFinal(18); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.IndiceFinal(-1); });
 }
 
 TEST_F(ConclusionsTest, IndiceFinal_WithNoMatchDoesNothing) {
-    Cell(1, kAditivo).Text = "1";
+    Cell(1, kAdditive).Text = "1";
     form.IndiceFinal(30);
     EXPECT_TRUE(record == EvaluacionRecord{});
 }

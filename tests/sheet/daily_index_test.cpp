@@ -13,17 +13,17 @@ protected:
     void SetUp() override { form.DiaActual = 1; }
 
     /// The group and the index of a row, as texts.
-    void SetRow(int row, std::string_view aditivo, std::string_view indice) {
-        Cell(row, kAditivo).Text = aditivo;
-        Cell(row, kIndice).Text = indice;
+    void SetRow(int row, std::string_view group, std::string_view index) {
+        Cell(row, kAdditive).Text = group;
+        Cell(row, kIndex).Text = index;
     }
 
-    std::string IndicMas(int row) { return Cell(row, kIndicMas).Text; }
+    std::string CombinedIndex(int row) { return Cell(row, kCombinedIndex).Text; }
 
     /// The texts of the column Indic.+ from the first row to this one.
     std::vector<std::string> IndicMasTo(int last) {
         std::vector<std::string> texts;
-        for (int row = 1; row <= last; ++row) texts.push_back(IndicMas(row));
+        for (int row = 1; row <= last; ++row) texts.push_back(CombinedIndex(row));
         return texts;
     }
 
@@ -39,9 +39,9 @@ protected:
 // ------------------------------------------------------------------------------ without a group
 
 TEST_F(DailyIndexTest, WithoutGroupsEachRowShowsItsIndexAsItStands) {
-    for (int row = 1; row <= 18; ++row) SetRow(row, "0", "." + Cifras(row));
+    for (int row = 1; row <= 18; ++row) SetRow(row, "0", "." + Digits(row));
     form.Command4_Click();
-    for (int row = 1; row <= 18; ++row) EXPECT_EQ(IndicMas(row), "." + Cifras(row));
+    for (int row = 1; row <= 18; ++row) EXPECT_EQ(CombinedIndex(row), "." + Digits(row));
 }
 
 TEST_F(DailyIndexTest, TheIndexIsCopiedWithoutAConversion) {
@@ -59,10 +59,10 @@ TEST_F(DailyIndexTest, IndexesWithoutAGroupAreNeverSummed) {
 TEST_F(DailyIndexTest, OldTextsOfTheColumnAreCleared) {
     for (int row = 1; row <= 18; ++row) {
         SetRow(row, "30", "1.");  // a group that no later step writes
-        Cell(row, kIndicMas).Text = "9";
+        Cell(row, kCombinedIndex).Text = "9";
     }
     form.Command4_Click();
-    for (int row = 1; row <= 18; ++row) EXPECT_EQ(IndicMas(row), "") << row;
+    for (int row = 1; row <= 18; ++row) EXPECT_EQ(CombinedIndex(row), "") << row;
 }
 
 // -------------------------------------------------------------------------------------- groups
@@ -86,7 +86,7 @@ TEST_F(DailyIndexTest, AGroupNumberedOtherwiseKeepsItsSumOnItsFirstRow) {
 TEST_F(DailyIndexTest, AGroupOfOneEndsEmpty) {
     SetRow(2, "2", ".45");
     form.Command4_Click();
-    EXPECT_EQ(IndicMas(2), "");
+    EXPECT_EQ(CombinedIndex(2), "");
 }
 
 TEST_F(DailyIndexTest, AGroupWhoseOtherMembersHaveNoIndexIsEmptiedAndSpreadsAZero) {
@@ -106,19 +106,19 @@ TEST_F(DailyIndexTest, AGroupRunsAcrossTheThreeTasks) {
     SetRow(7, "1", ".2");
     SetRow(18, "1", ".4");
     form.Command4_Click();
-    EXPECT_EQ(IndicMas(1), "0.7");
-    EXPECT_EQ(IndicMas(7), "0.7");
-    EXPECT_EQ(IndicMas(18), "0.7");
+    EXPECT_EQ(CombinedIndex(1), "0.7");
+    EXPECT_EQ(CombinedIndex(7), "0.7");
+    EXPECT_EQ(CombinedIndex(18), "0.7");
 }
 
 TEST_F(DailyIndexTest, EachNumberUpTo20IsSummedAndNoHigherOne) {
     for (int k = 1; k <= 22; ++k) {
         form.limpia(1);
-        SetRow(16, Cifras(k), ".4");
-        SetRow(17, Cifras(k), ".5");
+        SetRow(16, Digits(k), ".4");
+        SetRow(17, Digits(k), ".5");
         form.Command4_Click();
-        EXPECT_EQ(IndicMas(16), k <= 20 ? "0.9" : "") << k;
-        EXPECT_EQ(IndicMas(17), k == 16 ? "0.9" : "") << k;  // spread from its own row alone
+        EXPECT_EQ(CombinedIndex(16), k <= 20 ? "0.9" : "") << k;
+        EXPECT_EQ(CombinedIndex(17), k == 16 ? "0.9" : "") << k;  // spread from its own row alone
     }
 }
 
@@ -146,9 +146,9 @@ TEST_F(DailyIndexTest, AMemberWithTheGroupsNumberBehindTheFirstSpreadsItsOwnEmpt
     SetRow(5, "5", ".1");
     SetRow(8, "5", ".2");
     form.Command4_Click();
-    EXPECT_EQ(IndicMas(2), "0.7");
-    EXPECT_EQ(IndicMas(5), "");
-    EXPECT_EQ(IndicMas(8), "0");
+    EXPECT_EQ(CombinedIndex(2), "0.7");
+    EXPECT_EQ(CombinedIndex(5), "");
+    EXPECT_EQ(CombinedIndex(8), "0");
 }
 
 TEST_F(DailyIndexTest, SeveralGroupsAreKeptApart) {
@@ -163,15 +163,15 @@ TEST_F(DailyIndexTest, TheRunningSumLivesInTheCellAsTextOfFifteenDigits) {
     SetRow(2, "1", ".4");
     SetRow(3, "1", ".4");
     form.Command4_Click();
-    EXPECT_EQ(IndicMas(1), "");
-    EXPECT_EQ(IndicMas(3), "0");
+    EXPECT_EQ(CombinedIndex(1), "");
+    EXPECT_EQ(CombinedIndex(3), "0");
 }
 
 TEST_F(DailyIndexTest, SumsAreWrittenWithoutRoundingToTwoDecimals) {
     SetRow(1, "1", "0.123");
     SetRow(2, "1", "0.0004");
     form.Command4_Click();
-    EXPECT_EQ(IndicMas(1), "0.1234");
+    EXPECT_EQ(CombinedIndex(1), "0.1234");
 }
 
 // ------------------------------------------------------------- C2 and C3 of the sheet's first row
@@ -218,7 +218,7 @@ TEST_F(DailyIndexTest, EqualSamplesOfTheOtherRowsStay) {
 }
 
 TEST_F(DailyIndexTest, TheSampleIsLostEvenIfEveryRowHasAGroupOfItsOwn) {
-    for (int row = 1; row <= 18; ++row) SetRow(row, Cifras(row), ".1");
+    for (int row = 1; row <= 18; ++row) SetRow(row, Digits(row), ".1");
     SetSamples(1, {"2", "3", "3"});  // the numbers 19 and 20 are matched by no row
     form.Command4_Click();
     EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
@@ -241,21 +241,21 @@ TEST_F(DailyIndexTest, ALaterValidationSeesTheChangedRow) {
 // ---------------------------------------------------------------------------------- MG and GSD
 
 TEST_F(DailyIndexTest, All18RowsShowTheMeanAndDeviationThatTheRecordHoldsForTheDay) {
-    for (int dia = 1; dia <= 3; ++dia) {
+    for (int day = 1; day <= 3; ++day) {
         for (int tarea = 1; tarea <= 3; ++tarea) {
             for (int c = 1; c <= 6; ++c) {
-                record.MG(dia, tarea, c) = 100 * dia + 10 * tarea + c + 0.126;
-                record.GSD(dia, tarea, c) = 100 * dia + 10 * tarea + c + 0.5;
+                record.MG(day, tarea, c) = 100 * day + 10 * tarea + c + 0.126;
+                record.GSD(day, tarea, c) = 100 * day + 10 * tarea + c + 0.5;
             }
         }
     }
-    for (int dia = 1; dia <= 3; ++dia) {
-        form.DiaActual = dia;
+    for (int day = 1; day <= 3; ++day) {
+        form.DiaActual = day;
         form.Command4_Click();
         for (int row = 1; row <= 18; ++row) {
-            const int n = 100 * dia + 10 * ((row - 1) / 6 + 1) + (row - 1) % 6 + 1;
-            EXPECT_EQ(Cell(row, kMg).Text, Cifras(n) + ".13");
-            EXPECT_EQ(Cell(row, kGsd).Text, Cifras(n) + ".5");
+            const int n = 100 * day + 10 * ((row - 1) / 6 + 1) + (row - 1) % 6 + 1;
+            EXPECT_EQ(Cell(row, kMg).Text, Digits(n) + ".13");
+            EXPECT_EQ(Cell(row, kGsd).Text, Digits(n) + ".5");
         }
     }
 }
@@ -281,7 +281,7 @@ TEST_F(DailyIndexTest, OpensCommand5AndTouchesNothingElseThanItsThreeColumns) {
     const auto before = StateOf(form);
     const EvaluacionRecord record_before = record;
     form.Command4_Click();
-    std::vector<std::string> expected = {Name(1, kIndicMas), "Command5"};
+    std::vector<std::string> expected = {Name(1, kCombinedIndex), "Command5"};
     for (int row = 1; row <= 18; ++row) {
         expected.push_back(Name(row, kMg));
         expected.push_back(Name(row, kGsd));
@@ -315,26 +315,26 @@ TEST_F(DailyIndexTest, ASecondPressFollowsChangedGroups) {
 // -------------------------------------------------------------------------------- run-time errors
 
 TEST_F(DailyIndexTest, ASumTooLargeEndsTheProgramWithTheColumnsBehindItUntouched) {
-    Cell(1, kIndicMas).Text = "9";
+    Cell(1, kCombinedIndex).Text = "9";
     SetRow(1, "0", ".5");
     SetRow(2, "1", "1E+308");
     SetRow(3, "1", "1E+308");
-    ExpectError(TipoError::Desbordamiento, [&] { form.Command4_Click(); });
-    EXPECT_EQ(IndicMas(1), "") << "cleared, not copied yet";
-    EXPECT_EQ(IndicMas(2), "1E+308");
+    ExpectError(ErrorKind::Overflow, [&] { form.Command4_Click(); });
+    EXPECT_EQ(CombinedIndex(1), "") << "cleared, not copied yet";
+    EXPECT_EQ(CombinedIndex(2), "1E+308");
     EXPECT_EQ(Cell(1, kMg).Text, "");
     EXPECT_FALSE(form.Command5.Visible || form.Command5.Enabled);
 }
 
 TEST_F(DailyIndexTest, ADayOutsideTheRecordEndsTheProgramWithTheSumsWritten) {
-    for (const int dia : {0, 4}) {
+    for (const int day : {0, 4}) {
         form.limpia(1);
-        form.DiaActual = dia;
+        form.DiaActual = day;
         SetRow(1, "1", ".5");
         SetRow(2, "1", ".25");
         SetRow(3, "0", ".1");
         SetSamples(1, {"2", "3", "3"});
-        ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command4_Click(); });
+        ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command4_Click(); });
         EXPECT_THAT(IndicMasTo(3), ElementsAre("0.75", "", ""));
         EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
         EXPECT_EQ(Cell(1, kMg).Text, "");

@@ -11,17 +11,17 @@
 namespace velmora::test {
 namespace {
 
-constexpr std::string_view kDiaIncoherente =
+constexpr std::string_view kIncoherentDay =
     " El número de día seleccionado no es coherente con los datos introducidos";
 
-constexpr std::string_view kTituloDelPrimerDia =
+constexpr std::string_view kFirstDayTitle =
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS: PRIMER DIA ";
-constexpr std::string_view kTituloDelSegundoDia =
+constexpr std::string_view kSecondDayTitle =
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : SEGUNDO DIA";
-constexpr std::string_view kTituloDelTercerDia =
+constexpr std::string_view kThirdDayTitle =
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : TERCER DIA";
 
-constexpr std::array<std::string_view, 8> kRestoDeConclusiones = {
+constexpr std::array<std::string_view, 8> kRestOfConclusions = {
     "Label1", "Label2", "Label4", "Text2", "Text4", "Text5", "Text6", "Text7"};
 
 bool IsShown(const Form5& form, std::string_view name) {
@@ -196,8 +196,8 @@ TEST_F(SheetLayoutTest, AnElementThatAnArrayOfControlsLacksIsASubscriptError) {
     const auto expect_bounds = [](auto& controls, int last) {
         EXPECT_NO_THROW(controls(0));
         EXPECT_NO_THROW(controls(last));
-        ExpectError(TipoError::SubindiceFueraDeRango, [&] { controls(-1); });
-        ExpectError(TipoError::SubindiceFueraDeRango, [&] { controls(last + 1); });
+        ExpectError(ErrorKind::SubscriptOutOfRange, [&] { controls(-1); });
+        ExpectError(ErrorKind::SubscriptOutOfRange, [&] { controls(last + 1); });
     };
     expect_bounds(form.Text1, 323);
     expect_bounds(form.Text3, 71);
@@ -225,15 +225,15 @@ TEST_F(SheetLayoutTest, TheHeadingsOfTheMeasurementsAreWhiteOnRed) {
 
 TEST_F(SheetLayoutTest, TheOtherHeadingsAreDarkOnPaleColours) {
     const auto brightness = [](Color color) {
-        if (color == kTextoDeVentana) return 0U;
-        if (color == kFondoDeVentana) return 255U;
+        if (color == kWindowText) return 0U;
+        if (color == kWindowBackground) return 255U;
         return (299U * (color & 0xFFU) + 587U * (color >> 8U & 0xFFU) +
                 114U * (color >> 16U & 0xFFU)) /
                1000U;
     };
     const auto expect_dark_on_pale = [&](const std::string& name) {
         const Look& look = LookOf(name);
-        EXPECT_NE(look.back, Look::kTransparente) << name;
+        EXPECT_NE(look.back, Look::kTransparent) << name;
         EXPECT_LT(brightness(look.fore), 110U) << name;
         EXPECT_GT(brightness(look.back), 180U) << name;
     };
@@ -249,7 +249,7 @@ TEST_F(SheetLayoutTest, TabRunsThroughTheMeasurementsRowByRowAndOnlyThenThroughT
     for (int i = 0; i < 324; ++i) {
         const std::string name = Indexed("Text1", i);
         const int tab = form.FindControl(name)->row.tab;
-        ASSERT_NE(tab, kSinTab) << name;
+        ASSERT_NE(tab, kNoTab) << name;
         stops.emplace_back(tab, name);
     }
     std::ranges::sort(stops);
@@ -267,7 +267,7 @@ TEST_F(SheetLayoutTest, TabRunsThroughTheMeasurementsRowByRowAndOnlyThenThroughT
 TEST_F(SheetLayoutTest, NoTwoControlsShareAPlaceInTheTabOrder) {
     std::vector<int> tabs;
     for (const Control& control : form.Controls()) {
-        if (control.row.tab != kSinTab) tabs.push_back(control.row.tab);
+        if (control.row.tab != kNoTab) tabs.push_back(control.row.tab);
     }
     std::ranges::sort(tabs);
     EXPECT_EQ(std::ranges::adjacent_find(tabs), tabs.end());
@@ -307,7 +307,7 @@ constexpr std::array kSpokenOthers = {
 TEST_F(SheetLayoutTest, EachCellIsSpokenByItsTaskItsContaminantAndItsColumn) {
     for (int row = 1; row <= 18; ++row) {
         const std::string place =
-            "Tarea " + Cifras((row + 5) / 6) + ", contaminante " + Cifras((row - 1) % 6 + 1) + ", ";
+            "Tarea " + Digits((row + 5) / 6) + ", contaminante " + Digits((row - 1) % 6 + 1) + ", ";
         for (int column = 0; column < 18; ++column) {
             EXPECT_EQ(form.FindControl(Name(row, column))->spoken,
                       place + std::string(kSpokenColumns.at(static_cast<std::size_t>(column))));
@@ -397,7 +397,7 @@ TEST_F(SheetTest, Limpia_HidesTheHeadingsAndHidesAndDisablesTheEightButtons) {
 TEST_F(SheetTest, Limpia_HidesTheConclusionAreaAndKeepsTheTextOfItsFiveCells) {
     Scribble();
     form.limpia(1);
-    for (const std::string_view name : kRestoDeConclusiones) {
+    for (const std::string_view name : kRestOfConclusions) {
         EXPECT_FALSE(IsShown(form, name)) << name;
     }
     // Only hidden: neither text nor lock nor colours are touched.
@@ -434,18 +434,18 @@ TEST_F(SheetTest, Limpia_TouchesNeitherTheRecordNorTheDayNorTheCaption) {
 
 struct DayEntry {
     std::string_view entry;
-    int dia;
+    int day;
     std::string_view caption;
 };
 
 void PrintTo(const DayEntry& entry, std::ostream* out) { *out << entry.entry; }
 
-constexpr std::array<DayEntry, 6> kDayEntries = {{{"introprimero", 1, kTituloDelPrimerDia},
-                                                  {"introsegundo", 2, kTituloDelSegundoDia},
-                                                  {"introtercero", 3, kTituloDelTercerDia},
-                                                  {"recupprimerdia", 1, kTituloDelPrimerDia},
-                                                  {"recupsegundodia", 2, kTituloDelSegundoDia},
-                                                  {"recuptercerdia", 3, kTituloDelTercerDia}}};
+constexpr std::array<DayEntry, 6> kDayEntries = {{{"introprimero", 1, kFirstDayTitle},
+                                                  {"introsegundo", 2, kSecondDayTitle},
+                                                  {"introtercero", 3, kThirdDayTitle},
+                                                  {"recupprimerdia", 1, kFirstDayTitle},
+                                                  {"recupsegundodia", 2, kSecondDayTitle},
+                                                  {"recuptercerdia", 3, kThirdDayTitle}}};
 
 class DayEntryTest : public SheetTest, public ::testing::WithParamInterface<DayEntry> {};
 
@@ -453,16 +453,16 @@ TEST_P(DayEntryTest, SetsTheCaptionOfItsDayAndTheDay) {
     SetPlan(3, 1, 2);
     Choose(GetParam().entry);
     EXPECT_EQ(form.Caption, GetParam().caption);
-    EXPECT_EQ(form.DiaActual, GetParam().dia);
+    EXPECT_EQ(form.DiaActual, GetParam().day);
 }
 
 TEST_P(DayEntryTest, WithoutAPlanRefusesEveryDayWithTheMessageOnABlankSheet) {
     Scribble();
-    host.ExpectBox(std::string(kDiaIncoherente));
+    host.ExpectBox(std::string(kIncoherentDay));
     std::string while_shown;
     host.on_box = [&] {
         while_shown = form.Caption;
-        EXPECT_EQ(form.DiaActual, GetParam().dia);
+        EXPECT_EQ(form.DiaActual, GetParam().day);
         EXPECT_FALSE(form.Text1(0).Visible);
         EXPECT_EQ(form.Text1(0).Text, "");
         EXPECT_THAT(OpenButtons(form), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
@@ -470,21 +470,21 @@ TEST_P(DayEntryTest, WithoutAPlanRefusesEveryDayWithTheMessageOnABlankSheet) {
     Choose(GetParam().entry);
     EXPECT_EQ(while_shown, GetParam().caption) << "the title bar names the refused day";
     EXPECT_EQ(form.Caption, GetParam().caption);
-    EXPECT_EQ(form.DiaActual, GetParam().dia);
+    EXPECT_EQ(form.DiaActual, GetParam().day);
 }
 
 TEST_P(DayEntryTest, OnAPlanOfOneDayRefusesTheOtherDays) {
     SetPlan(1, 1, 2);
-    if (GetParam().dia > 1) host.ExpectBox(std::string(kDiaIncoherente));
+    if (GetParam().day > 1) host.ExpectBox(std::string(kIncoherentDay));
     Choose(GetParam().entry);
-    EXPECT_EQ(form.Command1.Visible, GetParam().dia == 1);
-    EXPECT_EQ(form.Text1(0).Visible, GetParam().dia == 1);
+    EXPECT_EQ(form.Command1.Visible, GetParam().day == 1);
+    EXPECT_EQ(form.Text1(0).Visible, GetParam().day == 1);
     EXPECT_EQ(form.Caption, GetParam().caption);
 }
 
 TEST_P(DayEntryTest, ANegativeNumberOfDaysRefusesEveryDay) {
     SetPlan(-1, 1, 2);
-    host.ExpectBox(std::string(kDiaIncoherente));
+    host.ExpectBox(std::string(kIncoherentDay));
     Choose(GetParam().entry);
     EXPECT_FALSE(form.Command1.Visible);
 }
@@ -499,7 +499,7 @@ TEST_P(DayEntryTest, APlanWithoutTasksLeavesABlankSheetWithoutAMessage) {
         }
     }
     EXPECT_THAT(OpenButtons(form), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
-    EXPECT_EQ(form.DiaActual, GetParam().dia);
+    EXPECT_EQ(form.DiaActual, GetParam().day);
 }
 
 TEST_P(DayEntryTest, ChangesNothingOfTheRecord) {
@@ -524,7 +524,7 @@ protected:
         for (int t = 1; t <= 3; ++t) {
             record.NumContaminantes(t) = 1;  // not consulted for the rows
             for (int c = 1; c <= 6; ++c) {
-                record.NombreContaminante(t, c) = " agente " + Cifras(10 * t + c) + " ";
+                record.NombreContaminante(t, c) = " agente " + Digits(10 * t + c) + " ";
                 record.VlaEd(t, c) = 10 * t + c + 0.5;
                 record.VlaEc(t, c) = c == 1 ? 0 : 100 * t + c;
                 record.Unidades(t, c) = c % 2 == 0 ? "ppm" : "mg/m3";
@@ -535,20 +535,20 @@ protected:
     }
 
     /// The rows of the three tasks on a day; half of them, rounded down, of 30 minutes.
-    void SetDay(int dia, const std::array<int, 3>& filas) {
+    void SetDay(int day, const std::array<int, 3>& rows) {
         for (int t = 1; t <= 3; ++t) {
-            const int n = filas.at(static_cast<std::size_t>(t - 1));
-            record.Muestras30(dia, t) = n / 2;
-            record.Muestras15(dia, t) = n - n / 2;
+            const int n = rows.at(static_cast<std::size_t>(t - 1));
+            record.Muestras30(day, t) = n / 2;
+            record.Muestras15(day, t) = n - n / 2;
         }
     }
 
     /// Each task shows its first n rows, with the plan's texts, and C1 to C6 open.
-    void ExpectLaidOut(const std::array<int, 3>& filas) {
+    void ExpectLaidOut(const std::array<int, 3>& rows) {
         for (int row = 1; row <= 18; ++row) {
             const int t = (row - 1) / 6 + 1;
             const int c = (row - 1) % 6 + 1;
-            const bool in_use = c <= filas.at(static_cast<std::size_t>(t - 1));
+            const bool in_use = c <= rows.at(static_cast<std::size_t>(t - 1));
             for (int column = 0; column < 18; ++column) {
                 const bool measurement = column >= kC1 && column <= kC6;
                 const TextCell expected{.Text = in_use ? PlanText(t, c, column) : "",
@@ -578,20 +578,20 @@ protected:
 
     static std::string PlanText(int t, int c, int column) {
         switch (column) {
-            case kNumero:
-                return Cifras(c);
-            case kNombre:
-                return " agente " + Cifras(10 * t + c) + " ";
+            case kNumber:
+                return Digits(c);
+            case kName:
+                return " agente " + Digits(10 * t + c) + " ";
             case kEd:
-                return Cifras(10 * t + c) + ".5";
+                return Digits(10 * t + c) + ".5";
             case kEc:
-                return c == 1 ? "0" : Cifras(100 * t + c);
+                return c == 1 ? "0" : Digits(100 * t + c);
             case kUnidad:
                 return c % 2 == 0 ? "ppm" : "mg/m3";
             case kTm:
                 return c % 2 == 0 ? "30" : "15";
-            case kAditivo:
-                return Cifras(c - 1);
+            case kAdditive:
+                return Digits(c - 1);
             default:
                 return "";
         }
@@ -666,7 +666,7 @@ TEST_F(IntroTest, OpensCommand1AndNoOtherButton) {
     Scribble();
     Choose("introprimero");
     EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 0));
-    for (const std::string_view name : kRestoDeConclusiones) {
+    for (const std::string_view name : kRestOfConclusions) {
         EXPECT_FALSE(IsShown(form, name)) << name;
     }
 }
@@ -717,7 +717,7 @@ TEST_F(IntroTest, WithoutLimpiaBeforeItRowsThatFellAwayAreEmptiedAndHiddenButNot
     SetDay(1, {2, 0, 0});
     form.intro(1);
     EXPECT_EQ(Cell(3, kC1), (TextCell{.Text = "", .Visible = false, .Locked = false}));
-    EXPECT_EQ(Cell(3, kNumero), (TextCell{.Text = "", .Visible = false, .Locked = true}));
+    EXPECT_EQ(Cell(3, kNumber), (TextCell{.Text = "", .Visible = false, .Locked = true}));
     EXPECT_EQ(Cell3(3, kEcMas), (TextCell{.Text = "", .Visible = false, .Locked = true}));
     EXPECT_EQ(Cell(2, kC1), (TextCell{.Text = "", .Visible = true, .Locked = false}));
 }
@@ -757,13 +757,13 @@ TEST_F(IntroTest, WithoutLimpiaBeforeItATaskThatFellAwayStaysAsItIs) {
     const auto before = StateOf(form);
     form.intro(1);
     EXPECT_THAT(Changed(before, form), IsEmpty());
-    EXPECT_TRUE(Cell(8, kNumero).Visible);
+    EXPECT_TRUE(Cell(8, kNumber).Visible);
 }
 
 TEST_F(IntroTest, ARefusedDayIsBlankedByIntroItself) {
     record.NumJornadas = 2;
     Scribble();
-    host.ExpectBox(std::string(kDiaIncoherente));
+    host.ExpectBox(std::string(kIncoherentDay));
     form.intro(3);
     EXPECT_EQ(Cell(1, kC1).Text, "");
     EXPECT_FALSE(Cell(1, kC1).Visible);
@@ -772,10 +772,10 @@ TEST_F(IntroTest, ARefusedDayIsBlankedByIntroItself) {
 
 TEST_F(IntroTest, SevenSamplesEndInASubscriptErrorAtTheSeventhContaminant) {
     SetDay(1, {7, 0, 0});
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("introprimero"); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Choose("introprimero"); });
     // Shown by then: the first seven rows, of which the seventh is the second task's first.
     EXPECT_TRUE(Cell(7, kGsd).Visible);
-    EXPECT_FALSE(Cell(8, kNumero).Visible);
+    EXPECT_FALSE(Cell(8, kNumber).Visible);
     EXPECT_TRUE(Cell3(7, kProb).Visible);
     EXPECT_EQ(Openness(form.Command1), 2);
     EXPECT_FALSE(form.Label7(55).Visible) << "the second task isn't begun";
@@ -783,8 +783,8 @@ TEST_F(IntroTest, SevenSamplesEndInASubscriptErrorAtTheSeventhContaminant) {
 
 TEST_F(IntroTest, SevenSamplesInTheThirdTaskRunOffTheSheet) {
     SetDay(1, {1, 1, 7});
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("introprimero"); });
-    EXPECT_EQ(Cell(7, kNombre).Text, " agente 21 ") << "the second task was filled";
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Choose("introprimero"); });
+    EXPECT_EQ(Cell(7, kName).Text, " agente 21 ") << "the second task was filled";
     EXPECT_TRUE(Cell(18, kGsd).Visible);
     EXPECT_FALSE(Cell3(13, kEcMas).Visible) << "the right-hand grid wasn't reached";
 }
@@ -801,18 +801,18 @@ TEST_F(IntroTest, ANegativeNumberOfSamplesShowsNoRows) {
 TEST_F(IntroTest, SamplesThatAddUpBeyondAnIntegerOverflow) {
     record.Muestras15(1, 1) = 32767;
     record.Muestras30(1, 1) = 1;
-    ExpectError(TipoError::Desbordamiento, [&] { Choose("introprimero"); });
+    ExpectError(ErrorKind::Overflow, [&] { Choose("introprimero"); });
 }
 
 TEST_F(IntroTest, AFourthDayOfAPlanOfFourEndsInASubscriptErrorWithCommand1Open) {
     record.NumJornadas = 4;
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.intro(4); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.intro(4); });
     EXPECT_EQ(form.DiaActual, 4);
     EXPECT_EQ(Openness(form.Command1), 2);
 }
 
 TEST_F(IntroTest, DayZeroIsNotRefusedAndEndsInASubscriptError) {
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.intro(0); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.intro(0); });
     EXPECT_EQ(form.DiaActual, 0);
 }
 
@@ -827,8 +827,8 @@ TEST_F(IntroTest, APlanOfFourDaysServesTheThreeOfTheMenu) {
 
 class RecuperaTest : public SheetTest {
 protected:
-    static std::string EntryText(int dia, int entry) {
-        return "día " + Cifras(dia) + " " + Cifras(entry);
+    static std::string EntryText(int day, int entry) {
+        return "día " + Digits(day) + " " + Digits(entry);
     }
 
     /// Fills the slots of the three days with texts that tell day and entry.
@@ -841,20 +841,20 @@ protected:
         }
     }
 
-    void ExpectSlot(int dia) {
-        for (int i = 0; i < 324; ++i) EXPECT_EQ(form.Text1(i).Text, EntryText(dia, i + 1)) << i;
-        for (int i = 0; i < 72; ++i) EXPECT_EQ(form.Text3(i).Text, EntryText(dia, i + 325)) << i;
-        EXPECT_EQ(form.Text2.Text, EntryText(dia, 397));
-        EXPECT_EQ(form.Text4.Text, EntryText(dia, 398));
-        EXPECT_EQ(form.Text5.Text, EntryText(dia, 399));
-        EXPECT_EQ(form.Text6.Text, EntryText(dia, 400));
-        EXPECT_EQ(form.Text7.Text, EntryText(dia, 401));
+    void ExpectSlot(int day) {
+        for (int i = 0; i < 324; ++i) EXPECT_EQ(form.Text1(i).Text, EntryText(day, i + 1)) << i;
+        for (int i = 0; i < 72; ++i) EXPECT_EQ(form.Text3(i).Text, EntryText(day, i + 325)) << i;
+        EXPECT_EQ(form.Text2.Text, EntryText(day, 397));
+        EXPECT_EQ(form.Text4.Text, EntryText(day, 398));
+        EXPECT_EQ(form.Text5.Text, EntryText(day, 399));
+        EXPECT_EQ(form.Text6.Text, EntryText(day, 400));
+        EXPECT_EQ(form.Text7.Text, EntryText(day, 401));
     }
 
     /// Each task shows its first n rows; C1 to C6 of them are open, and of no other row.
-    void ExpectRows(const std::array<int, 3>& filas) {
+    void ExpectRows(const std::array<int, 3>& rows) {
         for (int row = 1; row <= 18; ++row) {
-            const bool in_use = (row - 1) % 6 < filas.at(static_cast<std::size_t>((row - 1) / 6));
+            const bool in_use = (row - 1) % 6 < rows.at(static_cast<std::size_t>((row - 1) / 6));
             for (int column = 0; column < 18; ++column) {
                 const bool measurement = column >= kC1 && column <= kC6;
                 EXPECT_EQ(Cell(row, column).Visible, in_use) << Name(row, column);
@@ -941,7 +941,7 @@ TEST_F(RecuperaTest, OfANegativeNumberOfTasksLaysOutTheFirst) {
 
 TEST_F(RecuperaTest, ShowsTheConclusionAreaStillLocked) {
     Choose("recupprimerdia");
-    for (const std::string_view name : kRestoDeConclusiones) {
+    for (const std::string_view name : kRestOfConclusions) {
         EXPECT_TRUE(IsShown(form, name)) << name;
     }
     EXPECT_TRUE(form.Text2.Locked && form.Text4.Locked && form.Text5.Locked && form.Text6.Locked &&
@@ -965,10 +965,10 @@ TEST_F(RecuperaTest, OfADayNeverValidatedShowsRowsAndConclusionsWithEveryCellEmp
 
 TEST_F(RecuperaTest, KeepsTheColoursOfTheCells) {
     Cell(1, kC1).BackColor = 250;
-    Cell(1, kC1).ForeColor = kFondoDeVentana;
+    Cell(1, kC1).ForeColor = kWindowBackground;
     Choose("recupprimerdia");
     EXPECT_EQ(Cell(1, kC1).BackColor, 250U);
-    EXPECT_EQ(Cell(1, kC1).ForeColor, kFondoDeVentana);
+    EXPECT_EQ(Cell(1, kC1).ForeColor, kWindowBackground);
 }
 
 TEST_F(RecuperaTest, BlanksTheSheetFirst) {
@@ -985,7 +985,7 @@ TEST_F(RecuperaTest, WithoutTasksKeepsTheTextsOfTheConclusions) {
     form.Text5.Text = "antes";
     Choose("recupprimerdia");
     EXPECT_EQ(form.Text5.Text, "antes");
-    EXPECT_EQ(Cell(1, kNumero).Text, "");
+    EXPECT_EQ(Cell(1, kNumber).Text, "");
 }
 
 TEST_F(RecuperaTest, OnTheThirdDayUnlocksTheThirdTaskOnceMoreWithTheLastNumberOfRows) {
@@ -1041,8 +1041,8 @@ TEST_F(RecuperaTest, SevenSamplesAreUndoneByTheNextTasksOwnArea) {
 
 TEST_F(RecuperaTest, SevenSamplesInTheThirdTaskEndInASubscriptErrorBeforeTheSlotIsRead) {
     SetRows(1, 3, 7);
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("recupprimerdia"); });
-    EXPECT_EQ(Cell(1, kNumero).Text, "");
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Choose("recupprimerdia"); });
+    EXPECT_EQ(Cell(1, kNumber).Text, "");
     EXPECT_EQ(Openness(form.Command2), 2);
     EXPECT_EQ(Openness(form.Command8), 0);
 }
@@ -1050,7 +1050,7 @@ TEST_F(RecuperaTest, SevenSamplesInTheThirdTaskEndInASubscriptErrorBeforeTheSlot
 TEST_F(RecuperaTest, SevenSamplesAsTheLastNumberOfTheThirdDayFailAfterTheSlotIsRead) {
     record.NumTareas = 1;
     SetRows(3, 1, 7);
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Choose("recuptercerdia"); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Choose("recuptercerdia"); });
     ExpectSlot(3);
     EXPECT_FALSE(Cell(18, kC6).Locked) << "six rows were unlocked";
 }
@@ -1064,12 +1064,12 @@ TEST_F(RecuperaTest, ANegativeNumberOfSamplesShowsNoRows) {
 
 TEST_F(RecuperaTest, AFourthDayOfAPlanOfFourEndsInASubscriptError) {
     record.NumJornadas = 4;
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.recupera(4); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.recupera(4); });
     EXPECT_EQ(form.DiaActual, 4);
 }
 
 TEST_F(RecuperaTest, DayZeroEndsInASubscriptError) {
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.recupera(0); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.recupera(0); });
     EXPECT_EQ(form.DiaActual, 0);
 }
 

@@ -6,10 +6,10 @@
 namespace velmora::test {
 namespace {
 
-constexpr int kCelda = 7;  ///< C1 of the first row
-constexpr int kOtra = 8;   ///< C2 of the first row
-constexpr KeyCode kPunto = 46;
-constexpr KeyCode kComa = 44;
+constexpr int kCell = 7;  ///< C1 of the first row
+constexpr int kOtra = 8;  ///< C2 of the first row
+constexpr KeyCode kPoint = 46;
+constexpr KeyCode kComma = 44;
 constexpr KeyCode kMenos = 45;
 
 constexpr bool IsDigitCode(KeyCode code) { return code >= 48 && code <= 57; }
@@ -17,7 +17,7 @@ constexpr bool IsDigitCode(KeyCode code) { return code >= 48 && code <= 57; }
 class KeyFilterTest : public SheetTest {
 protected:
     bool Accepts(int cell, KeyCode key) { return Press(cell, key) == key; }
-    bool Refuses(int cell, KeyCode key) { return Press(cell, key) == kTeclaRechazada; }
+    bool Refuses(int cell, KeyCode key) { return Press(cell, key) == kKeyRefused; }
 
     /// A sheet without any key pressed on it yet.
     Form5& Fresh() { return Open<Form5>(ScreenId::Form5); }
@@ -26,7 +26,7 @@ protected:
 TEST_F(KeyFilterTest, OfThe256CodesTheFirstKeyOfACellMayBeADigitOrBackspace) {
     for (KeyCode code = 0; code < 256; ++code) {
         KeyCode key = code;
-        Fresh().Text1_KeyPress(kCelda, key);
+        Fresh().Text1_KeyPress(kCell, key);
         const bool accepted = IsDigitCode(code) || code == 8;
         EXPECT_EQ(key, accepted ? code : 0) << code;
     }
@@ -36,10 +36,10 @@ TEST_F(KeyFilterTest, OfThe256CodesThePointPassesToo_BehindADigit) {
     for (KeyCode code = 0; code < 256; ++code) {
         Form5& sheet = Fresh();
         KeyCode digit = '5';
-        sheet.Text1_KeyPress(kCelda, digit);
+        sheet.Text1_KeyPress(kCell, digit);
         KeyCode key = code;
-        sheet.Text1_KeyPress(kCelda, key);
-        const bool accepted = IsDigitCode(code) || code == 8 || code == kPunto;
+        sheet.Text1_KeyPress(kCell, key);
+        const bool accepted = IsDigitCode(code) || code == 8 || code == kPoint;
         EXPECT_EQ(key, accepted ? code : 0) << code;
     }
 }
@@ -47,12 +47,12 @@ TEST_F(KeyFilterTest, OfThe256CodesThePointPassesToo_BehindADigit) {
 TEST_F(KeyFilterTest, OfThe256CodesASecondPointIsRefusedAgain) {
     for (KeyCode code = 0; code < 256; ++code) {
         Form5& sheet = Fresh();
-        for (const KeyCode typed : {KeyCode{'5'}, kPunto}) {
+        for (const KeyCode typed : {KeyCode{'5'}, kPoint}) {
             KeyCode key = typed;
-            sheet.Text1_KeyPress(kCelda, key);
+            sheet.Text1_KeyPress(kCell, key);
         }
         KeyCode key = code;
-        sheet.Text1_KeyPress(kCelda, key);
+        sheet.Text1_KeyPress(kCell, key);
         const bool accepted = IsDigitCode(code) || code == 8;
         EXPECT_EQ(key, accepted ? code : 0) << code;
     }
@@ -60,7 +60,7 @@ TEST_F(KeyFilterTest, OfThe256CodesASecondPointIsRefusedAgain) {
 
 TEST_F(KeyFilterTest, KeysBeyondTheSingleByteCodesAreRefused) {
     for (const KeyCode code : {256, 0x0132, 0x0663, 0x20AC, 0xFF15, 0x1F600, -1}) {
-        EXPECT_TRUE(Refuses(kCelda, code)) << code;
+        EXPECT_TRUE(Refuses(kCell, code)) << code;
     }
 }
 
@@ -70,7 +70,7 @@ TEST_F(KeyFilterTest, ItSitsOnEachCellOfTheMainGridWithTheCellsOwnIndex) {
         ASSERT_TRUE(control->events.KeyPress) << i;
         EXPECT_FALSE(control->events.free_text) << i;
         form.Text1(i).Text = "12.5";
-        KeyCode key = kRetroceso;
+        KeyCode key = kBackspace;
         control->events.KeyPress(key);
         EXPECT_EQ(form.Text1(i).Text, "") << i;
     }
@@ -85,150 +85,150 @@ TEST_F(KeyFilterTest, TheRightHandGridAndTheAnswersTakeNoFreeText) {
 }
 
 TEST_F(KeyFilterTest, APointFirstInAnEmptyCellIsRefused) {
-    Type(kCelda, ".5");
-    EXPECT_EQ(form.Text1(kCelda).Text, "5");
+    Type(kCell, ".5");
+    EXPECT_EQ(form.Text1(kCell).Text, "5");
 }
 
 TEST_F(KeyFilterTest, ASecondPointIsDropped) {
-    Type(kCelda, "1.2.3");
-    EXPECT_EQ(form.Text1(kCelda).Text, "1.23");
+    Type(kCell, "1.2.3");
+    EXPECT_EQ(form.Text1(kCell).Text, "1.23");
 }
 
 TEST_F(KeyFilterTest, SignsCommasLettersAndBlanksAreDropped) {
-    Type(kCelda, "-1,5 e+2\t\r\n\x1b");
-    EXPECT_EQ(form.Text1(kCelda).Text, "152");
+    Type(kCell, "-1,5 e+2\t\r\n\x1b");
+    EXPECT_EQ(form.Text1(kCell).Text, "152");
 }
 
 TEST_F(KeyFilterTest, ThePointAloneIsTheDecimalMarkUnderACommaLocaleToo) {
     const WithSeparator comma(",");
-    Type(kCelda, "1,5.2");
-    EXPECT_EQ(form.Text1(kCelda).Text, "15.2");
-    EXPECT_TRUE(Refuses(kCelda, kComa));
+    Type(kCell, "1,5.2");
+    EXPECT_EQ(form.Text1(kCell).Text, "15.2");
+    EXPECT_TRUE(Refuses(kCell, kComma));
 }
 
 TEST_F(KeyFilterTest, BackspaceEmptiesTheCellAndAPointIsRefusedUntilADigitComes) {
-    Type(kCelda, "12.5");
-    ASSERT_EQ(form.Text1(kCelda).Text, "12.5");
-    EXPECT_TRUE(Accepts(kCelda, kRetroceso));
-    EXPECT_EQ(form.Text1(kCelda).Text, "");
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
-    EXPECT_TRUE(Accepts(kCelda, '3'));
-    EXPECT_TRUE(Accepts(kCelda, kPunto));
+    Type(kCell, "12.5");
+    ASSERT_EQ(form.Text1(kCell).Text, "12.5");
+    EXPECT_TRUE(Accepts(kCell, kBackspace));
+    EXPECT_EQ(form.Text1(kCell).Text, "");
+    EXPECT_TRUE(Refuses(kCell, kPoint));
+    EXPECT_TRUE(Accepts(kCell, '3'));
+    EXPECT_TRUE(Accepts(kCell, kPoint));
 }
 
 TEST_F(KeyFilterTest, BackspaceOnTextThatNobodyTypedEmptiesItToo) {
-    form.Text1(kCelda).Text = "12.5";
-    EXPECT_TRUE(Accepts(kCelda, kRetroceso));
-    EXPECT_EQ(form.Text1(kCelda).Text, "");
+    form.Text1(kCell).Text = "12.5";
+    EXPECT_TRUE(Accepts(kCell, kBackspace));
+    EXPECT_EQ(form.Text1(kCell).Text, "");
 }
 
 TEST_F(KeyFilterTest, BackspaceInALockedCellOfTheNamesEmptiesItAndLeavesTheRecord) {
     SetPlan(1, 1, 1);
     record.NombreContaminante(1, 1) = "tolueno";
     Choose("introprimero");
-    ASSERT_TRUE(Cell(1, kNombre).Locked);
-    ASSERT_EQ(Cell(1, kNombre).Text, "tolueno");
+    ASSERT_TRUE(Cell(1, kName).Locked);
+    ASSERT_EQ(Cell(1, kName).Text, "tolueno");
     const EvaluacionRecord before = record;
-    EXPECT_TRUE(Accepts(Index(1, kNombre), kRetroceso));
-    EXPECT_EQ(Cell(1, kNombre), (TextCell{.Text = "", .Visible = true, .Locked = true}));
+    EXPECT_TRUE(Accepts(Index(1, kName), kBackspace));
+    EXPECT_EQ(Cell(1, kName), (TextCell{.Text = "", .Visible = true, .Locked = true}));
     EXPECT_TRUE(record == before);
 }
 
 TEST_F(KeyFilterTest, AKeyChangesNoControlButForBackspacesOwnCell) {
     Scribble();
     const auto before = StateOf(form);
-    Press(kCelda, '1');
-    Press(kCelda, kPunto);
-    Press(kCelda, kComa);
+    Press(kCell, '1');
+    Press(kCell, kPoint);
+    Press(kCell, kComma);
     EXPECT_THAT(Changed(before, form), ::testing::IsEmpty());
-    Press(kCelda, kRetroceso);
+    Press(kCell, kBackspace);
     EXPECT_THAT(Changed(before, form), ::testing::ElementsAre("Text1(7)"));
 }
 
 TEST_F(KeyFilterTest, TheTextThatIsThereIsNotLookedAt) {
-    form.Text1(kCelda).Text = "12";
-    EXPECT_TRUE(Refuses(kCelda, kPunto)) << "no digit was typed on this visit";
-    EXPECT_TRUE(Accepts(kCelda, '1'));
-    form.Text1(kCelda).Text = "1.5";
-    EXPECT_TRUE(Accepts(kCelda, kPunto)) << "no point was typed on this visit";
+    form.Text1(kCell).Text = "12";
+    EXPECT_TRUE(Refuses(kCell, kPoint)) << "no digit was typed on this visit";
+    EXPECT_TRUE(Accepts(kCell, '1'));
+    form.Text1(kCell).Text = "1.5";
+    EXPECT_TRUE(Accepts(kCell, kPoint)) << "no point was typed on this visit";
 }
 
 TEST_F(KeyFilterTest, ComingBackToACellTakesAFurtherPointAfterOneMoreDigit) {
-    Type(kCelda, "1.5");
+    Type(kCell, "1.5");
     Type(kOtra, "2");
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
-    Type(kCelda, "3.4");
-    EXPECT_EQ(form.Text1(kCelda).Text, "1.53.4");
+    EXPECT_TRUE(Refuses(kCell, kPoint));
+    Type(kCell, "3.4");
+    EXPECT_EQ(form.Text1(kCell).Text, "1.53.4");
 }
 
 TEST_F(KeyFilterTest, LookingAtAnotherCellWithoutAKeyThereIsNoVisit) {
-    Type(kCelda, "1.5");
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
-    Type(kCelda, "25");
-    EXPECT_TRUE(Refuses(kCelda, kPunto)) << "still the same visit";
+    Type(kCell, "1.5");
+    EXPECT_TRUE(Refuses(kCell, kPoint));
+    Type(kCell, "25");
+    EXPECT_TRUE(Refuses(kCell, kPoint)) << "still the same visit";
 }
 
 TEST_F(KeyFilterTest, ARefusedKeyCountsAsAVisitToItsCell) {
-    Type(kCelda, "12");
-    EXPECT_TRUE(Refuses(kOtra, kComa));
-    EXPECT_TRUE(Refuses(kCelda, kPunto)) << "the counters start at 0 again";
+    Type(kCell, "12");
+    EXPECT_TRUE(Refuses(kOtra, kComma));
+    EXPECT_TRUE(Refuses(kCell, kPoint)) << "the counters start at 0 again";
 }
 
 TEST_F(KeyFilterTest, BackspaceCountsAsAVisitToItsCell) {
-    Type(kCelda, "12");
-    EXPECT_TRUE(Accepts(kOtra, kRetroceso));
-    EXPECT_EQ(form.Text1(kCelda).Text, "12");
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
+    Type(kCell, "12");
+    EXPECT_TRUE(Accepts(kOtra, kBackspace));
+    EXPECT_EQ(form.Text1(kCell).Text, "12");
+    EXPECT_TRUE(Refuses(kCell, kPoint));
 }
 
 TEST_F(KeyFilterTest, ARefusedKeyLeavesTheCountersOfItsOwnCell) {
-    Type(kCelda, "1");
-    EXPECT_TRUE(Refuses(kCelda, kMenos));
-    EXPECT_TRUE(Accepts(kCelda, kPunto));
-    EXPECT_TRUE(Refuses(kCelda, kMenos));
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
+    Type(kCell, "1");
+    EXPECT_TRUE(Refuses(kCell, kMenos));
+    EXPECT_TRUE(Accepts(kCell, kPoint));
+    EXPECT_TRUE(Refuses(kCell, kMenos));
+    EXPECT_TRUE(Refuses(kCell, kPoint));
 }
 
 TEST_F(KeyFilterTest, AnAcceptedPointDoesNotCountAsADigitNorClearThem) {
-    Type(kCelda, "1.");
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
-    EXPECT_TRUE(Accepts(kCelda, '7'));
+    Type(kCell, "1.");
+    EXPECT_TRUE(Refuses(kCell, kPoint));
+    EXPECT_TRUE(Accepts(kCell, '7'));
 }
 
 TEST_F(KeyFilterTest, TheFirstCellOfTheSheetIsFilteredLikeAnyOther) {
-    EXPECT_TRUE(Refuses(0, kPunto));
+    EXPECT_TRUE(Refuses(0, kPoint));
     EXPECT_TRUE(Accepts(0, '1'));
-    EXPECT_TRUE(Accepts(0, kPunto));
-    EXPECT_TRUE(Refuses(0, kPunto));
+    EXPECT_TRUE(Accepts(0, kPoint));
+    EXPECT_TRUE(Refuses(0, kPoint));
 }
 
 TEST_F(KeyFilterTest, TheCountersOutliveTheLayingOutOfADay) {
     SetPlan(3, 1, 1);
     Choose("introprimero");
-    Type(kCelda, "5");
+    Type(kCell, "5");
     Choose("introsegundo");
-    ASSERT_EQ(form.Text1(kCelda).Text, "");
-    EXPECT_TRUE(Accepts(kCelda, kPunto)) << "the digit of the first day still counts";
+    ASSERT_EQ(form.Text1(kCell).Text, "");
+    EXPECT_TRUE(Accepts(kCell, kPoint)) << "the digit of the first day still counts";
     Choose("recuptercerdia");
-    EXPECT_TRUE(Refuses(kCelda, kPunto)) << "and so does the point";
+    EXPECT_TRUE(Refuses(kCell, kPoint)) << "and so does the point";
     form.limpia(1);
-    EXPECT_TRUE(Refuses(kCelda, kPunto));
+    EXPECT_TRUE(Refuses(kCell, kPoint));
 }
 
 TEST_F(KeyFilterTest, TheCountersEndWithTheScreen) {
-    Type(kCelda, "5");
-    KeyCode key = kPunto;
-    Fresh().Text1_KeyPress(kCelda, key);
-    EXPECT_EQ(key, kTeclaRechazada);
+    Type(kCell, "5");
+    KeyCode key = kPoint;
+    Fresh().Text1_KeyPress(kCell, key);
+    EXPECT_EQ(key, kKeyRefused);
 }
 
 TEST_F(KeyFilterTest, TheDigitsOfOneVisitAreCountedInAnInteger) {
-    for (int i = 0; i < 32767; ++i) ASSERT_TRUE(Accepts(kCelda, '1'));
-    ExpectError(TipoError::Desbordamiento, [&] { Press(kCelda, '1'); });
+    for (int i = 0; i < 32767; ++i) ASSERT_TRUE(Accepts(kCell, '1'));
+    ExpectError(ErrorKind::Overflow, [&] { Press(kCell, '1'); });
 }
 
 TEST_F(KeyFilterTest, ACellThatTheArrayDoesNotHaveIsASubscriptError) {
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { Press(324, kRetroceso); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Press(324, kBackspace); });
 }
 
 }  // namespace

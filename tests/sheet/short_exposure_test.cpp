@@ -25,7 +25,7 @@ constexpr std::array<Twin, 3> kTwins = {{{1, "Command5"}, {2, "Command6"}, {3, "
 
 /// What a row holds before the press.
 struct RowTexts {
-    std::string_view aditivo = "0";
+    std::string_view group = "0";
     std::string_view ed = "";
     std::string_view ec = "";
     std::array<std::string_view, 6> samples = {};  ///< C1 to C6
@@ -41,8 +41,8 @@ protected:
     void Click(const Twin& twin) { form.FindControl(twin.button)->events.Click(); }
 
     void Set(int row, const RowTexts& texts) {
-        Cell(row, kNumero).Text = Cifras((row - 1) % 6 + 1);
-        Cell(row, kAditivo).Text = texts.aditivo;
+        Cell(row, kNumber).Text = Digits((row - 1) % 6 + 1);
+        Cell(row, kAdditive).Text = texts.group;
         Cell(row, kEd).Text = texts.ed;
         Cell(row, kEc).Text = texts.ec;
         for (int m = 0; m < 6; ++m) {
@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(Buttons, ExposureButtonTest, ::testing::ValuesIn(kTwins
 
 TEST_P(ExposureButtonTest, WithoutContaminantsNoCellIsTouched) {
     for (int row = 1; row <= 18; ++row) {
-        Set(row, {.aditivo = "0", .ed = "10", .mg = "1.", .gsd = "2."});
+        Set(row, {.group = "0", .ed = "10", .mg = "1.", .gsd = "2."});
         Cell3(row, kEcMas).Text = "5";
     }
     const auto before = StateOf(form);
@@ -121,13 +121,13 @@ TEST_P(ExposureButtonTest, EachOfTheSixRowsGetsItsOwnFourCells) {
     SetContaminants(6);
     for (int r = 1; r <= 6; ++r) {
         Set(Row(r), {.ec = "10", .mg = "1.", .gsd = "2."});
-        Cell(Row(r), kEc).Text = Cifras(10 * r);
-        Cell(Row(r), kMg).Text = Cifras(r) + ".";
+        Cell(Row(r), kEc).Text = Digits(10 * r);
+        Cell(Row(r), kMg).Text = Digits(r) + ".";
     }
     const auto before = StateOf(form);
     Click();
     for (int r = 1; r <= 6; ++r) {
-        EXPECT_THAT(Right(Row(r)), ElementsAre(Cifras(10 * r), Cifras(r), "2", "0.1"));
+        EXPECT_THAT(Right(Row(r)), ElementsAre(Digits(10 * r), Digits(r), "2", "0.1"));
     }
     EXPECT_EQ(Changed(before, form).size(), 24U) << "nothing else is written";
 }
@@ -157,8 +157,8 @@ TEST_P(ExposureButtonTest, AContaminantAloneInItsGroupIsJudgedByItself) {
         for (int k = 1; k <= 6; ++k) {
             form.limpia(1);
             SetContaminants(6);
-            for (int other = 1; other <= 6; ++other) Set(Row(other), {.aditivo = "9"});
-            Cell(Row(r), kAditivo).Text = Cifras(k);
+            for (int other = 1; other <= 6; ++other) Set(Row(other), {.group = "9"});
+            Cell(Row(r), kAdditive).Text = Digits(k);
             Cell(Row(r), kEd).Text = "10";
             Cell(Row(r), kMg).Text = "3.";
             Cell(Row(r), kGsd).Text = "1.8";
@@ -172,16 +172,16 @@ TEST_P(ExposureButtonTest, AContaminantAloneInItsGroupIsJudgedByItself) {
 
 TEST_P(ExposureButtonTest, AContaminantAloneInItsGroupTakesItsShortLimitToo) {
     SetContaminants(1);
-    Set(Row(1), {.aditivo = "4", .ed = "10", .ec = "25", .mg = "2.5", .gsd = "1.7"});
+    Set(Row(1), {.group = "4", .ed = "10", .ec = "25", .mg = "2.5", .gsd = "1.7"});
     Click();
     EXPECT_THAT(Right(Row(1)), ElementsAre("25", "2.5", "1.7", "0.001"));
 }
 
 TEST_F(ShortExposureTest, Command6_AContaminantAloneInItsGroupIsNoMixture) {
     record.NumContaminantes(2) = 3;
-    Set(7, {.aditivo = "9"});
-    Set(8, {.aditivo = "9"});
-    Set(9, {.aditivo = "1", .ec = "25", .mmp = "2.", .mg = "2.5", .gsd = "1.7"});
+    Set(7, {.group = "9"});
+    Set(8, {.group = "9"});
+    Set(9, {.group = "1", .ec = "25", .mmp = "2.", .mg = "2.5", .gsd = "1.7"});
     form.Command6_Click();
     EXPECT_THAT(Right(8), ElementsAre("", "", "", "")) << "where a mixture's limit would go";
     EXPECT_THAT(Right(9), ElementsAre("25", "2.5", "1.7", "0.001"));
@@ -191,8 +191,8 @@ TEST_P(ExposureButtonTest, NumbersAboveSixOrNotWholeAreNoGroupAndTheirRowsKeepTh
     for (const std::string_view number : {"7", "12", "20", "1.5", "0.5", "-1"}) {
         form.limpia(1);
         SetContaminants(2);
-        Set(Row(1), {.aditivo = number, .ec = "10", .mmp = "2.", .mg = "1.", .gsd = "2."});
-        Set(Row(2), {.aditivo = number, .ec = "10", .mmp = "2.", .mg = "1.", .gsd = "2."});
+        Set(Row(1), {.group = number, .ec = "10", .mmp = "2.", .mg = "1.", .gsd = "2."});
+        Set(Row(2), {.group = number, .ec = "10", .mmp = "2.", .mg = "1.", .gsd = "2."});
         const auto before = StateOf(form);
         Click();
         EXPECT_THAT(Changed(before, form), IsEmpty()) << number;
@@ -201,7 +201,7 @@ TEST_P(ExposureButtonTest, NumbersAboveSixOrNotWholeAreNoGroupAndTheirRowsKeepTh
 
 TEST_P(ExposureButtonTest, ARowThatNoPassWritesKeepsItsOldCellsAndGetsAProbabilityFromThem) {
     SetContaminants(1);
-    Set(Row(1), {.aditivo = "7"});
+    Set(Row(1), {.group = "7"});
     Cell3(Row(1), kEcMas).Text = "20";
     Cell3(Row(1), kMgMas).Text = "2";
     Cell3(Row(1), kGsdMas).Text = "2.5";
@@ -212,7 +212,7 @@ TEST_P(ExposureButtonTest, ARowThatNoPassWritesKeepsItsOldCellsAndGetsAProbabili
 TEST_P(ExposureButtonTest, TheSameNumberInAnotherTaskIsAnotherGroup) {
     SetContaminants(1);
     for (int row = 1; row <= 18; ++row) {
-        Set(row, {.aditivo = "1", .ec = "10", .mmp = "2.", .mg = "1.", .gsd = "2."});
+        Set(row, {.group = "1", .ec = "10", .mmp = "2.", .mg = "1.", .gsd = "2."});
     }
     Click();
     EXPECT_THAT(Right(Row(1)), ElementsAre("10", "1", "2", "0.1")) << "a group of one";
@@ -220,8 +220,8 @@ TEST_P(ExposureButtonTest, TheSameNumberInAnotherTaskIsAnotherGroup) {
 
 // ------------------------------------------------------------------------------- groups of two up
 
-constexpr RowTexts kDos{.aditivo = "1", .ec = "10", .mmp = "2."};
-constexpr RowTexts kTres{.aditivo = "1", .ec = "20", .mmp = "3."};
+constexpr RowTexts kDos{.group = "1", .ec = "10", .mmp = "2."};
+constexpr RowTexts kTres{.group = "1", .ec = "20", .mmp = "3."};
 
 class MixtureTest : public ExposureButtonTest {
 protected:
@@ -254,7 +254,7 @@ TEST_P(MixtureTest, TheLimitOfAMixtureIsTheHarmonicMeanWeightedByTheMeans) {
 TEST_P(MixtureTest, AMemberWithoutShortLimitEntersWithThreeTimesItsDailyOne) {
     SetContaminants(3);
     SetMixture(1, 2);
-    Set(Row(3), {.aditivo = "1", .ed = "10", .ec = "0", .samples = {"2", "3"}, .mmp = "1."});
+    Set(Row(3), {.group = "1", .ed = "10", .ec = "0", .samples = {"2", "3"}, .mmp = "1."});
     Click();
     // Python: 6 / (2 / 10 + 3 / 20 + 1 / 30).
     EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "15.6521739130435");
@@ -264,7 +264,7 @@ TEST_P(MixtureTest, MembersNeedNotStandTogetherAndOthersBetweenThemDoNotCount) {
     SetContaminants(6);
     SetMixture(1, 6);
     for (int r = 2; r <= 5; ++r) {
-        Set(Row(r), {.aditivo = "9", .ec = "1", .samples = {"7", "7", "7"}, .mmp = "7."});
+        Set(Row(r), {.group = "9", .ec = "1", .samples = {"7", "7", "7"}, .mmp = "7."});
     }
     Click();
     EXPECT_THAT(Right(Row(1)),
@@ -273,10 +273,10 @@ TEST_P(MixtureTest, MembersNeedNotStandTogetherAndOthersBetweenThemDoNotCount) {
 
 TEST_P(MixtureTest, TwoGroupsAreJudgedApart) {
     SetContaminants(4);
-    Set(Row(1), {.aditivo = "6", .ec = "10", .samples = {"1", "2"}, .mmp = "2."});
-    Set(Row(2), {.aditivo = "2", .ec = "10", .samples = {"1", "4"}, .mmp = "1."});
-    Set(Row(3), {.aditivo = "6", .ec = "20", .samples = {"1", "2"}, .mmp = "3."});
-    Set(Row(4), {.aditivo = "2", .ec = "10", .samples = {"1", "5"}, .mmp = "1."});
+    Set(Row(1), {.group = "6", .ec = "10", .samples = {"1", "2"}, .mmp = "2."});
+    Set(Row(2), {.group = "2", .ec = "10", .samples = {"1", "4"}, .mmp = "1."});
+    Set(Row(3), {.group = "6", .ec = "20", .samples = {"1", "2"}, .mmp = "3."});
+    Set(Row(4), {.group = "2", .ec = "10", .samples = {"1", "5"}, .mmp = "1."});
     Click();
     EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "14.2857142857143");
     EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "2.82842712474619");
@@ -288,12 +288,12 @@ TEST_P(MixtureTest, TwoGroupsAreJudgedApart) {
 TEST_P(MixtureTest, MarksAreComparedAsNumbersInEveryPass) {
     SetContaminants(4);
     SetMixture(1, 2);
-    Cell(Row(1), kAditivo).Text = "01";
-    Cell(Row(2), kAditivo).Text = "1";
-    Set(Row(3), {.aditivo = "00", .ec = "25", .mg = "2.5", .gsd = "1.7"});
-    Set(Row(4), {.aditivo = "4.0", .ec = "25", .mg = "2.5", .gsd = "1.7"});
+    Cell(Row(1), kAdditive).Text = "01";
+    Cell(Row(2), kAdditive).Text = "1";
+    Set(Row(3), {.group = "00", .ec = "25", .mg = "2.5", .gsd = "1.7"});
+    Set(Row(4), {.group = "4.0", .ec = "25", .mg = "2.5", .gsd = "1.7"});
     for (const std::string_view second : {"1", "1.0", "1x"}) {
-        Cell(Row(2), kAditivo).Text = second;
+        Cell(Row(2), kAdditive).Text = second;
         Click();
         // As above for "1" and "1", and for a contaminant by itself.
         EXPECT_THAT(Right(Row(1)),
@@ -307,8 +307,8 @@ TEST_P(MixtureTest, MarksAreComparedAsNumbersInEveryPass) {
 TEST_P(MixtureTest, ADailyLimitIsTakenThreeTimesBeforeTheMeanIsDividedByIt) {
     SetContaminants(2);
     const auto limit = [this](auto mmp1, auto ed, auto mmp2, auto ec) {
-        Set(Row(1), {.aditivo = "1", .ed = ed, .samples = {"1", "2"}, .mmp = mmp1});
-        Set(Row(2), {.aditivo = "1", .ec = ec, .samples = {"1", "2"}, .mmp = mmp2});
+        Set(Row(1), {.group = "1", .ed = ed, .samples = {"1", "2"}, .mmp = mmp1});
+        Set(Row(2), {.group = "1", .ec = ec, .samples = {"1", "2"}, .mmp = mmp2});
         Click();
         return Cell3(Row(1), kEcMas).Text;
     };
@@ -322,13 +322,13 @@ TEST_P(MixtureTest, ADailyLimitIsTakenThreeTimesBeforeTheMeanIsDividedByIt) {
 TEST_P(MixtureTest, TheMeanAndDeviationGoToTheRecordOfTheDayAndToNothingElse) {
     SetContaminants(3);
     form.DiaActual = 3;
-    Set(Row(1), {.aditivo = "0", .ec = "9", .mg = "1.", .gsd = "2."});
+    Set(Row(1), {.group = "0", .ec = "9", .mg = "1.", .gsd = "2."});
     SetMixture(2, 3);
     EvaluacionRecord before = record;
     Click();
     // Python: exp(ln 8 / 2) and exp(ln 2 / sqrt 2).
-    EXPECT_NEAR(record.MGmas(3, T().tarea, 2).Valor(), 2.82842712474619, 1e-13);
-    EXPECT_NEAR(record.GSDmas(3, T().tarea, 2).Valor(), 1.6325269194381529, 1e-13);
+    EXPECT_NEAR(record.MGmas(3, T().tarea, 2).Value(), 2.82842712474619, 1e-13);
+    EXPECT_NEAR(record.GSDmas(3, T().tarea, 2).Value(), 1.6325269194381529, 1e-13);
     before.MGmas(3, T().tarea, 2) = record.MGmas(3, T().tarea, 2);
     before.GSDmas(3, T().tarea, 2) = record.GSDmas(3, T().tarea, 2);
     EXPECT_TRUE(record == before);
@@ -369,14 +369,14 @@ TEST_P(MixtureTest, ASumOfOneHasTheLogarithmZeroAndStillCounts) {
 TEST_P(MixtureTest, TheNumberOfTheFirstMemberIsReadFromItsCell) {
     SetContaminants(2);
     SetMixture(1, 2);
-    Cell(Row(1), kNumero).Text = "5";
+    Cell(Row(1), kNumber).Text = "5";
     // The limit stands beside no mean now, so the press ends at the probabilities.
-    ExpectError(TipoError::DivisionPorCero, [&] { Click(); });
+    ExpectError(ErrorKind::DivisionByZero, [&] { Click(); });
     EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "14.2857142857143") << "the limit goes by the place";
     EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "");
     EXPECT_EQ(Cell3(Row(5), kMgMas).Text, "2.82842712474619");
     EXPECT_EQ(Cell3(Row(5), kGsdMas).Text, "1.63252691943815");
-    EXPECT_NEAR(record.MGmas(1, T().tarea, 5).Valor(), 2.82842712474619, 1e-13);
+    EXPECT_NEAR(record.MGmas(1, T().tarea, 5).Value(), 2.82842712474619, 1e-13);
     EXPECT_EQ(record.MGmas(1, T().tarea, 1), 0);
 }
 
@@ -414,15 +414,15 @@ class LimitCellTest : public ShortExposureTest, public ::testing::WithParamInter
 
 INSTANTIATE_TEST_SUITE_P(Rows, LimitCellTest, ::testing::ValuesIn(kLimitCells),
                          [](const auto& tested) {
-                             return "Task" + Cifras(tested.param.tarea) + "Row" +
-                                    Cifras(tested.param.r);
+                             return "Task" + Digits(tested.param.tarea) + "Row" +
+                                    Digits(tested.param.r);
                          });
 
 TEST_P(LimitCellTest, TheLimitOfAMixtureGoesToTheCellThatTheFactorGives) {
     const auto [tarea, r, index] = GetParam();
     const Twin& twin = kTwins.at(static_cast<std::size_t>(tarea - 1));
     record.NumContaminantes(tarea) = r + 1;
-    for (int other = 1; other < r; ++other) Set(twin.Row(other), {.aditivo = "9"});
+    for (int other = 1; other < r; ++other) Set(twin.Row(other), {.group = "9"});
     Set(twin.Row(r), kDos);
     Set(twin.Row(r + 1), kTres);
     SetSamples(twin.Row(r), {"1", "2"});
@@ -445,12 +445,12 @@ TEST_F(ShortExposureTest, AGroupThatBeginsInTheSixthRowWritesItsLimitAndEndsTheP
     const std::array<std::pair<Twin, int>, 2> cases = {{{kTwins[0], 20}, {kTwins[1], 43}}};
     for (const auto& [twin, index] : cases) {
         record.NumContaminantes(twin.tarea) = 7;
-        for (int r = 1; r <= 5; ++r) Set(twin.Row(r), {.aditivo = "9"});
+        for (int r = 1; r <= 5; ++r) Set(twin.Row(r), {.group = "9"});
         Set(twin.Row(6), kDos);
         Set(twin.Row(7), kTres);
         SetSamples(twin.Row(6), {"1", "2"});
         SetSamples(twin.Row(7), {"1", "2"});
-        ExpectError(TipoError::OperacionNoValida, [&, click = twin] { Click(click); });
+        ExpectError(ErrorKind::InvalidOperation, [&, click = twin] { Click(click); });
         EXPECT_EQ(form.Text3(index).Text, "14.2857142857143");
         EXPECT_EQ(Cell3(twin.Row(6), kMgMas).Text, "");
     }
@@ -459,8 +459,8 @@ TEST_F(ShortExposureTest, AGroupThatBeginsInTheSixthRowWritesItsLimitAndEndsTheP
 TEST_F(ShortExposureTest,
        Command6_FromTheThirdRowOnPutsTheLimitInTheRowAboveWhereItsClassReplacesIt) {
     record.NumContaminantes(2) = 4;
-    Set(7, {.aditivo = "9"});
-    Set(8, {.aditivo = "0", .ec = "25", .mg = "5.", .gsd = "1.5"});
+    Set(7, {.group = "9"});
+    Set(8, {.group = "0", .ec = "25", .mg = "5.", .gsd = "1.5"});
     Set(9, kDos);
     Set(10, kTres);
     SetSamples(9, {"1", "2"});
@@ -473,8 +473,8 @@ TEST_F(ShortExposureTest,
 
 TEST_F(ShortExposureTest, Command6_TheLimitLeftInTheRowAboveIsTakenForAProbability) {
     record.NumContaminantes(2) = 4;
-    Set(7, {.aditivo = "9"});
-    Set(8, {.aditivo = "9"});
+    Set(7, {.group = "9"});
+    Set(8, {.group = "9"});
     Set(9, kDos);
     Set(10, kTres);
     SetSamples(9, {"1", "2"});
@@ -490,23 +490,23 @@ TEST_F(ShortExposureTest, Command6_TheLimitLeftInTheRowAboveIsTakenForAProbabili
 
 struct Ladder {
     std::string_view gsd;
-    std::string_view clase;
+    std::string_view rank;
 };
 
 TEST_P(ExposureButtonTest, EachClassOfProbabilityIsWrittenAsItIs) {
     // A ratio of 10 has its curves at 1.7252, 1.8603, 2.1223, 2.7139 and 4.0343.
-    for (const auto& [gsd, clase] : std::initializer_list<Ladder>{{"1.5", "0.001"},
-                                                                  {"1.7", "0.001"},
-                                                                  {"1.8", "0.01"},
-                                                                  {"2.", "0.1"},
-                                                                  {"2.5", "1"},
-                                                                  {"3.", "5"},
-                                                                  {"4.", "5"},
-                                                                  {"5.", "50"}}) {
+    for (const auto& [gsd, rank] : std::initializer_list<Ladder>{{"1.5", "0.001"},
+                                                                 {"1.7", "0.001"},
+                                                                 {"1.8", "0.01"},
+                                                                 {"2.", "0.1"},
+                                                                 {"2.5", "1"},
+                                                                 {"3.", "5"},
+                                                                 {"4.", "5"},
+                                                                 {"5.", "50"}}) {
         SetContaminants(1);
         Set(Row(1), {.ec = "10", .mg = "1.", .gsd = gsd});
         Click();
-        EXPECT_EQ(Cell3(Row(1), kProb).Text, clase) << gsd;
+        EXPECT_EQ(Cell3(Row(1), kProb).Text, rank) << gsd;
     }
 }
 
@@ -519,7 +519,7 @@ TEST_P(ExposureButtonTest, ALimitOfZeroHasTheClassZero) {
 
 TEST_P(ExposureButtonTest, ALimitCellThatHoldsABlankIsNotEmpty) {
     SetContaminants(1);
-    Set(Row(1), {.aditivo = "9"});
+    Set(Row(1), {.group = "9"});
     Cell3(Row(1), kEcMas).Text = " ";
     Cell3(Row(1), kMgMas).Text = "1";
     Click();
@@ -542,7 +542,7 @@ TEST_P(ExposureButtonTest, ASecondPressOverwritesTheSameCells) {
 
 struct Opening {
     int command;
-    int num_tareas;
+    int num_tasks;
     std::string_view next;
     bool conclusions;
 };
@@ -560,9 +560,9 @@ constexpr std::array<Opening, 18> kOpenings = {{
 
 TEST_F(ShortExposureTest, EachButtonOpensTheNextOrTheConclusionsOfThePlan) {
     for (const Opening& opening : kOpenings) {
-        SCOPED_TRACE(Indexed("Command", opening.command) + " of " + Cifras(opening.num_tareas));
+        SCOPED_TRACE(Indexed("Command", opening.command) + " of " + Digits(opening.num_tasks));
         form.limpia(1);
-        record.NumTareas = opening.num_tareas;
+        record.NumTareas = opening.num_tasks;
         const auto before = StateOf(form);
         Click(kTwins.at(static_cast<std::size_t>(opening.command - 5)));
         std::vector<std::string> expected;
@@ -589,12 +589,12 @@ TEST_F(ShortExposureTest, Command6_OnAPlanOfTwoTasksLeavesCommand7AsItWas) {
 }
 
 TEST_P(ExposureButtonTest, NothingIsHiddenOrDisabled) {
-    for (int tareas = 0; tareas <= 4; ++tareas) {
+    for (int tasks = 0; tasks <= 4; ++tasks) {
         Scribble();
-        record.NumTareas = tareas;
+        record.NumTareas = tasks;
         const auto before = StateOf(form);
         Click();
-        EXPECT_THAT(Changed(before, form), IsEmpty()) << tareas;
+        EXPECT_THAT(Changed(before, form), IsEmpty()) << tasks;
     }
 }
 
@@ -608,8 +608,8 @@ protected:
     }
 
     /// The press ends the program, and the next step isn't opened.
-    void ExpectEnd(TipoError tipo) {
-        ExpectError(tipo, [&] { Click(); });
+    void ExpectEnd(ErrorKind kind) {
+        ExpectError(kind, [&] { Click(); });
         EXPECT_FALSE(form.Command8.Visible || form.Command8.Enabled);
     }
 };
@@ -622,7 +622,7 @@ TEST_P(ExposureErrorTest, ALimitBesideAMeanOfZeroEndsTheProgramWithTheRowsBefore
     Set(Row(1), {.ec = "10", .mg = "1.", .gsd = "2."});
     Set(Row(2), {.ec = "10", .mg = ".", .gsd = "2."});
     Set(Row(3), {.ec = "10", .mg = "1.", .gsd = "2."});
-    ExpectEnd(TipoError::DivisionPorCero);
+    ExpectEnd(ErrorKind::DivisionByZero);
     EXPECT_THAT(Right(Row(1)), ElementsAre("10", "1", "2", "0.1"));
     EXPECT_THAT(Right(Row(2)), ElementsAre("10", "0", "2", ""));
     EXPECT_THAT(Right(Row(3)), ElementsAre("10", "1", "2", ""));
@@ -632,7 +632,7 @@ TEST_P(ExposureErrorTest, AnEmptyRowAmongTheContaminantsEndsTheProgramWithZeroBy
     // A task with more contaminants than rows on this day: the row's limit is 0, and so its mean.
     SetContaminants(2);
     Set(Row(1), {.ec = "10", .mg = "1.", .gsd = "2."});
-    ExpectEnd(TipoError::OperacionNoValida);
+    ExpectEnd(ErrorKind::InvalidOperation);
     EXPECT_THAT(Right(Row(1)), ElementsAre("10", "1", "2", "0.1"));
     EXPECT_THAT(Right(Row(2)), ElementsAre("0", "0", "0", ""));
 }
@@ -642,9 +642,9 @@ TEST_P(ExposureErrorTest, AMemberWithoutEitherLimitEndsTheProgramWithTheSingleRo
     SetMixture(1, 2);
     Cell(Row(2), kEc).Text = "0";
     Cell(Row(2), kEd).Text = "";
-    Set(Row(3), {.aditivo = "0", .ec = "10", .mg = "1.", .gsd = "2."});
-    Set(Row(4), {.aditivo = "5", .ec = "10", .mg = "1.", .gsd = "2."});
-    ExpectEnd(TipoError::DivisionPorCero);
+    Set(Row(3), {.group = "0", .ec = "10", .mg = "1.", .gsd = "2."});
+    Set(Row(4), {.group = "5", .ec = "10", .mg = "1.", .gsd = "2."});
+    ExpectEnd(ErrorKind::DivisionByZero);
     EXPECT_THAT(Right(Row(1)), ElementsAre("", "", "", ""));
     EXPECT_THAT(Right(Row(3)), ElementsAre("10", "1", "2", ""));
     EXPECT_THAT(Right(Row(4)), ElementsAre("10", "1", "2", ""));
@@ -655,16 +655,16 @@ TEST_P(ExposureErrorTest, AMemberWithoutLimitsAndWithoutAMeanIsZeroByZero) {
     SetMixture(1, 2);
     Cell(Row(2), kEc).Text = "";
     Cell(Row(2), kMmp).Text = ".";
-    ExpectEnd(TipoError::OperacionNoValida);
+    ExpectEnd(ErrorKind::InvalidOperation);
     EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "");
 }
 
 TEST_P(ExposureErrorTest, TheGroupsBeforeTheOneWithoutLimitsHaveTheirsWritten) {
     SetContaminants(4);
     SetMixture(1, 2);
-    Set(Row(3), {.aditivo = "2", .samples = {"1", "2"}, .mmp = "1."});
-    Set(Row(4), {.aditivo = "2", .samples = {"1", "2"}, .mmp = "1."});
-    ExpectEnd(TipoError::DivisionPorCero);
+    Set(Row(3), {.group = "2", .samples = {"1", "2"}, .mmp = "1."});
+    Set(Row(4), {.group = "2", .samples = {"1", "2"}, .mmp = "1."});
+    ExpectEnd(ErrorKind::DivisionByZero);
     EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "14.2857142857143");
     EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "") << "the means are a later pass";
 }
@@ -673,7 +673,7 @@ TEST_P(ExposureErrorTest, AGroupWithoutACommonFirstSampleEndsTheProgramWithItsLi
     SetContaminants(2);
     SetMixture(1, 2);
     SetSamples(Row(2), {"0", "2"});
-    ExpectEnd(TipoError::OperacionNoValida);
+    ExpectEnd(ErrorKind::InvalidOperation);
     EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "", "", ""));
     EXPECT_EQ(record.MGmas(1, T().tarea, 1), 0);
 }
@@ -683,12 +683,12 @@ TEST_P(ExposureErrorTest, AGroupWithOneCommonSampleEndsTheProgramWithItsMeanStor
     SetMixture(1, 2);
     SetSamples(Row(1), {"1", "2", ""});
     SetSamples(Row(2), {"1", "0", ""});
-    Set(Row(3), {.aditivo = "0", .ec = "10", .mg = "1.", .gsd = "2."});
+    Set(Row(3), {.group = "0", .ec = "10", .mg = "1.", .gsd = "2."});
     Cell3(Row(1), kGsdMas).Text = "antes";
-    ExpectEnd(TipoError::OperacionNoValida);
+    ExpectEnd(ErrorKind::InvalidOperation);
     // The one sum is 2, and the mean of its logarithm gives it back.
     EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "2", "antes", ""));
-    EXPECT_NEAR(record.MGmas(1, T().tarea, 1).Valor(), 2, 1e-14);
+    EXPECT_NEAR(record.MGmas(1, T().tarea, 1).Value(), 2, 1e-14);
     EXPECT_EQ(record.GSDmas(1, T().tarea, 1), 0);
     EXPECT_THAT(Right(Row(3)), ElementsAre("10", "1", "2", "")) << "no later pass runs";
 }
@@ -697,18 +697,18 @@ TEST_P(ExposureErrorTest, AFirstMemberWhoseNumberIsNotOneToSixIsASubscriptError)
     for (const std::string_view number : {"", "0", "7", "x", "-1"}) {
         SetContaminants(2);
         SetMixture(1, 2);
-        Cell(Row(1), kNumero).Text = number;
-        ExpectEnd(TipoError::SubindiceFueraDeRango);
+        Cell(Row(1), kNumber).Text = number;
+        ExpectEnd(ErrorKind::SubscriptOutOfRange);
         EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "", "", "")) << number;
     }
 }
 
 TEST_P(ExposureErrorTest, ADayOutsideOneToThreeIsASubscriptErrorOfTheFirstMixture) {
-    for (const int dia : {0, 4}) {
+    for (const int day : {0, 4}) {
         SetContaminants(2);
         SetMixture(1, 2);
-        form.DiaActual = dia;
-        ExpectEnd(TipoError::SubindiceFueraDeRango);
+        form.DiaActual = day;
+        ExpectEnd(ErrorKind::SubscriptOutOfRange);
         EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "", "", ""));
     }
 }
@@ -724,7 +724,7 @@ TEST_P(ExposureErrorTest, WithoutAMixtureTheDayIsNotUsed) {
 TEST_F(ShortExposureTest, ASeventhContaminantOfTheThirdTaskEndsTheProgramWithSixRowsWritten) {
     record.NumContaminantes(3) = 7;
     for (int row = 13; row <= 18; ++row) Set(row, {.ec = "10", .mg = "1.", .gsd = "2."});
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command7_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command7_Click(); });
     for (int row = 13; row <= 18; ++row) {
         EXPECT_THAT(Right(row), ElementsAre("10", "1", "2", ""));
     }
@@ -739,20 +739,20 @@ TEST_F(ShortExposureTest, ASeventhContaminantOfTheFirstTaskJudgesTheFirstRowOfTh
 
 TEST_F(ShortExposureTest, AnEighthMemberOfAGroupDoesNotFitItsMatrix) {
     record.NumContaminantes(1) = 8;
-    for (int row = 1; row <= 7; ++row) Set(row, {.aditivo = "9"});
+    for (int row = 1; row <= 7; ++row) Set(row, {.group = "9"});
     Set(1, kDos);
     Set(8, kTres);
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command5_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
     EXPECT_EQ(Cell3(1, kEcMas).Text, "14.2857142857143");
 }
 
 TEST_F(ShortExposureTest, Command5_TheFactorMissesTheLimitCellOfARowBeyondItsTask) {
     record.NumContaminantes(1) = 10;
-    for (int row = 1; row <= 8; ++row) Set(row, {.aditivo = "9"});
+    for (int row = 1; row <= 8; ++row) Set(row, {.group = "9"});
     Set(9, kDos);
     Set(10, kTres);
     // 150 * 0.222 - 1.3 falls just short of 32, the limit cell of row 9; row 9 of the matrix fails.
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command5_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
     EXPECT_EQ(form.Text3(31).Text, "14.2857142857143");
     EXPECT_EQ(form.Text3(32).Text, "");
 }
@@ -792,7 +792,7 @@ TEST_P(ExposureButtonTest, UnderACommaAMeanBelowOneReadsZeroAndEndsTheProgram) {
     const WithSeparator comma(",");
     SetContaminants(1);
     Set(Row(1), {.ec = "10", .mg = ",61", .gsd = "1,5"});
-    ExpectError(TipoError::DivisionPorCero, [&] { Click(); });
+    ExpectError(ErrorKind::DivisionByZero, [&] { Click(); });
     EXPECT_THAT(Right(Row(1)), ElementsAre("10", "0", "1", ""));
 }
 

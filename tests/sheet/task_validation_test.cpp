@@ -10,15 +10,15 @@
 namespace velmora::test {
 namespace {
 
-constexpr std::string_view kSinLimites = "No se dispone de datos relativos a los contaminantes ";
-constexpr std::string_view kPocasMuestras = "No hay datos suficientes para operar ";
+constexpr std::string_view kNoLimits = "No se dispone de datos relativos a los contaminantes ";
+constexpr std::string_view kFewSamples = "No hay datos suficientes para operar ";
 constexpr std::string_view kHuecos = "No deje espacios vacios";
 
 /// One of the three twins: its task, its own first message, and the first row of its block.
 struct Twin {
     int tarea;
     std::string_view button;
-    std::string_view sin_datos;
+    std::string_view no_data;
     int Row(int r) const { return (tarea - 1) * 6 + r; }
 };
 
@@ -58,7 +58,7 @@ protected:
     void FillFirstTask() { SetSamples(1, {"1", "1"}); }
 
     std::string Mmp(int row) { return Cell(row, kMmp).Text; }
-    std::string Indice(int row) { return Cell(row, kIndice).Text; }
+    std::string Indice(int row) { return Cell(row, kIndex).Text; }
 };
 
 class TaskButtonTest : public TaskValidationTest, public ::testing::WithParamInterface<Twin> {
@@ -108,14 +108,14 @@ TEST_P(TaskButtonTest, ARowInUseWithoutEitherLimitIsRefusedFirstOfAll) {
     SetTask(T().tarea, 2, 2);
     Cell(Row(2), kEd).Text = "0";
     Cell(Row(2), kEc).Text = "0";
-    ExpectRefusal(kSinLimites);  // nothing is measured either: this check comes before
+    ExpectRefusal(kNoLimits);  // nothing is measured either: this check comes before
 }
 
 TEST_P(TaskButtonTest, LimitsThatReadZeroAreNone) {
     SetTask(T().tarea, 1, 1);
     Cell(Row(1), kEd).Text = "";
     Cell(Row(1), kEc).Text = ".";
-    ExpectRefusal(kSinLimites);
+    ExpectRefusal(kNoLimits);
 }
 
 TEST_P(TaskButtonTest, OneLimitOfTheTwoIsEnough) {
@@ -124,23 +124,23 @@ TEST_P(TaskButtonTest, OneLimitOfTheTwoIsEnough) {
     Cell(Row(1), kEc).Text = "0.01";
     Cell(Row(2), kEd).Text = "5";
     Cell(Row(2), kEc).Text = "";
-    ExpectRefusal(T().sin_datos);
+    ExpectRefusal(T().no_data);
 }
 
 TEST_P(TaskButtonTest, TheLimitsOfRowsBeyondTheContaminantsAreNotLookedAt) {
     SetTask(T().tarea, 1, 6);
-    ExpectRefusal(T().sin_datos);
+    ExpectRefusal(T().no_data);
 }
 
 TEST_P(TaskButtonTest, TheLimitsOfTheRecordAreNotWhatIsChecked) {
     SetTask(T().tarea, 1, 1);
     for (int r = 1; r <= 6; ++r) record.VlaEd(T().tarea, r) = 0;
-    ExpectRefusal(T().sin_datos);
+    ExpectRefusal(T().no_data);
 }
 
 TEST_F(TaskValidationTest, ASeventhContaminantLooksAtTheNextTasksFirstRow) {
     SetTask(1, 7, 0);
-    host.ExpectBox(std::string(kSinLimites));
+    host.ExpectBox(std::string(kNoLimits));
     form.Command1_Click();
     Cell(7, kEc).Text = "3";
     host.ExpectBox("No hay datos para operar");
@@ -150,7 +150,7 @@ TEST_F(TaskValidationTest, ASeventhContaminantLooksAtTheNextTasksFirstRow) {
 TEST_F(TaskValidationTest, ASeventhContaminantOfTheThirdTaskIsASubscriptError) {
     SetTask(3, 7, 0);
     const auto before = StateOf(form);
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { form.Command3_Click(); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command3_Click(); });
     EXPECT_THAT(Changed(before, form), IsEmpty());
 }
 
@@ -159,7 +159,7 @@ TEST_F(TaskValidationTest, ASeventhContaminantOfTheThirdTaskIsASubscriptError) {
 TEST_P(TaskButtonTest, WithTheFirstTaskEmptyThereAreNoDataEvenIfTheOthersAreFull) {
     SetTask(T().tarea, 1, 1);
     for (int row = 7; row <= 18; ++row) SetSamples(row, {"1", "2", "3", "4", "5", "6"});
-    ExpectRefusal(T().sin_datos);
+    ExpectRefusal(T().no_data);
 }
 
 TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
@@ -169,15 +169,15 @@ TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
             if (column < kC1 || column > kC6) Cell(row, column).Text = "1";
         }
     }
-    ExpectRefusal(T().sin_datos);
+    ExpectRefusal(T().no_data);
 }
 
 TEST_P(TaskButtonTest, TheColoursStayWhenTheFirstTwoChecksRefuse) {
     SetTask(T().tarea, 1, 1);
     Paint();
-    ExpectRefusal(T().sin_datos);
+    ExpectRefusal(T().no_data);
     Cell(Row(1), kEd).Text = "";
-    ExpectRefusal(kSinLimites);
+    ExpectRefusal(kNoLimits);
 }
 
 TEST_F(TaskValidationTest, AnyOfThe36CellsOfTheFirstTaskIsEnoughForTheOtherButtons) {
@@ -210,7 +210,7 @@ TEST_F(TaskValidationTest, Command1_OnASingleCellOfItsBlockPassesTheCheckOfData)
 TEST_F(TaskValidationTest, Command2_OnAnEmptyBlockOfItsOwnPassesTheCheckOfData) {
     SetTask(2, 1, 1);
     FillFirstTask();
-    host.ExpectBox(std::string(kPocasMuestras));
+    host.ExpectBox(std::string(kFewSamples));
     form.Command2_Click();
 }
 
@@ -221,10 +221,10 @@ TEST_P(TaskButtonTest, TheMeasurementsOfTheBlockAreBlackEvenIfALaterCheckRefuses
     FillFirstTask();
     SetSamples(Row(1), {"1", ""});
     Paint();
-    host.ExpectBox(std::string(kPocasMuestras));
+    host.ExpectBox(std::string(kFewSamples));
     Click();
     for (int i = 0; i < 324; ++i) {
-        EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kTextoDeVentana : 1U) << i;
+        EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kWindowText : 1U) << i;
         EXPECT_EQ(form.Text1(i).BackColor, 250U) << i;
     }
 }
@@ -234,8 +234,8 @@ TEST_P(TaskButtonTest, TheMarksAreTakenAwayFromTheMeasurementsOfTheBlockAlone) {
     Paint();
     Click();
     for (int i = 0; i < 324; ++i) {
-        EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kTextoDeVentana : 1U) << i;
-        EXPECT_EQ(form.Text1(i).BackColor, IsOwnSample(i) ? kFondoDeVentana : 250U) << i;
+        EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kWindowText : 1U) << i;
+        EXPECT_EQ(form.Text1(i).BackColor, IsOwnSample(i) ? kWindowBackground : 250U) << i;
     }
 }
 
@@ -244,19 +244,19 @@ TEST_P(TaskButtonTest, TheMarksAreTakenAwayFromTheMeasurementsOfTheBlockAlone) {
 TEST_P(TaskButtonTest, ARowInUseWithC1AloneHasTooFewSamples) {
     SixRows({"2", "8"});
     SetSamples(Row(4), {"2", ""});
-    ExpectRefusal(kPocasMuestras);
+    ExpectRefusal(kFewSamples);
 }
 
 TEST_P(TaskButtonTest, AnEmptyRowInUseHasTooFewSamples) {
     SixRows({"2", "8"});
     SetSamples(Row(6), {"", ""});
-    ExpectRefusal(kPocasMuestras);
+    ExpectRefusal(kFewSamples);
 }
 
 TEST_P(TaskButtonTest, TheCountStartsAgainAtEachRow) {
     SixRows({"2", "8", "4", "5", "6", "7"});
     SetSamples(Row(2), {"2", "", "", "", "", ""});
-    ExpectRefusal(kPocasMuestras);
+    ExpectRefusal(kFewSamples);
 }
 
 TEST_P(TaskButtonTest, ABlankCountsAsASampleHere) {
@@ -268,7 +268,7 @@ TEST_P(TaskButtonTest, ABlankCountsAsASampleHere) {
 TEST_P(TaskButtonTest, ARowWithC2AloneHasTooFewSamplesBeforeItHasAGap) {
     SixRows({"2", "8"});
     SetSamples(Row(1), {"", "8"});
-    ExpectRefusal(kPocasMuestras);
+    ExpectRefusal(kFewSamples);
 }
 
 TEST_P(TaskButtonTest, C5AndC6AreCountedTooAndLeaveAGap) {
@@ -292,7 +292,7 @@ TEST_P(TaskButtonTest, MoreContaminantsThanRowsOfTheDayAreAllLookedAt) {
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2", "8"});
     SetSamples(Row(3), {"", ""});
-    ExpectRefusal(kPocasMuestras);
+    ExpectRefusal(kFewSamples);
 }
 
 // ----------------------------------------------------------------------------------------- gaps
@@ -344,7 +344,7 @@ TEST_P(TaskButtonTest, OneMessageIsEnoughForManyGaps) {
 TEST_P(TaskButtonTest, ARefusedValidationKeepsWhatTheRowsShowed) {
     SixRows({"2", "8"});
     Cell(Row(1), kMmp).Text = "7.";
-    Cell(Row(1), kIndice).Text = ".7";
+    Cell(Row(1), kIndex).Text = ".7";
     form.Text7.Text = "SI";
     SetSamples(Row(6), {"0", "8"});
     ExpectRefusal(kHuecos);
@@ -377,13 +377,13 @@ TEST_P(TaskButtonTest, TheMeanAndDeviationOfEachRowGoToTheRecordAtItsPlace) {
     SetRows(3, T().tarea, 6);
     form.DiaActual = 3;
     Click();
-    for (int dia = 1; dia <= 3; ++dia) {
+    for (int day = 1; day <= 3; ++day) {
         for (int tarea = 1; tarea <= 3; ++tarea) {
             for (int r = 1; r <= 6; ++r) {
-                const bool own = dia == 3 && tarea == T().tarea;
+                const bool own = day == 3 && tarea == T().tarea;
                 // Worked by hand: the mean of ln 2 and ln 8 is ln 4, the spread ln 2 x sqrt 2.
-                EXPECT_NEAR(record.MG(dia, tarea, r).Valor(), own ? 4 : 0, 1e-12);
-                EXPECT_NEAR(record.GSD(dia, tarea, r).Valor(), own ? 2.66514414269023 : 0, 1e-12);
+                EXPECT_NEAR(record.MG(day, tarea, r).Value(), own ? 4 : 0, 1e-12);
+                EXPECT_NEAR(record.GSD(day, tarea, r).Value(), own ? 2.66514414269023 : 0, 1e-12);
             }
         }
     }
@@ -407,8 +407,8 @@ TEST_P(TaskButtonTest, AValidationWritesTheTwoColumnsOfItsRowsAndNothingElse) {
     const auto before = StateOf(form);
     Click();
     EXPECT_THAT(Changed(before, form),
-                UnorderedElementsAre(Name(Row(1), kMmp), Name(Row(1), kIndice), Name(Row(2), kMmp),
-                                     Name(Row(2), kIndice)));
+                UnorderedElementsAre(Name(Row(1), kMmp), Name(Row(1), kIndex), Name(Row(2), kMmp),
+                                     Name(Row(2), kIndex)));
 }
 
 TEST_P(TaskButtonTest, ASampleThatReadsZeroEndsTheRow) {
@@ -467,7 +467,7 @@ TEST_P(TaskButtonTest, WithOneSampleInThePlanOfTwoContaminantsTheSecondRowKeepsI
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2", "8"});
     Cell(Row(2), kMmp).Text = "9.";
-    Cell(Row(2), kIndice).Text = ".9";
+    Cell(Row(2), kIndex).Text = ".9";
     Click();
     EXPECT_EQ(Mmp(Row(1)), "4.");
     EXPECT_EQ(Mmp(Row(2)), "9.");
@@ -539,7 +539,7 @@ TEST_P(TaskButtonTest, ANegativeSampleReachesTheLogarithmAndEndsTheProgram) {
         FillFirstTask();
         SetTask(T().tarea, 1, 1);
         SetSamples(Row(1), {"2", sample});
-        ExpectError(TipoError::ArgumentoNoValido, [&] { Click(); });
+        ExpectError(ErrorKind::InvalidArgument, [&] { Click(); });
     }
 }
 
@@ -555,7 +555,7 @@ TEST_P(TaskButtonTest, SamplesThatAddUpBeyondAnIntegerOverflow) {
     SixRows({"2", "8"});
     record.Muestras15(1, T().tarea) = 32767;
     record.Muestras30(1, T().tarea) = 1;
-    ExpectError(TipoError::Desbordamiento, [&] { Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { Click(); });
 }
 
 // -------------------------------------------------------------------------------- exposure time
@@ -563,20 +563,20 @@ TEST_P(TaskButtonTest, SamplesThatAddUpBeyondAnIntegerOverflow) {
 TEST_P(TaskButtonTest, EachRowTakesTheTimeOfItsDayButTheSixthOfCommand2ThatOfTheFirstDay) {
     SixRows({"2", "8"});
     for (int t = 1; t <= 3; ++t) {
-        for (int dia = 1; dia <= 3; ++dia) {
-            record.TiempoExposicion(dia, t) = 10 * t + 2 * dia;
-            SetRows(dia, t, 6);
+        for (int day = 1; day <= 3; ++day) {
+            record.TiempoExposicion(day, t) = 10 * t + 2 * day;
+            SetRows(day, t, 6);
         }
         for (int r = 1; r <= 6; ++r) record.VlaEd(t, r) = 1;
     }
-    for (int dia = 1; dia <= 3; ++dia) {
-        form.DiaActual = dia;
+    for (int day = 1; day <= 3; ++day) {
+        form.DiaActual = day;
         Click();
         for (int r = 1; r <= 6; ++r) {
             const bool first_days = T().tarea == 2 && r == 6;
             // Worked by hand: time x 4 / (1 x 8), with a time of 10t + 2d, is 5t + d.
-            EXPECT_EQ(Indice(Row(r)), Cifras(5 * T().tarea + (first_days ? 1 : dia)) + ".")
-                << "day " << dia << ", row " << r;
+            EXPECT_EQ(Indice(Row(r)), Digits(5 * T().tarea + (first_days ? 1 : day)) + ".")
+                << "day " << day << ", row " << r;
         }
     }
 }
@@ -585,7 +585,7 @@ TEST_P(TaskButtonTest, EachRowTakesTheTimeOfItsDayButTheSixthOfCommand2ThatOfThe
 
 struct Opening {
     int command;
-    int num_tareas;
+    int num_tasks;
     std::string_view opened;
 };
 
@@ -599,10 +599,10 @@ constexpr std::array<Opening, 18> kOpenings = {{
 
 TEST_F(TaskValidationTest, EachButtonOpensTheNextOneOfThePlanAndClosesNone) {
     for (const Opening& opening : kOpenings) {
-        SCOPED_TRACE(Indexed("Command", opening.command) + " of " + Cifras(opening.num_tareas));
+        SCOPED_TRACE(Indexed("Command", opening.command) + " of " + Digits(opening.num_tasks));
         form.limpia(1);
         FillFirstTask();
-        record.NumTareas = opening.num_tareas;
+        record.NumTareas = opening.num_tasks;
         const auto before = StateOf(form);
         Click(kTwins.at(static_cast<std::size_t>(opening.command - 1)));
         if (opening.opened.empty()) {
@@ -618,8 +618,8 @@ TEST_F(TaskValidationTest, EachButtonOpensTheNextOneOfThePlanAndClosesNone) {
 
 TEST_P(TaskButtonTest, WithEveryButtonOpenNoneIsClosed) {
     SixRows({"2", "8"});
-    for (int tareas = 0; tareas <= 4; ++tareas) {
-        record.NumTareas = tareas;
+    for (int tasks = 0; tasks <= 4; ++tasks) {
+        record.NumTareas = tasks;
         Scribble();
         for (TextCell& cell : form.Text1) cell.Text = "";
         SixRows({"2", "8"});
@@ -650,12 +650,12 @@ TEST_P(TaskButtonTest, ARowOfOneUsableSampleEndsTheProgramWithTheRowsBeforeItWri
     Paint();
     SetSamples(Row(3), {"5", "0"});
     form.Text7.Text = "SI";
-    ExpectError(TipoError::OperacionNoValida, [&] { Click(); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(2)), "4.");
     EXPECT_EQ(Mmp(Row(3)), "");
     EXPECT_EQ(Indice(Row(3)), "");
     EXPECT_EQ(Mmp(Row(4)), "");
-    EXPECT_EQ(Cell(Row(1), kC1).ForeColor, kTextoDeVentana);
+    EXPECT_EQ(Cell(Row(1), kC1).ForeColor, kWindowText);
     EXPECT_EQ(Cell(Row(1), kC1).BackColor, 250U) << "the closing step wasn't reached";
     EXPECT_EQ(form.Text7.Text, "SI");
     EXPECT_FALSE(form.Command2.Visible || form.Command3.Visible || form.Command4.Visible);
@@ -667,7 +667,7 @@ TEST_P(TaskButtonTest, ASingleValueInARowBeyondTheContaminantsEndsTheProgramToo)
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"5", ""});
-    ExpectError(TipoError::OperacionNoValida, [&] { Click(); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(1)), "4.");
     EXPECT_EQ(Mmp(Row(2)), "");
 }
@@ -677,7 +677,7 @@ TEST_P(TaskButtonTest, AnIndexTooLargeEndsTheProgramWithTheMeanWritten) {
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     record.TiempoExposicion(1, T().tarea) = 1e308;
-    ExpectError(TipoError::Desbordamiento, [&] { Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(1)), "4.");
     EXPECT_EQ(Indice(Row(1)), "");
 }
@@ -687,17 +687,17 @@ TEST_P(TaskButtonTest, AMeasurementTooLongForADoubleEndsTheProgramAtTheCheckOfGa
     FillFirstTask();
     Cell(Row(1), kC1).Text = std::string(400, '9');
     Cell(Row(1), kC1 + 1).Text = "1";
-    ExpectError(TipoError::Desbordamiento, [&] { Click(); });
+    ExpectError(ErrorKind::Overflow, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(1)), "");
 }
 
 TEST_P(TaskButtonTest, ADayOutsideThePlansArraysEndsTheProgramAtTheComputation) {
-    for (const int dia : {0, 4}) {
+    for (const int day : {0, 4}) {
         SixRows({"2", "8"});
         Paint();
-        form.DiaActual = dia;
-        ExpectError(TipoError::SubindiceFueraDeRango, [&] { Click(); });
-        EXPECT_EQ(Cell(Row(6), kC6).ForeColor, kTextoDeVentana);
+        form.DiaActual = day;
+        ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Click(); });
+        EXPECT_EQ(Cell(Row(6), kC6).ForeColor, kWindowText);
         EXPECT_EQ(Mmp(Row(1)), "");
     }
 }
@@ -708,7 +708,7 @@ TEST_P(TaskButtonTest, UnderACommaALimitOfAHalfReadsAsNone) {
     const WithSeparator comma(",");
     SetTask(T().tarea, 1, 1, 0.5);
     ASSERT_EQ(Cell(Row(1), kEd).Text, "0,5");
-    ExpectRefusal(kSinLimites);
+    ExpectRefusal(kNoLimits);
 }
 
 TEST_P(TaskButtonTest, UnderACommaTheFiguresAreWrittenWithItAndTheMeasurementsReadWithAPoint) {

@@ -8,9 +8,9 @@
 namespace velmora::test {
 namespace {
 
-constexpr std::string_view kDosDiasMas = "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS";
+constexpr std::string_view kTwoDaysMore = "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS";
 constexpr std::string_view kSegura = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
-constexpr std::string_view kBaja = " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
+constexpr std::string_view kLow = " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
 constexpr std::string_view kIncertidumbre =
     " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS";
 
@@ -30,11 +30,11 @@ protected:
         record.TiempoExposicion(1, 1) = 8;
         record.Muestras15(1, 1) = 3;
         record.NumContaminantes(1) = 3;
-        const std::array<std::string_view, 3> nombres = {"Tolueno", "Xileno", "Etilbenceno"};
+        const std::array<std::string_view, 3> names = {"Tolueno", "Xileno", "Etilbenceno"};
         const std::array<double, 3> ed = {192, 221, 442};
         for (int c = 1; c <= 3; ++c) {
             const auto place = static_cast<std::size_t>(c - 1);
-            record.NombreContaminante(1, c) = nombres.at(place);
+            record.NombreContaminante(1, c) = names.at(place);
             record.VlaEd(1, c) = ed.at(place);
             record.VlaEc(1, c) = 2 * ed.at(place);
             record.TiempoMuestreo(1, c) = 15;
@@ -132,10 +132,10 @@ TEST_F(WorkedDayTest, FromTheMenuToTheVerdictEveryCellHoldsItsFigure) {
     TypeSamples();
     Push("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "117.76");
-    EXPECT_EQ(Cell(2, kIndice).Text, ".15");
+    EXPECT_EQ(Cell(2, kIndex).Text, ".15");
     EXPECT_EQ(Cell(3, kMg).Text, "") << "the means are the next button's";
     Push("Command4");
-    EXPECT_EQ(Cell(2, kIndicMas).Text, "0.19");
+    EXPECT_EQ(Cell(2, kCombinedIndex).Text, "0.19");
     EXPECT_EQ(Cell(1, kMg).Text, "117.11");
     EXPECT_FALSE(form.Command8.Visible);
     Push("Command5");
@@ -143,7 +143,7 @@ TEST_F(WorkedDayTest, FromTheMenuToTheVerdictEveryCellHoldsItsFigure) {
     EXPECT_TRUE(form.Text2.Visible);
     Push("Command8");
     ExpectSheet(kClosed, ".");
-    ExpectAnswers("0.61", "0.001", kDosDiasMas, kBaja, "NO");
+    ExpectAnswers("0.61", "0.001", kTwoDaysMore, kLow, "NO");
     ExpectFinalTable({"0.61", "0.19", ""}, {"0.001", "0.001", ""});
 }
 
@@ -156,11 +156,11 @@ TEST_F(WorkedDayTest, TheRecordHoldsTheMeansUnrounded) {
     const std::array<double, 3> gsd = {1.2105874457116013, 1.4048275621731852, 1.485266983696769};
     for (int c = 1; c <= 3; ++c) {
         const auto place = static_cast<std::size_t>(c - 1);
-        EXPECT_NEAR(record.MG(1, 1, c).Valor(), mg.at(place), 1e-12);
-        EXPECT_NEAR(record.GSD(1, 1, c).Valor(), gsd.at(place), 1e-12);
+        EXPECT_NEAR(record.MG(1, 1, c).Value(), mg.at(place), 1e-12);
+        EXPECT_NEAR(record.GSD(1, 1, c).Value(), gsd.at(place), 1e-12);
     }
-    EXPECT_NEAR(record.MGmas(1, 1, 2).Valor(), 47.74727869769753, 1e-12);
-    EXPECT_NEAR(record.GSDmas(1, 1, 2).Valor(), 1.431362866121495, 1e-12);
+    EXPECT_NEAR(record.MGmas(1, 1, 2).Value(), 47.74727869769753, 1e-12);
+    EXPECT_NEAR(record.GSDmas(1, 1, 2).Value(), 1.431362866121495, 1e-12);
     EXPECT_EQ(record.MGmas(1, 1, 1), 0);
     EXPECT_EQ(record.MGmas(1, 1, 3), 0);
 }
@@ -189,7 +189,7 @@ TEST_F(WorkedDayTest, TheDayComesBackAfterLeavingTheSheet) {
         }
     }
     EXPECT_EQ(back.Text2.Text, "0.61");
-    EXPECT_EQ(back.Text5.Text, kDosDiasMas);
+    EXPECT_EQ(back.Text5.Text, kTwoDaysMore);
     EXPECT_TRUE(back.Command8.Visible && back.Command8.Enabled);
 }
 
@@ -207,11 +207,11 @@ TEST_F(WorkedDayTest, TheNextDayShowsTheOldConclusionsUntilItsOwnAreValidated) {
     TypeSamples();
     for (const std::string_view button : {"Command1", "Command4", "Command5"}) Push(button);
     EXPECT_TRUE(form.Text5.Visible);
-    ExpectAnswers("0.61", "0.001", kDosDiasMas, kBaja, "");  // the validation took Text7 away
+    ExpectAnswers("0.61", "0.001", kTwoDaysMore, kLow, "");  // the validation took Text7 away
     Push("Command8");
-    ExpectAnswers("0.61", "0.001", "SE CONTINUA  CON EL PLAN DE MEDICIONES", kBaja, "NO");
+    ExpectAnswers("0.61", "0.001", "SE CONTINUA  CON EL PLAN DE MEDICIONES", kLow, "NO");
     ExpectSheet(kClosed, ".");
-    EXPECT_EQ(record.HojaPrimerDia(399), kDosDiasMas);
+    EXPECT_EQ(record.HojaPrimerDia(399), kTwoDaysMore);
     EXPECT_EQ(record.HojaFinal(1, 4), "0.61");
 }
 
@@ -224,7 +224,7 @@ TEST_F(WorkedDayTest, ARepeatedChainComesToTheSameSheet) {
         }
     }
     ExpectSheet(kClosed, ".");
-    ExpectAnswers("0.61", "0.001", kDosDiasMas, kBaja, "NO");
+    ExpectAnswers("0.61", "0.001", kTwoDaysMore, kLow, "NO");
 }
 
 TEST_F(WorkedDayTest, UnderACommaTheSameDayFallsIntoTheFirstColumn) {
@@ -235,7 +235,7 @@ TEST_F(WorkedDayTest, UnderACommaTheSameDayFallsIntoTheFirstColumn) {
         Push(button);
     }
     ExpectSheet(kClosedUnderComma, ",");
-    ExpectAnswers("0", "0", kSegura, kBaja, "NO");
+    ExpectAnswers("0", "0", kSegura, kLow, "NO");
     ExpectFinalTable({"0", "", ""}, {"0", "0", ""});
 }
 
@@ -245,7 +245,7 @@ protected:
     void SetUp() override {
         SetPlan(3, 3, 1);
         for (int t = 1; t <= 3; ++t) {
-            for (int dia = 1; dia <= 3; ++dia) record.TiempoExposicion(dia, t) = 8;
+            for (int day = 1; day <= 3; ++day) record.TiempoExposicion(day, t) = 8;
             record.VlaEd(t, 1) = 8;
             record.VlaEc(t, 1) = 30;
             record.TiempoMuestreo(t, 1) = 30;
@@ -288,7 +288,7 @@ TEST_F(ThreeTasksTest, EachPressOpensTheNextButtonUpToTheConclusions) {
     EXPECT_EQ(OpenButtons(), "12345678");
     for (const int row : {1, 7, 13}) {
         EXPECT_EQ(Cell(row, kMmp).Text, "4.");
-        EXPECT_EQ(Cell(row, kIndicMas).Text, ".5");
+        EXPECT_EQ(Cell(row, kCombinedIndex).Text, ".5");
         EXPECT_EQ(Cell(row, kGsd).Text, "2.67");
         EXPECT_EQ(Cell3(row, kEcMas).Text, "30");
         // Python: a ratio of 7.5 has its curves at 2.395 and 3.390, the fourth and the fifth.
@@ -299,7 +299,7 @@ TEST_F(ThreeTasksTest, EachPressOpensTheNextButtonUpToTheConclusions) {
     EXPECT_EQ(form.Text5.Text, "SE CONTINUA  CON EL PLAN DE MEDICIONES");
     EXPECT_EQ(form.Text6.Text, kIncertidumbre);
     EXPECT_EQ(form.Text7.Text, "NO") << "8 is below 3 x 8";
-    EXPECT_TRUE(record.HojaPrimerDia == HojaDelDia{});
+    EXPECT_TRUE(record.HojaPrimerDia == DaySheet{});
 }
 
 TEST_F(ThreeTasksTest, ARecoveredDayCanBeClosedAgainAndItsThirdTaskIsReachedThroughTheSecond) {
@@ -312,7 +312,7 @@ TEST_F(ThreeTasksTest, ARecoveredDayCanBeClosedAgainAndItsThirdTaskIsReachedThro
                                           "Command5", "Command6", "Command7", "Command8"}) {
         Push(button);
     }
-    const HojaDelDia closed = record.HojaSegundoDia;
+    const DaySheet closed = record.HojaSegundoDia;
     Choose("recupsegundodia");
     EXPECT_EQ(OpenButtons(), "128");
     Push("Command8");

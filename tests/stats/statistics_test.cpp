@@ -28,13 +28,13 @@ Muestras Samples(std::initializer_list<double> values) {
 
 /// Relative error of a few roundings: far below the fifteen digits that are shown.
 void ExpectClose(Doble value, double expected) {
-    EXPECT_NEAR(value.Valor(), expected, 1e-14 * std::fabs(expected));
+    EXPECT_NEAR(value.Value(), expected, 1e-14 * std::fabs(expected));
 }
 
 class MediaEstimadaTest : public ::testing::Test {
 protected:
     double Media(const Muestras& muestras) {
-        return MediaEstimada(record, muestras, 1, 1, 1).Valor();
+        return MediaEstimada(record, muestras, 1, 1, 1).Value();
     }
     Doble Mg() const { return record.MG(1, 1, 1); }
     Doble Gsd() const { return record.GSD(1, 1, 1); }
@@ -63,13 +63,13 @@ TEST_F(MediaEstimadaTest, AFirstSampleOfZeroHidesEvenANegativeOne) {
 }
 
 TEST_F(MediaEstimadaTest, TheCountStopsAtAZeroAndOneSampleFails) {
-    ExpectError(TipoError::OperacionNoValida, [&] { Media(Samples({3, 0, 7})); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { Media(Samples({3, 0, 7})); });
 }
 
 TEST_F(MediaEstimadaTest, ASingleSampleFailsWithNothingStored) {
     record.MG(1, 1, 1) = 7.5;
     record.GSD(1, 1, 1) = 1.25;
-    ExpectError(TipoError::OperacionNoValida, [&] { Media(Samples({5})); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { Media(Samples({5})); });
     EXPECT_EQ(Mg(), 7.5);
     EXPECT_EQ(Gsd(), 1.25);
 }
@@ -83,7 +83,7 @@ TEST_F(MediaEstimadaTest, SamplesBehindTheFirstZeroDoNotCount) {
 TEST_F(MediaEstimadaTest, AZeroIsTheOnlyEndOfTheSamples) {
     // The smallest Double is a sample: only an exact 0 ends the count.
     const double tiny = std::numeric_limits<double>::denorm_min();
-    ExpectError(TipoError::OperacionNoValida, [&] { Media(Samples({tiny})); });
+    ExpectError(ErrorKind::InvalidOperation, [&] { Media(Samples({tiny})); });
     EXPECT_GT(Media(Samples({1, 1e-300})), 0.0);
     EXPECT_LT(Mg(), 1e-149);  // the geometric mean of 1 and 1E-300 is 1E-150
 }
@@ -140,9 +140,9 @@ TEST_F(MediaEstimadaTest, TheStoredGeometricMeanIsWithoutTheFactor) {
 TEST_F(MediaEstimadaTest, TheFactorNeverLowersTheMean) {
     // 0.7969 x exp(0.1964 x 1) is 0.96984 and becomes 1.
     const double of_equals = Media(Samples({5, 5, 5}));
-    EXPECT_EQ(of_equals, Mg().Valor());
+    EXPECT_EQ(of_equals, Mg().Value());
     const double of_neighbours = Media(Samples({1, 1.1, 1.2}));  // 0.98820, lifted, too
-    EXPECT_EQ(of_neighbours, Mg().Valor());
+    EXPECT_EQ(of_neighbours, Mg().Value());
 }
 
 /// n samples of geometric mean 1 whose GSD is `gsd`: half of them h, half 1/h, a 1 where n is odd.
@@ -164,22 +164,22 @@ TEST_F(MediaEstimadaTest, TheFactorIsLiftedToOneBelowItsThreshold) {
     for (const Threshold& t : {Threshold{3, 1.15594}, {4, 1.18639}, {5, 1.15068}, {6, 1.15838}}) {
         SCOPED_TRACE(t.n);
         const double below = Media(SamplesOfSpread(t.n, t.gsd - 0.0001));
-        EXPECT_EQ(below, Mg().Valor());
-        EXPECT_NEAR(Gsd().Valor(), t.gsd - 0.0001, 1e-12);
+        EXPECT_EQ(below, Mg().Value());
+        EXPECT_NEAR(Gsd().Value(), t.gsd - 0.0001, 1e-12);
         const double above = Media(SamplesOfSpread(t.n, t.gsd + 0.0001));
-        EXPECT_GT(above, Mg().Valor());
-        EXPECT_NEAR(Gsd().Valor(), t.gsd + 0.0001, 1e-12);
+        EXPECT_GT(above, Mg().Value());
+        EXPECT_NEAR(Gsd().Value(), t.gsd + 0.0001, 1e-12);
     }
 }
 
 TEST_F(MediaEstimadaTest, TwoSamplesHaveNoFactorHoweverFarApart) {
     const double result = Media(Samples({0.001, 1000}));
-    EXPECT_EQ(result, Mg().Valor());
+    EXPECT_EQ(result, Mg().Value());
 }
 
 TEST_F(MediaEstimadaTest, ANegativeSampleIsAnInvalidArgument) {
-    ExpectError(TipoError::ArgumentoNoValido, [&] { Media(Samples({2, -3})); });
-    ExpectError(TipoError::ArgumentoNoValido, [&] { Media(Samples({-2})); });
+    ExpectError(ErrorKind::InvalidArgument, [&] { Media(Samples({2, -3})); });
+    ExpectError(ErrorKind::InvalidArgument, [&] { Media(Samples({-2})); });
     EXPECT_EQ(Mg(), 0.0);
 }
 
@@ -189,8 +189,8 @@ TEST(MuestrasTest, HaveTheSubscriptsZeroToSixAndNoOther) {
     muestras(6) = 2;
     EXPECT_EQ(muestras(0), 1);
     EXPECT_EQ(muestras(6), 2);
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { muestras(-1); });
-    ExpectError(TipoError::SubindiceFueraDeRango, [&] { muestras(7); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { muestras(-1); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { muestras(7); });
 }
 
 TEST_F(MediaEstimadaTest, SubscriptZeroIsNeverRead) {
@@ -212,26 +212,26 @@ TEST_F(MediaEstimadaTest, StoresAtItsDayTaskAndContaminantAndNowhereElse) {
 TEST_F(MediaEstimadaTest, ASubscriptOutOfRangeIsAnErrorAtTheMomentOfStoring) {
     const Muestras muestras = Samples({2, 8});
     for (const int bad : {0, 4}) {
-        ExpectError(TipoError::SubindiceFueraDeRango,
+        ExpectError(ErrorKind::SubscriptOutOfRange,
                     [&] { MediaEstimada(record, muestras, bad, 1, 1); });
-        ExpectError(TipoError::SubindiceFueraDeRango,
+        ExpectError(ErrorKind::SubscriptOutOfRange,
                     [&] { MediaEstimada(record, muestras, 1, bad, 1); });
     }
     for (const int bad : {0, 7}) {
-        ExpectError(TipoError::SubindiceFueraDeRango,
+        ExpectError(ErrorKind::SubscriptOutOfRange,
                     [&] { MediaEstimada(record, muestras, 1, 1, bad); });
     }
     EXPECT_EQ(record, EvaluacionRecord{});
 }
 
 TEST_F(MediaEstimadaTest, WithoutASampleNoSubscriptIsLookedAt) {
-    EXPECT_EQ(MediaEstimada(record, {}, 0, 0, 0).Valor(), 0.0);
+    EXPECT_EQ(MediaEstimada(record, {}, 0, 0, 0).Value(), 0.0);
 }
 
 TEST_F(MediaEstimadaTest, AFactorTooLargeOverflowsWithTheRecordAlreadyStored) {
     // GSD of 1E-300, 1, 1E+300 is 1E+300, and exp(0.1964E+300) has no Double.
-    ExpectError(TipoError::Desbordamiento, [&] { Media(Samples({1e-300, 1, 1e300})); });
-    EXPECT_NEAR(Mg().Valor(), 1.0, 1e-12);
+    ExpectError(ErrorKind::Overflow, [&] { Media(Samples({1e-300, 1, 1e300})); });
+    EXPECT_NEAR(Mg().Value(), 1.0, 1e-12);
     EXPECT_GT(Gsd(), 1e299);
 }
 
@@ -267,7 +267,7 @@ constexpr std::array kLadder = {
 
 TEST(ProbabilidadExcesoTest, TheFirstCurveStrictlyAboveTheDispersionDecides) {
     for (const LadderCase& row : kLadder) {
-        EXPECT_EQ(ProbabilidadExceso(row.ratio, row.dispersion).Valor(), row.probability)
+        EXPECT_EQ(ProbabilidadExceso(row.ratio, row.dispersion).Value(), row.probability)
             << "ratio " << row.ratio << ", dispersion " << row.dispersion;
     }
 }
@@ -290,40 +290,40 @@ TEST(ProbabilidadExcesoTest, AboveARatioOfOneEachCurveIsTheEdgeBetweenTwoClasses
     for (const Curves& curves : kRisingCurves) {
         for (std::size_t k = 0; k < curves.heights.size(); ++k) {
             const double height = curves.heights.at(k);
-            EXPECT_EQ(ProbabilidadExceso(curves.ratio, height - 1e-6).Valor(), kClasses.at(k));
-            EXPECT_EQ(ProbabilidadExceso(curves.ratio, height + 1e-6).Valor(), kClasses.at(k + 1));
+            EXPECT_EQ(ProbabilidadExceso(curves.ratio, height - 1e-6).Value(), kClasses.at(k));
+            EXPECT_EQ(ProbabilidadExceso(curves.ratio, height + 1e-6).Value(), kClasses.at(k + 1));
         }
     }
 }
 
 TEST(ProbabilidadExcesoTest, BelowARatioOfOneTheFirstCurveIsTheOnlyEdge) {
     // The curves fall there: 0.33863177 is the highest at ratio 0.01.
-    EXPECT_EQ(ProbabilidadExceso(0.01, 0.33863177 - 1e-6).Valor(), 0.001);
-    EXPECT_EQ(ProbabilidadExceso(0.01, 0.33863177 + 1e-6).Valor(), 50.0);
+    EXPECT_EQ(ProbabilidadExceso(0.01, 0.33863177 - 1e-6).Value(), 0.001);
+    EXPECT_EQ(ProbabilidadExceso(0.01, 0.33863177 + 1e-6).Value(), 50.0);
 }
 
 TEST(ProbabilidadExcesoTest, ACurveAtTheDispersionDoesNotCount) {
     // At ratio 1 each curve is its multiplier, exactly.
-    EXPECT_EQ(ProbabilidadExceso(1, 1.0026).Valor(), 50.0);
-    EXPECT_EQ(ProbabilidadExceso(1, std::nextafter(1.0026, 0.0)).Valor(), 0.001);
+    EXPECT_EQ(ProbabilidadExceso(1, 1.0026).Value(), 50.0);
+    EXPECT_EQ(ProbabilidadExceso(1, std::nextafter(1.0026, 0.0)).Value(), 0.001);
 }
 
 TEST(ProbabilidadExcesoTest, ARatioOfZeroOrLessGivesZeroWhateverTheDispersion) {
     for (const double ratio : {0.0, -0.0, -1.0, -1e300}) {
         for (const double dispersion : {-1.0, 0.0, 1.0, 2.5, 1e300}) {
-            EXPECT_EQ(ProbabilidadExceso(ratio, dispersion).Valor(), 0.0)
+            EXPECT_EQ(ProbabilidadExceso(ratio, dispersion).Value(), 0.0)
                 << "ratio " << ratio << ", dispersion " << dispersion;
         }
     }
 }
 
 TEST(ProbabilidadExcesoTest, ADispersionOfZeroIsBelowTheFirstCurve) {
-    EXPECT_EQ(ProbabilidadExceso(0.001, 0).Valor(), 0.001);
+    EXPECT_EQ(ProbabilidadExceso(0.001, 0).Value(), 0.001);
 }
 
 TEST(ProbabilidadExcesoTest, TheLargestRatioOverflowsOnNoCurve) {
     // 1E+308 raised to 0.6049 is 2E+186.
-    EXPECT_EQ(ProbabilidadExceso(1e308, 1e300).Valor(), 50.0);
+    EXPECT_EQ(ProbabilidadExceso(1e308, 1e300).Value(), 50.0);
 }
 
 }  // namespace

@@ -344,15 +344,15 @@ TEST_F(EvaluationFileTest, RandomDoublesReadBackAsTheValueThatTheirLineShows) {
         for (auto& task : record.VlaEd) {
             for (Doble& value : task) {
                 const int exponent = static_cast<int>(random() % 40) - 20;
-                value = Doble(mantissa(random)) * Potencia(10.0, exponent);
+                value = Doble(mantissa(random)) * Power(10.0, exponent);
             }
         }
         const std::string bytes = Saved(record);
         const EvaluacionRecord restored = Restored(bytes);
         EXPECT_EQ(Saved(restored), bytes);
         for (int agent = 1; agent <= 6; ++agent) {
-            const double value = record.VlaEd(1, agent).Valor();
-            EXPECT_NEAR(restored.VlaEd(1, agent).Valor(), value, 1e-14 * value);
+            const double value = record.VlaEd(1, agent).Value();
+            EXPECT_NEAR(restored.VlaEd(1, agent).Value(), value, 1e-14 * value);
         }
     }
 }
@@ -368,7 +368,7 @@ TEST_F(EvaluationFileTest, AStringWithAQuoteComesBackUpToItAndTheRestIsUnharmed)
 TEST_F(EvaluationFileTest, ADayNeverValidatedComesBackAsEmptyStrings) {
     EvaluacionRecord before;
     before.HojaSegundoDia(5) = "192";
-    EXPECT_EQ(Restored(Saved({}), before).HojaSegundoDia, HojaDelDia{});
+    EXPECT_EQ(Restored(Saved({}), before).HojaSegundoDia, DaySheet{});
 }
 
 TEST_F(EvaluationFileTest, ARestoreLeavesTheWorkingValuesAsTheyStood) {
@@ -395,7 +395,7 @@ TEST_F(EvaluationFileTest, ACommaInCellTextStaysAndLeerValorStopsAtItOnAnyMachin
     record.HojaFinal(1, 3) = "2,61";
     const EvaluacionRecord restored = Restored(Saved(record));
     EXPECT_EQ(restored.HojaFinal(1, 3), "2,61");
-    EXPECT_EQ(LeerValor(restored.HojaFinal(1, 3)).Valor(), 2.0);
+    EXPECT_EQ(LeerValor(restored.HojaFinal(1, 3)).Value(), 2.0);
 }
 
 TEST_F(EvaluationFileTest, TheStandardLibrarysLocaleChangesNoByte) {
@@ -573,7 +573,7 @@ TEST_F(EvaluationFileTest, ADoubleTakesAnyDecimalFormAndKeepsItsValueOtherwise) 
         before.TiempoExposicion(1, 1) = kKept;
         const EvaluacionRecord restored =
             Restored(FreshFileWithLine(22, std::string(row.line)), before);
-        EXPECT_EQ(restored.TiempoExposicion(1, 1).Valor(), row.value) << row.line;
+        EXPECT_EQ(restored.TiempoExposicion(1, 1).Value(), row.value) << row.line;
     }
 }
 
@@ -613,7 +613,7 @@ TEST_F(EvaluationFileTest, AnIntegerRoundsHalvesToEvenAndMustFitSixteenBits) {
         before.NumJornadas = kKeptInteger;
         const EvaluacionRecord restored =
             Restored(FreshFileWithLine(20, std::string(row.line)), before);
-        EXPECT_EQ(restored.NumJornadas.Valor(), row.value) << row.line;
+        EXPECT_EQ(restored.NumJornadas.Value(), row.value) << row.line;
     }
 }
 

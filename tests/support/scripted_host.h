@@ -25,9 +25,9 @@ public:
     }
 
     /// The next box has exactly this prompt, style and title, and gets this answer.
-    void ExpectBox(std::string prompt, Estilo estilo = Estilo::Aceptar,
-                   Respuesta respuesta = Respuesta::Aceptar, std::string titulo = "Velmora") {
-        boxes_.push_back({std::move(prompt), estilo, std::move(titulo), respuesta});
+    void ExpectBox(std::string prompt, MsgBoxStyle style = MsgBoxStyle::Ok,
+                   MsgBoxAnswer answer = MsgBoxAnswer::Ok, std::string title = "Velmora") {
+        boxes_.push_back({std::move(prompt), style, std::move(title), answer});
     }
 
     /// The next file dialog accepts this name, or is cancelled when there is none.
@@ -36,18 +36,19 @@ public:
     /// The process is ended, once, with status 0.
     void ExpectEnd() { ++ends_; }
 
-    Respuesta MsgBox(std::string_view prompt, Estilo estilo, std::string_view titulo) override {
+    MsgBoxAnswer MsgBox(std::string_view prompt, MsgBoxStyle style,
+                        std::string_view title) override {
         if (boxes_.empty()) {
             ADD_FAILURE() << "box not in the script: " << prompt;
-            return Respuesta::No;
+            return MsgBoxAnswer::No;
         }
         const ScriptedBox expected = boxes_.front();
         boxes_.pop_front();
         EXPECT_EQ(prompt, expected.prompt);
-        EXPECT_EQ(static_cast<int>(estilo), static_cast<int>(expected.estilo));
-        EXPECT_EQ(titulo, expected.titulo);
+        EXPECT_EQ(static_cast<int>(style), static_cast<int>(expected.style));
+        EXPECT_EQ(title, expected.title);
         if (on_box) on_box();
-        return expected.respuesta;
+        return expected.answer;
     }
 
     void ShowSave(CommonDialog& dialog) override {
@@ -84,9 +85,9 @@ public:
 private:
     struct ScriptedBox {
         std::string prompt;
-        Estilo estilo;
-        std::string titulo;
-        Respuesta respuesta;
+        MsgBoxStyle style;
+        std::string title;
+        MsgBoxAnswer answer;
     };
 
     std::deque<ScriptedBox> boxes_;

@@ -22,18 +22,18 @@ using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
 /// Columns of `Text1`.
-inline constexpr int kNumero = 0;
-inline constexpr int kNombre = 1;
+inline constexpr int kNumber = 0;
+inline constexpr int kName = 1;
 inline constexpr int kEd = 2;
 inline constexpr int kEc = 3;
 inline constexpr int kUnidad = 4;
 inline constexpr int kTm = 5;
-inline constexpr int kAditivo = 6;
+inline constexpr int kAdditive = 6;
 inline constexpr int kC1 = 7;
 inline constexpr int kC6 = 12;
 inline constexpr int kMmp = 13;
-inline constexpr int kIndice = 14;
-inline constexpr int kIndicMas = 15;
+inline constexpr int kIndex = 14;
+inline constexpr int kCombinedIndex = 15;
 inline constexpr int kMg = 16;
 inline constexpr int kGsd = 17;
 
@@ -43,7 +43,7 @@ inline constexpr int kMgMas = 1;
 inline constexpr int kGsdMas = 2;
 inline constexpr int kProb = 3;
 
-inline std::string Cifras(int n) {
+inline std::string Digits(int n) {
     std::array<char, 12> texto{};
     return {texto.data(), std::to_chars(texto.data(), texto.data() + texto.size(), n).ptr};
 }
@@ -75,19 +75,19 @@ protected:
     }
 
     /// A plan in which every day has the same number of rows in each task.
-    void SetPlan(int jornadas, int tareas, int filas) {
-        record.NumJornadas = jornadas;
-        record.NumTareas = tareas;
+    void SetPlan(int days, int tasks, int rows) {
+        record.NumJornadas = days;
+        record.NumTareas = tasks;
         for (int tarea = 1; tarea <= 3; ++tarea) {
-            record.NumContaminantes(tarea) = filas;
-            for (int dia = 1; dia <= 3; ++dia) SetRows(dia, tarea, filas);
+            record.NumContaminantes(tarea) = rows;
+            for (int day = 1; day <= 3; ++day) SetRows(day, tarea, rows);
         }
     }
 
     /// The number of rows of one task on one day.
-    void SetRows(int dia, int tarea, int filas) {
-        record.Muestras15(dia, tarea) = filas;
-        record.Muestras30(dia, tarea) = 0;
+    void SetRows(int day, int tarea, int rows) {
+        record.Muestras15(day, tarea) = rows;
+        record.Muestras30(day, tarea) = 0;
     }
 
     /// Gives every control of the sheet a state that none of its handlers gives.
@@ -105,7 +105,7 @@ protected:
     void Type(int cell, std::string_view keys) {
         for (const char letter : keys) {
             const KeyCode key = Press(cell, static_cast<unsigned char>(letter));
-            if (key != kTeclaRechazada && key != kRetroceso) {
+            if (key != kKeyRefused && key != kBackspace) {
                 form.Text1(cell).Text.push_back(static_cast<char>(key));
             }
         }

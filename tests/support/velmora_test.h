@@ -17,10 +17,10 @@ namespace velmora::test {
 /// A decimal separator for the length of a test.
 class WithSeparator {
 public:
-    explicit WithSeparator(std::string separador) : before_(SeparadorDecimal()) {
-        FijarSeparadorDecimal(std::move(separador));
+    explicit WithSeparator(std::string separator) : before_(DecimalSeparator()) {
+        SetDecimalSeparator(std::move(separator));
     }
-    ~WithSeparator() { FijarSeparadorDecimal(before_); }
+    ~WithSeparator() { SetDecimalSeparator(before_); }
     WithSeparator(const WithSeparator&) = delete;
     WithSeparator& operator=(const WithSeparator&) = delete;
 
@@ -56,17 +56,19 @@ protected:
     WithSeparator separator{"."};
     EvaluacionRecord record;
     ScriptedHost host;
-    ScreenChain chain{[this](ScreenId id) { return MakeScreen(id, Entorno{record, chain, host}); }};
+    ScreenChain chain{[this](ScreenId id) {
+        return MakeScreen(id, Environment{record, chain, host});
+    }};
 };
 
 /// Runs a step that must raise this run-time error.
 template <class Step>
-void ExpectError(TipoError tipo, Step&& step) {
+void ExpectError(ErrorKind kind, Step&& step) {
     try {
         step();
         ADD_FAILURE() << "no run-time error";
     } catch (const ErrorEjecucion& error) {
-        EXPECT_EQ(error.what(), MensajeDe(tipo));
+        EXPECT_EQ(error.what(), MessageOf(kind));
     }
 }
 

@@ -85,9 +85,9 @@ void PrintFunctions(const Ways& ways) {
     print("sqrt", [](Chance& c) { return std::sqrt(c.Positive(-1000, 1000)); });
     print("floor", [](Chance& c) { return std::floor(c.Between(-1e6, 1e6)); });
     print("nearbyint", [](Chance& c) { return std::nearbyint(c.Between(-1e6, 1e6)); });
-    print("text", [](Chance& c) { return LeerValor(TextoDoble(c.Positive(-900, 900))).Valor(); });
+    print("text", [](Chance& c) { return LeerValor(TextoDoble(c.Positive(-900, 900))).Value(); });
     print("digits", [](Chance& c) {
-        return LeerValor(TextoDoble(c.Positive(-30, 30)).substr(0, 9)).Valor();
+        return LeerValor(TextoDoble(c.Positive(-30, 30)).substr(0, 9)).Value();
     });
 }
 
@@ -109,7 +109,7 @@ void PrintFigures(std::istream& sets) {
         try {
             const Doble mean = MediaEstimada(record, values, 1, 1, 1);
             for (const Doble figure : {record.MG(1, 1, 1), record.GSD(1, 1, 1), mean}) {
-                std::cout << ' ' << BitsOf(figure.Valor());
+                std::cout << ' ' << BitsOf(figure.Value());
             }
         } catch (const std::exception& error) {
             std::cout << ' ' << error.what();
