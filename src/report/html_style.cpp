@@ -86,7 +86,7 @@ svg .halo { stroke: #fff; stroke-width: 2.5px; stroke-linejoin: round; }
 .ajuste { stroke: var(--ink); stroke-width: 1.2; }
 .nivel-ed { stroke: #a11d1d; stroke-width: 1.2; stroke-dasharray: 7 3; }
 .nivel-ec { stroke: #6a2d91; stroke-width: 1.5; stroke-dasharray: 1.5 2.5; }
-.curve { stroke: #4d5a69; stroke-width: 1.2; }
+.curva { stroke: #4d5a69; stroke-width: 1.2; }
 .zona-media { fill: #f0f2f5; } .zona-alta { fill: #dfe4ea; } .contorno { stroke: #7d8894; stroke-width: .6; }
 .guia { stroke: #7d8894; stroke-width: .6; }
 @media (max-width: 40rem) { body { padding: 1.2rem 1rem 3rem; } h1 { font-size: 1.5rem; } .caja { padding: .2rem .8rem .6rem; } }
