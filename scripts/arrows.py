@@ -13,9 +13,12 @@ ARROWS = {
     "qt": ["core", "<Qt>"],
     "report": ["stats", "store"],
     "app/screens.cpp": ["app", "capture", "sheet", "final"],
-    "app/main.cpp": ["app/screens.cpp", "qt"],
+    "app/program.cpp": ["app/screens.cpp", "qt"],
+    "app/main.cpp": ["app/program.cpp"],
     "app/report_dialog.cpp": ["app", "qt", "report"],
-    "app/informe.cpp": ["app/report_dialog.cpp", "qt", "report"],
+    "app/report_program.cpp": ["app/report_dialog.cpp"],
+    "app/informe.cpp": ["app/report_program.cpp"],
+    "windows": ["app/program.cpp", "app/report_program.cpp"],
 }
 
 

@@ -104,7 +104,7 @@ void PrintFinalTable(const Road& road) {
                           .preset = QMessageBox::Yes});
     // Accepting could send the page to a printer of this machine; what Cancel lets through goes to
     // the file.
-    road.robot.ExpectPrintDialog(Robot::Print::Cancel);
+    if (kHasToolkitsPrintDialog) road.robot.ExpectPrintDialog(Robot::Print::Cancel);
     road.robot.Choose("imprimir");
     road.guide.Check("Página impresa", BytesOf(page).substr(0, 4), "%PDF");
 }

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QLocale>
 #include <QLoggingCategory>
 
 #include <charconv>
@@ -10,6 +9,7 @@
 
 #include "core/numbers.h"
 #include "qt/appearance.h"
+#include "qt/platform.h"
 #include "steps.h"
 
 namespace velmora::tour {
@@ -120,7 +120,7 @@ int Run(const Options& options) {
 
 int main(int argc, char* argv[]) {
     namespace tour = velmora::tour;
-    const std::string separator = QLocale::system().decimalPoint().toStdString();
+    const std::string separator = velmora::SeparatorOfTheRegion();
     QApplication application(argc, argv);
     velmora::DressApplication(application);
     velmora::SetDecimalSeparator(separator);

@@ -4,6 +4,7 @@
 
 #include "app/screens.h"
 #include "qt/text.h"
+#include "store/path.h"
 
 namespace velmora::tour {
 
@@ -28,7 +29,7 @@ Program::Program(const std::filesystem::path& printed_page, int pace)
     host.make_printer = [printed_page] {
         auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
         printer->setOutputFormat(QPrinter::PdfFormat);
-        printer->setOutputFileName(ToQt(printed_page.string()));
+        printer->setOutputFileName(ToQt(NameOf(printed_page)));
         return printer;
     };
     // Without a display there is no size to fit: one that makes good pictures.

@@ -39,12 +39,10 @@ bool MayReplace(const QString& report) {
 
 }  // namespace
 
-int ReportAskedFor() {
-    const QString evaluation = ChosenEvaluation();
-    if (evaluation.isEmpty()) return EXIT_SUCCESS;
+int MakeReportFor(const std::string& evaluation) {
     report::Order order;
-    order.evaluations = {evaluation.toStdString()};
-    const QString target = ToQt(report::ReportNameOf(order.evaluations.front()));
+    order.evaluations = {evaluation};
+    const QString target = ToQt(report::ReportNameOf(evaluation));
     order.replace = QFileInfo::exists(target);
     if (order.replace && !MayReplace(target)) return EXIT_SUCCESS;
 
@@ -56,6 +54,11 @@ int ReportAskedFor() {
     }
     QDesktopServices::openUrl(QUrl::fromLocalFile(target));
     return EXIT_SUCCESS;
+}
+
+int ReportAskedFor() {
+    const QString evaluation = ChosenEvaluation();
+    return evaluation.isEmpty() ? EXIT_SUCCESS : MakeReportFor(evaluation.toStdString());
 }
 
 }  // namespace velmora

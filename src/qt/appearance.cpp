@@ -21,6 +21,7 @@
 #include <memory>
 #include <utility>
 
+#include "qt/platform.h"
 #include "qt/spanish.h"
 
 namespace velmora {
@@ -260,10 +261,11 @@ void DressApplication(QApplication& application) {
     QApplication::setApplicationDisplayName({});
     QApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/velmora/velmora.svg")));
+    QApplication::setWindowIcon(ProgramIcon());
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setStyle(new Style);  // NOLINT(cppcoreguidelines-owning-memory): taken over
     QApplication::setPalette(LightPalette());
+    AddTypefaces();
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), kDialogPoints));
     // No theme is called so: the toolkit's own icons are shown, since a desktop's may be white ones
     // for a dark ground.

@@ -4,7 +4,6 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 namespace velmora {
 
@@ -17,10 +16,6 @@ void Drawing::Draw(QPainter& painter, const QRect& target) {
     const QSize size = target.size() * painter.device()->devicePixelRatioF();
     if (picture_.size() != size) picture_ = Rendered(size);
     painter.drawPixmap(target, picture_);
-}
-
-void Drawing::Render(QPainter& painter, const QRectF& target) const {
-    QSvgRenderer(QStringLiteral(":/velmora/%1.svg").arg(name_)).render(&painter, target);
 }
 
 QPixmap Drawing::Rendered(const QSize& size) const {

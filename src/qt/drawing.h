@@ -20,6 +20,7 @@ public:
     void Draw(QPainter& painter, const QRect& target);
 
 private:
+    /// Draws it as lines and areas, from the drawing itself or from its recorded strokes.
     void Render(QPainter& painter, const QRectF& target) const;
     QPixmap Rendered(const QSize& size) const;
 

@@ -88,7 +88,7 @@ QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& title, const
 QString GuideFor(const QString& program_folder) {
     for (const char* const place :
          {"../../share/doc/velmora/guia.html", "../share/doc/velmora/guia.html",
-          "packaging/guia.html", "../../docs/guia.md"}) {
+          "packaging/guia.html", "../../docs/guia.md", "guia.html", "../guia.html"}) {
         const QFileInfo page(QDir(program_folder), QString::fromLatin1(place));
         if (page.isFile()) return page.canonicalFilePath();
     }

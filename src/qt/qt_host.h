@@ -11,8 +11,8 @@
 
 namespace velmora {
 
-/// The guide's page for a program in this folder: the installed one, or else that of the tree where
-/// it was built; empty when there is neither.
+/// The guide's page for a program in this folder: the installed one, or that of the tree where it
+/// was built, or the one beside it on Windows; empty when there is neither.
 QString GuideFor(const QString& program_folder);
 
 /// The host on Qt: message boxes, file and print dialogs, printing, the guide, the time, the end.

@@ -1,13 +1,14 @@
 #include "qt/spanish.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
 #include <algorithm>
 #include <array>
 #include <string_view>
+
+#include "qt/platform.h"
 
 namespace velmora {
 
@@ -65,7 +66,7 @@ void SpeakSpanish(QApplication& application) {
     QLocale::setDefault(spanish);
     auto* const toolkit = new QTranslator(&application);
     if (toolkit->load(spanish, QStringLiteral("qtbase"), QStringLiteral("_"),
-                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+                      TranslationsFolder())) {
         QApplication::installTranslator(toolkit);
     }
     QApplication::installTranslator(new Gaps(&application));  // the last one is asked first

@@ -94,6 +94,11 @@ TEST(GuidePlaces, TheInstalledPageComesBeforeThatOfTheTree) {
     EXPECT_EQ(GuideFor(built), text);
     const QString page = make(QStringLiteral("tree/build/release/packaging/guia.html"));
     EXPECT_EQ(GuideFor(built), page);
+
+    make(QStringLiteral("far/from/zip/programa/velmora.exe"));
+    const QString unpacked = make(QStringLiteral("far/from/zip/guia.html"));
+    EXPECT_EQ(GuideFor(root.filePath(QStringLiteral("far/from/zip"))), unpacked);
+    EXPECT_EQ(GuideFor(root.filePath(QStringLiteral("far/from/zip/programa"))), unpacked);
 }
 
 class HelpTest : public WindowTest {

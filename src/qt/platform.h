@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+#include <string>
+
+namespace velmora {
+
+/// What each platform answers in its own way. On Windows the program carries inside what the
+/// toolkit finds beside it on Debian.
+
+/// The icon of the windows.
+QIcon ProgramIcon();
+/// Makes the typefaces of the screens known where the system may not have them.
+void AddTypefaces();
+/// The folder of the toolkit's translations.
+QString TranslationsFolder();
+
+/// The decimal separator of the user's region, in UTF-8. Windows has one for all programs alike;
+/// there LC_NUMERIC=C in the environment sets the point for this program, as it does elsewhere.
+std::string SeparatorOfTheRegion();
+
+}  // namespace velmora

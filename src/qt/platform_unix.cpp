@@ -1,0 +1,16 @@
+#include <QLibraryInfo>
+#include <QLocale>
+
+#include "qt/platform.h"
+
+namespace velmora {
+
+QIcon ProgramIcon() { return QIcon(QStringLiteral(":/velmora/velmora.svg")); }
+
+void AddTypefaces() {}  // the package depends on them
+
+QString TranslationsFolder() { return QLibraryInfo::path(QLibraryInfo::TranslationsPath); }
+
+std::string SeparatorOfTheRegion() { return QLocale::system().decimalPoint().toStdString(); }
+
+}  // namespace velmora

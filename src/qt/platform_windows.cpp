@@ -1,0 +1,35 @@
+#include <QCoreApplication>
+#include <QDir>
+#include <QFontDatabase>
+#include <QLocale>
+
+#include "qt/platform.h"
+
+namespace velmora {
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    const QDir pictures(QStringLiteral(":/velmora/icon"));
+    for (const QString& name : pictures.entryList()) icon.addFile(pictures.filePath(name));
+    return icon;
+}
+
+void AddTypefaces() {
+    // Files of their own: their licence isn't the program's.
+    const QDir folder(QCoreApplication::applicationDirPath());
+    for (const auto& place : {QStringLiteral("letras"), QStringLiteral("programa/letras")}) {
+        const QDir faces(folder.filePath(place));
+        for (const QString& name : faces.entryList({QStringLiteral("*.ttf")})) {
+            QFontDatabase::addApplicationFont(faces.filePath(name));
+        }
+    }
+}
+
+QString TranslationsFolder() { return QStringLiteral(":/velmora/translations"); }
+
+std::string SeparatorOfTheRegion() {
+    if (qgetenv("LC_NUMERIC") == "C") return ".";
+    return QLocale::system().decimalPoint().toStdString();
+}
+
+}  // namespace velmora
