@@ -61,6 +61,7 @@ done
 for i in $(seq 21); do cp "$work/a.doc" "$work/n$i.doc"; done
 "$informe" --resumen "$work"/n*.doc >/dev/null 2>"$work/err"
 [ ! -s "$work/err" ]
-on_terminal() { script -qec "'$informe' --resumen $1 >/dev/null" /dev/null </dev/null; }
+# In C: the shell that script starts would warn of a locale that isn't installed.
+on_terminal() { LC_ALL=C script -qec "'$informe' --resumen $1 >/dev/null" /dev/null </dev/null; }
 on_terminal "'$work'/n*.doc" | grep -q '21 de 21'
 [ -z "$(on_terminal "'$work'/n1?.doc")" ]
