@@ -91,7 +91,7 @@ ASAN_OPTIONS=detect_leaks=0 step "Tests with sanitizers under a decimal comma" r
 
 say "The ten slowest tests"
 sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' "${logs[@]}" |
-    sort -rn | head -n 10
+    sort -rn | sed -n 1,10p
 say "Not run here, each a command of its own (CONTRIBUTING.md)"
 sed -n 's/^| `\([^`]*\)` |.*/  \1/p' CONTRIBUTING.md
 say "Seconds of each step"

@@ -9,7 +9,7 @@ from=${1:-$root/build/recorrido}
 # take <name in the guided example> [<name here>]: there, a number stands ahead of the name.
 take() {
     local found
-    found=$(find "$from" -maxdepth 1 -name "[0-9]*-$1.png" | sort | head -n 1)
+    found=$(find "$from" -maxdepth 1 -name "[0-9]*-$1.png" | sort | sed -n 1p)
     if [ -z "$found" ]; then
         echo "take-pictures.sh: no picture $1 in $from; run ./run.sh without a display first" >&2
         exit 1

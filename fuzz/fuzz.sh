@@ -77,7 +77,7 @@ for fuzzer in "${fuzzers[@]}"; do
 
     if ! "${fixed[@]}" "$build/fuzz/$fuzzer" "${options[@]}" "$corpus" "${seeds[@]}" >"$log" 2>&1; then
         echo "$fuzzer: a finding"
-        grep -a -A 3 -e 'does not hold' -e 'ERROR: ' -e 'runtime error' "$log" | head -20 || true
+        grep -a -A 3 -e 'does not hold' -e 'ERROR: ' -e 'runtime error' "$log" | sed -n 1,20p || true
         input=$(grep -a -o 'Test unit written to .*' "$log" | sed 's/Test unit written to //' || true)
         echo "Its input is kept in ${input:-none: see $log}"
         echo "Once more: $build/fuzz/$fuzzer ${input:-...}"

@@ -20,7 +20,7 @@ windows_packages=(
 install_packages() {
     local missing=() package
     for package in "$@"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep '^install ok installed$' >/dev/null ||
             missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return

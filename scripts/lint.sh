@@ -32,6 +32,10 @@ esac
 say "Bans and arrows"
 python3 -B scripts/bans.py
 
+# Whoever reads only the beginning ends the writer by a signal, and with pipefail the script with it.
+say "Pipes that are read to their end"
+if git grep -nE '(^|[^|])\|[^|]*\b([h]ead|grep -[a-zA-Z]*[q])\b' -- '*.sh' >&2; then exit 1; fi
+
 say "README's map"
 git ls-files | sed -n 's,^\(src/[^/]*\)/.*,\1,p;t; /^src/d; s,^\([^/]*/\).*,\1,p' | sort -u |
     while read -r folder; do

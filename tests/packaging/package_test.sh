@@ -63,7 +63,7 @@ check_control() {
     [ "$(field Section)" = science ] || fail "section $(field Section)"
     for dependency in qt6-translations-l10n fonts-liberation fonts-dejavu-core libqt6widgets6 \
         libqt6printsupport6; do
-        field Depends | tr ',' '\n' | grep -q "^ *$dependency\( \|$\)" ||
+        field Depends | tr ',' '\n' | grep "^ *$dependency\( \|$\)" >/dev/null ||
             fail "no dependency on $dependency: $(field Depends)"
     done
     say "depends on $(field Depends)"
@@ -126,7 +126,7 @@ run_validators() {
 # --- The installed program.
 
 install_package() {
-    if dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q ' installed$'; then
+    if dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep ' installed$' >/dev/null; then
         fail "$package is installed already; remove it first"
     fi
     installed=yes
