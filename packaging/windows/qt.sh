@@ -33,7 +33,8 @@ if [ -f "$installed/complete" ]; then
 fi
 
 sed -i "$without_history" "$source/$dialog"
-! grep -q 'QT_CONFIG(settings)' "$source/$dialog" && grep -q '#if 0' "$source/$dialog"
+if grep -q 'QT_CONFIG(settings)' "$source/$dialog"; then exit 1; fi
+grep -q '#if 0' "$source/$dialog"
 build=$cache/qt-build-own
 rm -rf "$build" "$installed"
 # Neither the paths of this machine nor the prefix get into the library.
