@@ -4,7 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
+
+#include "runtime/utf8.h"
 
 namespace velmora::report {
 
@@ -13,43 +14,17 @@ namespace {
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
 /// The character at the start of a text: its code and its bytes.
-struct Character {
+struct Letter {
     char32_t code = 0;
     std::string_view bytes;
 };
 
 constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 
-/// How many bytes follow the first one of a character, and the least code that needs them.
-struct Shape {
-    std::size_t following = 0;
-    char32_t least = 0;
-};
-
-Shape ShapeOf(unsigned char first) {
-    if (first < 0x80) return {0, 0};
-    if (first >= 0xC0 && first < 0xE0) return {1, 0x80};
-    if (first >= 0xE0 && first < 0xF0) return {2, 0x800};
-    if (first >= 0xF0 && first < 0xF8) return {3, 0x10000};
-    return {0, kNoCharacter};
-}
-
-Character First(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text.front());
-    const Shape shape = ShapeOf(first);
-    if (shape.following == 0) return {shape.least == 0 ? first : kNoCharacter, text.substr(0, 1)};
-    if (text.size() <= shape.following) return {kNoCharacter, text.substr(0, 1)};
-    char32_t code = first & (0x3FU >> shape.following);
-    for (std::size_t i = 1; i <= shape.following; ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        if ((byte & 0xC0U) != 0x80) return {kNoCharacter, text.substr(0, 1)};
-        code = code << 6U | (byte & 0x3FU);
-    }
-    const bool surrogate = code >= 0xD800 && code < 0xE000;
-    if (code < shape.least || surrogate || code > 0x10FFFF) {
-        return {kNoCharacter, text.substr(0, 1)};
-    }
-    return {code, text.substr(0, shape.following + 1)};
+Letter First(std::string_view text) {
+    const Character first = FirstCharacter(text);
+    if (first.length == 0) return {kNoCharacter, text.substr(0, 1)};
+    return {first.value, text.substr(0, first.length)};
 }
 
 bool IsBlank(char32_t code) {
@@ -70,9 +45,9 @@ bool IsPlain(std::string_view text) {
            std::ranges::all_of(text, is_letter);
 }
 
-std::string_view ShownAs(const Character& character) {
-    if (IsBlank(character.code)) return " ";
-    return IsUnfit(character.code) ? kReplacement : character.bytes;
+std::string_view ShownAs(const Letter& letter) {
+    if (IsBlank(letter.code)) return " ";
+    return IsUnfit(letter.code) ? kReplacement : letter.bytes;
 }
 
 /// The reference that stands in HTML for a letter that marks up; "" for any other.
@@ -101,11 +76,11 @@ std::string Shown(std::string_view text) {
     std::string shown;
     std::size_t letters = 0;
     while (!text.empty()) {
-        const Character character = First(text);
-        text.remove_prefix(character.bytes.size());
-        if (shown.empty() && IsBlank(character.code)) continue;
+        const Letter letter = First(text);
+        text.remove_prefix(letter.bytes.size());
+        if (shown.empty() && IsBlank(letter.code)) continue;
         if (++letters > kLettersShown) return shown.append("…");
-        shown.append(ShownAs(character));
+        shown.append(ShownAs(letter));
     }
     shown.erase(shown.find_last_not_of(' ') + 1);
     return shown;

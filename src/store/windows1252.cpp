@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "runtime/utf8.h"
+
 namespace velmora {
 
 namespace {
@@ -24,47 +26,7 @@ constexpr std::array<char16_t, 32> kOwn = {
 
 constexpr bool IsOwn(char32_t c) { return c >= kFirstOwn && c < kFirstOwn + kOwn.size(); }
 
-/// A character cut out of a text, and how many bytes it took.
-struct Character {
-    char32_t value = 0;
-    std::size_t length = 0;  ///< 0 when the bytes are no UTF-8
-};
-
-/// How the first byte of a character tells its length: the bits that mark it, the bits that count,
-/// and the smallest character that is spelled at that length.
-struct Lead {
-    unsigned mask;
-    unsigned mark;
-    std::size_t length;
-    char32_t lowest;
-};
-
-constexpr std::array<Lead, 4> kLeads = {{
-    {0x80, 0x00, 1, 0x0},
-    {0xE0, 0xC0, 2, 0x80},
-    {0xF0, 0xE0, 3, 0x800},
-    {0xF8, 0xF0, 4, 0x10000},
-}};
-
 constexpr unsigned Byte(char c) { return static_cast<unsigned char>(c); }
-
-constexpr bool IsUnicode(char32_t c) { return c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF); }
-
-/// The character at the start of a text that isn't empty.
-Character FirstCharacter(std::string_view utf8) {
-    const unsigned first = Byte(utf8[0]);
-    const auto lead =
-        std::ranges::find_if(kLeads, [&](const Lead& c) { return (first & c.mask) == c.mark; });
-    if (lead == kLeads.end() || utf8.size() < lead->length) return {};
-
-    char32_t value = first & ~lead->mask;
-    for (const char c : utf8.substr(1, lead->length - 1)) {
-        if ((Byte(c) & 0xC0U) != 0x80U) return {};
-        value = value << 6U | (Byte(c) & 0x3FU);
-    }
-    if (value < lead->lowest || !IsUnicode(value)) return {};
-    return {value, lead->length};
-}
 
 char CodeOf(char32_t c) {
     if (!IsOwn(c) && c <= 0xFF) return static_cast<char>(c);
