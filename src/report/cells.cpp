@@ -27,12 +27,6 @@ const std::string& CellOf(const DaySheet& sheet, int row, Column column) {
     return sheet(EntryOf(row, column));
 }
 
-const DaySheet& SheetOf(const EvaluacionRecord& record, int day) {
-    return day == 1   ? record.HojaPrimerDia
-           : day == 2 ? record.HojaSegundoDia
-                      : record.HojaTercerDia;
-}
-
 bool IsValidated(const DaySheet& sheet) {
     return std::any_of(sheet.begin(), sheet.end(),
                        [](const std::string& text) { return !text.empty(); });

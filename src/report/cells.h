@@ -53,9 +53,6 @@ constexpr Column SampleColumn(int sample) {
     return static_cast<Column>(PlaceOf(Column::C1) + sample - 1);
 }
 
-/// The sheet of day 1 to 3.
-const DaySheet& SheetOf(const EvaluacionRecord& record, int day);
-
 /// Whether the sheet was ever validated: a day that wasn't holds nothing but blanks.
 bool IsValidated(const DaySheet& sheet);
 

@@ -93,7 +93,7 @@ bool HoldsComma(const DayCase& day) {
 DayCase CaseOf(const EvaluacionRecord& record, int day) {
     DayCase made;
     made.day = day;
-    made.sheet = &SheetOf(record, day);
+    made.sheet = &record.Hoja(day);
     ReadGrid(made);
     for (int row = 1; row <= kRows; ++row) {
         made.in_plan(row) = ContaminantOf(row) <= RowsOf(record, day, TaskOf(row));

@@ -179,7 +179,7 @@ std::vector<DayCase> CasesOf(const EvaluacionRecord& record) {
     std::vector<DayCase> days;
     days.reserve(kDays);
     for (int day = 1; day <= kDays; ++day) {
-        if (IsValidated(SheetOf(record, day))) days.push_back(CaseOf(record, day));
+        if (IsValidated(record.Hoja(day))) days.push_back(CaseOf(record, day));
     }
     return days;
 }

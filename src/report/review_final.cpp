@@ -49,7 +49,7 @@ private:
             CompareCell(day, row, ProbabilityColumn(day));
         }
         if (left.empty()) return;
-        if (!IsValidated(SheetOf(record_, day))) {  // one cause for all of them
+        if (!IsValidated(record_.Hoja(day))) {  // one cause for all of them
             NoteLeftOver(day, left);
             return;
         }
@@ -58,7 +58,7 @@ private:
 
     /// The cell of the day's sheet that a cell of the table is copied from.
     const std::string& OnSheet(int day, int row, int column) const {
-        return CellOf(SheetOf(record_, day), row,
+        return CellOf(record_.Hoja(day), row,
                       column == IndexColumn(day) ? Column::CombinedIndex : Column::Probability);
     }
 
@@ -187,7 +187,7 @@ std::optional<double> OverallIndex(const std::array<double, 3>& indices) {
 std::vector<Finding> ReviewPlan(const EvaluacionRecord& record) {
     std::vector<Finding> findings;
     for (int day = 1; day <= kDays; ++day) {
-        const bool validated = IsValidated(SheetOf(record, day));
+        const bool validated = IsValidated(record.Hoja(day));
         const bool planned = day <= DaysOf(record);
         if (planned && !validated) ReviewUnvalidatedDay(record, day, findings);
         if (!planned && validated) {
