@@ -1,15 +1,13 @@
 #include "app/report_dialog.h"
 
 #include <QDesktopServices>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
-#include <QStandardPaths>
 #include <QUrl>
 
 #include <cstdlib>
 #include <sstream>
 
+#include "qt/file_dialog.h"
 #include "qt/text.h"
 #include "report/session.h"
 
@@ -26,7 +24,7 @@ QString ChosenEvaluation() {
     dialog.setWindowTitle(QStringLiteral("Informe de Velmora: elija la evaluación"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    StartAmongEvaluations(dialog);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 

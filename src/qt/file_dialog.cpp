@@ -50,6 +50,11 @@ QList<QUrl> FoldersAtTheSide() {
 
 }  // namespace
 
+void StartAmongEvaluations(QFileDialog& dialog) {
+    dialog.setSidebarUrls(FoldersAtTheSide());
+    dialog.setDirectory(DocumentsOrHome());
+}
+
 FileDialog::FileDialog(const CommonDialog& dialog, QWidget* parent)
     : QFileDialog(parent),
       asks_before_replacing_((dialog.Flags & kAsksBeforeReplacing) != 0),
@@ -65,15 +70,11 @@ FileDialog::FileDialog(const CommonDialog& dialog, QWidget* parent)
         list->hideColumn(kKind);
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     }
-    setSidebarUrls(FoldersAtTheSide());
+    StartAmongEvaluations(*this);
     const int letter = QFontMetrics(QApplication::font(this)).height();
     resize((QSize(46, 30) * letter).boundedTo(screen()->availableSize() * 0.9));
     if (auto* const halves = findChild<QSplitter*>()) halves->setSizes({10 * letter, 36 * letter});
-    if (dialog.FileName.empty()) {
-        setDirectory(DocumentsOrHome());
-    } else {
-        selectFile(ToQt(dialog.FileName));
-    }
+    if (!dialog.FileName.empty()) selectFile(ToQt(dialog.FileName));
 }
 
 QString FileDialog::FileName() const {
@@ -108,7 +109,6 @@ bool FileDialog::ConfirmsReplacing(const QFileInfo& file) {
 bool FileDialog::Confirms(QMessageBox::Icon icon, const QString& question,
                           QMessageBox::StandardButton preset) {
     MessageBox box(icon, windowTitle(), question, QMessageBox::Yes | QMessageBox::No, this);
-    box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(preset);
     return box.exec() == QMessageBox::Yes;
 }

@@ -9,6 +9,10 @@ class QFileInfo;
 
 namespace velmora {
 
+/// Has the dialog start in the user's documents or, where there are none, at home; at its side
+/// stand these two and the examples.
+void StartAmongEvaluations(QFileDialog& dialog);
+
 /// The file dialog of a screen, of the save kind both for saving and for restoring. Its flags tell
 /// whether it asks before replacing a file (2) and before creating one (8192).
 class FileDialog : public QFileDialog {

@@ -43,6 +43,12 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    void Write(const char* name, const QByteArray& bytes) {
+        QFile file(Name(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
     /// Runs it, answering the dialog with a name, or cancelling it, and a box with a button.
     int Ask(const QString& name, QMessageBox::StandardButton answer = QMessageBox::NoButton) {
         said_.clear();
@@ -53,6 +59,7 @@ protected:
                 said_ = box->text();
                 answer == QMessageBox::NoButton ? box->reject() : box->button(answer)->click();
             } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
+                started_in_ = dialog->directory().path();
                 dialog->selectFile(name);
                 QDialog& shown = *dialog;
                 name.isEmpty() ? shown.reject() : shown.accept();
@@ -67,6 +74,7 @@ protected:
     QTemporaryDir folder_;
     Browser browser_;
     QString said_;
+    QString started_in_;
 };
 
 TEST_F(ReportDialogTest, TheReportIsWrittenBesideAndOpened) {
@@ -81,11 +89,13 @@ TEST_F(ReportDialogTest, CancelledItWritesAndOpensNothing) {
     EXPECT_TRUE(browser_.opened.isEmpty());
 }
 
+TEST_F(ReportDialogTest, ItStartsAtHomeWhereThereAreNoDocuments) {
+    Ask(QString());
+    EXPECT_EQ(started_in_, QDir::homePath());
+}
+
 TEST_F(ReportDialogTest, ItAsksBeforeItReplacesAReport) {
-    QFile old(Name("plan.html"));
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write("de otro");
-    old.close();
+    Write("plan.html", "de otro");
     EXPECT_EQ(Ask(Name("plan.doc"), QMessageBox::No), 0);
     EXPECT_EQ(said_, QStringLiteral("plan.html ya existe.\n¿Desea reemplazarlo?"));
     EXPECT_EQ(Bytes(Name("plan.html")), "de otro");
@@ -95,10 +105,7 @@ TEST_F(ReportDialogTest, ItAsksBeforeItReplacesAReport) {
 }
 
 TEST_F(ReportDialogTest, WhatIsNoEvaluationIsSaidInABox) {
-    QFile list(Name("lista.txt"));
-    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
-    list.write("leche\npan\n");
-    list.close();
+    Write("lista.txt", "leche\npan\n");
     EXPECT_EQ(Ask(Name("lista.txt"), QMessageBox::Ok), 1);
     EXPECT_TRUE(said_.startsWith(QStringLiteral("«") + Name("lista.txt"))) << said_.toStdString();
     EXPECT_TRUE(browser_.opened.isEmpty());
