@@ -73,7 +73,6 @@ BoxStyle StyleOf(MsgBoxStyle style) {
 QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& title, const QString& text,
                                     const BoxStyle& style) {
     MessageBox box(style.icon, title, text, style.buttons, parent);
-    box.setTextFormat(Qt::PlainText);
     if (auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
         icon->setAccessibleName(NameOf(style.icon));
     }
