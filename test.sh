@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
 # Sets up what is missing, builds everything and passes every test. Says at the end how long each step
 # took, which tests were the slowest, and what it leaves to commands of their own.
+#
+# A step that has passed isn't run again while neither a file of the tree nor a package of the machine
+# has changed; with --again every step is run.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -19,9 +22,16 @@ test_packages=(
 
 export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
-total=0
 times=()
-logs=()
+passed=build/passed
+case ${1:-} in
+    '') ;;
+    --again) rm -rf "$passed" ;;
+    *)
+        echo "usage: ./test.sh [--again]" >&2
+        exit 2
+        ;;
+esac
 
 # step <name> <command>...: runs it, and remembers how long it took.
 step() {
@@ -32,17 +42,37 @@ step() {
     times+=("$(printf '%5d s  %s' $((SECONDS - from)) "$name")")
 }
 
-# run_tests <preset> <locale>: all tests of a build, and how many they were.
+# What a step's outcome hangs on: every file that git doesn't ignore, and the packages.
+state() {
+    {
+        git ls-files --cached --others --exclude-standard -z | sort -z |
+            xargs -0 sha256sum 2>/dev/null || true  # one that is deleted changes the list by itself
+        dpkg-query -W
+    } | sha256sum
+}
+
+# once <name> <command>...: a step that is left out where it has passed in this very state.
+once() {
+    local name=$1 before
+    before=$(state)
+    if [ "$(cat "$passed/$name" 2>/dev/null)" = "$before" ]; then
+        say "$name: passed before, and nothing has changed"
+        times+=("    -    $name (passed before)")
+        return
+    fi
+    step "$@"
+    mkdir -p "$passed"
+    printf '%s\n' "$before" >"$passed/$name"
+}
+
+# run_tests <preset> <locale>: all tests of a build.
 run_tests() {
-    local preset=$1 locale=$2 log
-    log=build/$preset/ctest-$locale.log
-    logs+=("$log")
-    if ! LC_ALL=$locale ctest --preset "$preset" --parallel "$(nproc)" >"$log" 2>&1; then
+    local preset=$1 log=build/$1/ctest.log
+    if ! LC_ALL=$2 ctest --preset "$preset" --parallel "$(nproc)" >"$log" 2>&1; then
         cat "$log"
         exit 1
     fi
     tail -n 4 "$log"
-    total=$((total + $(sed -n 's/^100% tests passed, 0 tests failed out of \([0-9]*\)$/\1/p' "$log")))
 }
 
 check_format() { git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror; }
@@ -69,31 +99,32 @@ try_package() {
 
 step "Packages" install_packages "${build_packages[@]}" "${windows_packages[@]}" \
     "${test_packages[@]}"
-step "Format" check_format
+once "Format" check_format
 step "Release build" build release
-step "Lint" scripts/lint.sh
-step "The guided example, which leaves a report" run_example
-step "Tests of the release build under a decimal point" run_tests release C.UTF-8
-step "The independent model beside the program" run_model
-step "The package, made, installed and removed" try_package
-step "The fuzzers for a short while" fuzz/fuzz.sh
-step "The reports in a browser" tests/report/browser/browser_test.sh build/release
-# The rooms without Qt are the same ones; their tests have run above.
-step "The rooms on a machine without Qt" build core velmora_screens velmora_report
+once "Lint" scripts/lint.sh
+once "The guided example, which leaves a report" run_example
+once "Tests of the release build under a decimal point" run_tests release C.UTF-8
+once "The independent model beside the program" run_model
+once "The package, made, installed and removed" try_package
+once "The fuzzers for a short while" fuzz/fuzz.sh
+once "The reports in a browser" tests/report/browser/browser_test.sh build/release
 step "Musl, whose routines give Windows the same numbers" fetch_musl
+# It is the build without Qt, too: this toolkit isn't there for that compiler.
 step "The rooms without Qt, for Windows" build windows-core
-step "Tests of the rooms for Windows, under Wine" run_tests windows-core C.UTF-8
-step "Numbers on both systems, bit by bit" \
+once "Tests of the rooms for Windows, under Wine" run_tests windows-core C.UTF-8
+once "Numbers on both systems, bit by bit" \
     tests/windows/compare_bits.sh build/release build/windows-core
 step "Build with sanitizers" build asan
 # What the toolkit and the font library hold for the life of the process is no leak of ours.
-ASAN_OPTIONS=detect_leaks=0 step "Tests with sanitizers under a decimal comma" run_tests asan es_ES.UTF-8
+ASAN_OPTIONS=detect_leaks=0 once "Tests with sanitizers under a decimal comma" \
+    run_tests asan es_ES.UTF-8
 
 say "The ten slowest tests"
-sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' "${logs[@]}" |
+sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' build/*/ctest.log |
     sort -rn | sed -n 1,10p
 say "Not run here, each a command of its own (CONTRIBUTING.md)"
 sed -n 's/^| `\([^`]*\)` |.*/  \1/p' CONTRIBUTING.md
 say "Seconds of each step"
 printf '%s\n' "${times[@]}"
-say "All tests passed: $total tests ran"
+say "All tests passed: $(sed -n 's/^100% tests passed, .* out of //p' build/*/ctest.log |
+    awk '{ sum += $1 } END { print sum }') of ctest, the window's in pieces"
