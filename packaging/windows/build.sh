@@ -18,7 +18,7 @@ export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
 
 # What the programs carry as recorded strokes is drawn by Debian's toolkit.
 record_drawings() {
-    cmake -S $here/drawings -B $build-drawings -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
+    cmake -S assets/recorder -B $build-drawings -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
     cmake --build $build-drawings
     mkdir -p $build-drawings/recorded
     QT_QPA_PLATFORM=offscreen $build-drawings/record_drawings $build-drawings/recorded assets/*.svg

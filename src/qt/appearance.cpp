@@ -21,6 +21,7 @@
 #include <memory>
 #include <utility>
 
+#include "qt/drawing.h"
 #include "qt/platform.h"
 #include "qt/spanish.h"
 
@@ -261,7 +262,7 @@ void DressApplication(QApplication& application) {
     QApplication::setApplicationDisplayName({});
     QApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
-    QApplication::setWindowIcon(ProgramIcon());
+    QApplication::setWindowIcon(Drawing(QStringLiteral("velmora")).Icon());
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setStyle(new Style);  // NOLINT(cppcoreguidelines-owning-memory): taken over
     QApplication::setPalette(LightPalette());

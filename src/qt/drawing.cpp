@@ -3,6 +3,7 @@
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPicture>
 #include <QPixmapCache>
 
 namespace velmora {
@@ -16,6 +17,26 @@ void Drawing::Draw(QPainter& painter, const QRect& target) {
     const QSize size = target.size() * painter.device()->devicePixelRatioF();
     if (picture_.size() != size) picture_ = Rendered(size);
     painter.drawPixmap(target, picture_);
+}
+
+QIcon Drawing::Icon() const {
+    QIcon icon;
+    for (const int edge : {16, 24, 32, 48, 64, 128}) icon.addPixmap(Rendered(QSize(edge, edge)));
+    return icon;
+}
+
+void Drawing::Render(QPainter& painter, const QRectF& target) const {
+    QPicture recorded;
+    if (!recorded.load(QStringLiteral(":/velmora/%1.pic").arg(name_))) return;
+    const QSizeF size = recorded.boundingRect().size();
+    const QPaintDevice& device = *painter.device();  // for a finer one the player would enlarge
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(target.topLeft());
+    painter.scale(target.width() / size.width() * recorded.logicalDpiX() / device.logicalDpiX(),
+                  target.height() / size.height() * recorded.logicalDpiY() / device.logicalDpiY());
+    recorded.play(&painter);
+    painter.restore();
 }
 
 QPixmap Drawing::Rendered(const QSize& size) const {

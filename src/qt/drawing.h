@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 
@@ -18,9 +19,11 @@ public:
 
     bool IsEmpty() const { return name_.isEmpty(); }
     void Draw(QPainter& painter, const QRect& target);
+    /// It as an icon, in the sizes that window systems ask for.
+    QIcon Icon() const;
 
 private:
-    /// Draws it as lines and areas, from the drawing itself or from its recorded strokes.
+    /// Draws it as lines and areas.
     void Render(QPainter& painter, const QRectF& target) const;
     QPixmap Rendered(const QSize& size) const;
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QIcon>
 #include <QString>
 
 #include <string>
@@ -10,8 +9,6 @@ namespace velmora {
 /// What each platform answers in its own way. On Windows the program carries inside what the
 /// toolkit finds beside it on Debian.
 
-/// The icon of the windows.
-QIcon ProgramIcon();
 /// Makes the typefaces of the screens known where the system may not have them.
 void AddTypefaces();
 /// The folder of the toolkit's translations.

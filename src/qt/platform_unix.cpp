@@ -5,8 +5,6 @@
 
 namespace velmora {
 
-QIcon ProgramIcon() { return QIcon(QStringLiteral(":/velmora/velmora.svg")); }
-
 void AddTypefaces() {}  // the package depends on them
 
 QString TranslationsFolder() { return QLibraryInfo::path(QLibraryInfo::TranslationsPath); }

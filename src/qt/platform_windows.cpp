@@ -7,13 +7,6 @@
 
 namespace velmora {
 
-QIcon ProgramIcon() {
-    QIcon icon;
-    const QDir pictures(QStringLiteral(":/velmora/icon"));
-    for (const QString& name : pictures.entryList()) icon.addFile(pictures.filePath(name));
-    return icon;
-}
-
 void AddTypefaces() {
     // Files of their own: their licence isn't the program's.
     const QDir folder(QCoreApplication::applicationDirPath());

@@ -16,10 +16,10 @@ bool Record(const QString& drawing, const QString& file) {
     if (!renderer.isValid()) return false;
     const QRect whole(QPoint(), renderer.defaultSize());
     QPicture strokes;
+    strokes.setBoundingRect(whole);  // of what is recorded it would be that of the strokes
     QPainter painter(&strokes);
     renderer.render(&painter, whole);
     painter.end();
-    strokes.setBoundingRect(whole);
     return strokes.save(file);
 }
 
