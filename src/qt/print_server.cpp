@@ -4,6 +4,8 @@
 #include <cups/cups.h>
 #include <cups/http.h>
 
+#include <QLibrary>
+
 #include <chrono>
 #include <memory>
 #endif
@@ -12,22 +14,47 @@ namespace velmora {
 
 #ifdef VELMORA_CUPS
 
+namespace {
+
+/// A library of the system that is loaded only now: linked, it would have every start load the
+/// twenty that it brings along.
+class PrintSystem {
+public:
+    bool IsThere() { return library_.load(); }
+
+    /// Its routine of this name and kind.
+    template <typename Routine>
+    Routine* Find(const char* name) {
+        return reinterpret_cast<Routine*>(library_.resolve(name));
+    }
+
+private:
+    QLibrary library_{QStringLiteral("cups"), 2};
+};
+
+}  // namespace
+
 bool PrintServerAnswers() {
     using std::chrono::steady_clock;
+    PrintSystem cups;
+    if (!cups.IsThere()) return true;
     constexpr std::chrono::seconds kLimit{
         3};  // for the connection, and for each step of the answer
     constexpr int kLimitInMs = std::chrono::milliseconds(kLimit).count();
     const steady_clock::time_point start = steady_clock::now();
     const std::unique_ptr<http_t, decltype(&httpClose)> server(
-        httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kLimitInMs,
-                     nullptr),
-        &httpClose);
+        cups.Find<decltype(httpConnect2)>("httpConnect2")(
+            cups.Find<decltype(cupsServer)>("cupsServer")(),
+            cups.Find<decltype(ippPort)>("ippPort")(), nullptr, AF_UNSPEC,
+            cups.Find<decltype(cupsEncryption)>("cupsEncryption")(), 1, kLimitInMs, nullptr),
+        cups.Find<decltype(httpClose)>("httpClose"));
     if (!server) return steady_clock::now() - start < kLimit;
-    httpSetTimeout(
+    cups.Find<decltype(httpSetTimeout)>("httpSetTimeout")(
         server.get(), kLimit.count(), [](http_t*, void*) { return 0; }, nullptr);
-    if (httpGet(server.get(), "/") != 0) return false;
+    if (cups.Find<decltype(httpGet)>("httpGet")(server.get(), "/") != 0) return false;
+    auto* const update = cups.Find<decltype(httpUpdate)>("httpUpdate");
     http_status_t status = HTTP_STATUS_CONTINUE;
-    while (status == HTTP_STATUS_CONTINUE) status = httpUpdate(server.get());
+    while (status == HTTP_STATUS_CONTINUE) status = update(server.get());
     return status != HTTP_STATUS_ERROR;  // a refusal is an answer, too
 }
 
