@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Renders the icon and the pictures from their SVG sources into assets/rendered: the icon in the
-# usual sizes, the pictures at twice their size. Run it after changing a source and commit both.
+# Renders the icon from its SVG source into assets/rendered, in the sizes that packages install. Run
+# it after changing the source and commit both.
 #
 #   assets/render.sh [folder]     needs rsvg-convert (Debian: librsvg2-bin)
 set -euo pipefail
@@ -17,9 +17,6 @@ mkdir -p "$target"
 for size in 16 24 32 48 64 128 256 512; do
     rsvg-convert --width "$size" --height "$size" "$sources/velmora.svg" \
         --output "$target/velmora-$size.png"
-done
-for picture in splash fondo2 fondo3 fondo4 fondo5 fondo6; do
-    rsvg-convert --zoom 2 "$sources/$picture.svg" --output "$target/$picture.png"
 done
 
 for file in "$target"/*.png; do
