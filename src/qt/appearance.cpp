@@ -165,6 +165,9 @@ public:
                 return SignOnADisc({0xa8, 0x5a, 0x00}, u'!');
             case SP_MessageBoxCritical:
                 return SignOnADisc({0xb0, 0x1c, 0x1c}, u'\u00d7');
+            case SP_ToolBarHorizontalExtensionButton:  // every menu bar asks for it, at every move
+                if (more_.isNull()) more_ = QProxyStyle::standardIcon(icon, option, widget);
+                return more_;
             default:
                 return QProxyStyle::standardIcon(icon, option, widget);
         }
@@ -215,6 +218,7 @@ private:
     }
 
     double factor_ = 1;
+    mutable QIcon more_;  ///< of a menu bar too narrow for its titles, once it was asked for
 };
 
 /// The faces by `Family`: the one asked for, and those that stand in for it.
