@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -10,6 +9,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
+
+#include "support/qt_tests.h"
 
 namespace velmora {
 namespace {
@@ -59,8 +60,4 @@ INSTANTIATE_TEST_SUITE_P(Each, DrawingTest,
 }  // namespace
 }  // namespace velmora
 
-int main(int argc, char* argv[]) {
-    testing::InitGoogleTest(&argc, argv);
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}
+int main(int argc, char* argv[]) { return velmora::test::RunQtTests(argc, argv); }
