@@ -34,8 +34,9 @@ struct Page {
 
 Page PageOf(const QPrinter& printer) {
     const double point = printer.resolution() / kPointsPerInch;
-    const QPageLayout layout = printer.pageLayout();
-    const QMarginsF margins = layout.margins(QPageLayout::Point);
+    QPageLayout layout = printer.pageLayout();
+    layout.setUnits(QPageLayout::Point);
+    const QMarginsF margins = layout.margins();
     const QMarginsF least = layout.minimumMargins();
     const QRectF rectangle(QPointF(), printer.pageRect(QPrinter::DevicePixel).size());
     const auto white = [](double margin, double unprintable) {
