@@ -4,6 +4,8 @@
 
 #include <string>
 
+class QPrinter;
+
 namespace velmora {
 
 /// What each platform answers in its own way. On Windows the program carries inside what the
@@ -13,6 +15,10 @@ namespace velmora {
 void AddTypefaces();
 /// The folder of the toolkit's translations.
 QString TranslationsFolder();
+
+/// Whether the print dialog can be shown for this printer. That of Windows can't without a printer,
+/// and gives no sign of it.
+bool HasPrintDialog(const QPrinter& printer);
 
 /// The decimal separator of the user's region, in UTF-8. Windows has one for all programs alike;
 /// there LC_NUMERIC=C in the environment sets the point for this program, as it does elsewhere.

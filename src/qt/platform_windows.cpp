@@ -2,6 +2,7 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QLocale>
+#include <QPrinter>
 
 #include "qt/platform.h"
 
@@ -19,6 +20,10 @@ void AddTypefaces() {
 }
 
 QString TranslationsFolder() { return QStringLiteral(":/velmora/translations"); }
+
+bool HasPrintDialog(const QPrinter& printer) {
+    return printer.outputFormat() == QPrinter::NativeFormat;
+}
 
 std::string SeparatorOfTheRegion() {
     if (qgetenv("LC_NUMERIC") == "C") return ".";

@@ -21,6 +21,7 @@
 #include "qt/local_time.h"
 #include "qt/message_box.h"
 #include "qt/paper.h"
+#include "qt/platform.h"
 #include "qt/print_server.h"
 #include "qt/text.h"
 
@@ -122,11 +123,14 @@ void QtHost::ShowError(std::string_view message) {
             {QMessageBox::Ok, QMessageBox::Critical, QMessageBox::Ok});
 }
 
+void QtHost::Say(const QString& text) {
+    ShowBox(window_, ToQt(kBoxTitle), text, StyleOf(MsgBoxStyle::Ok));
+}
+
 void QtHost::OpenGuide(std::string_view section) {
     const QString path = find_guide();
     if (path.isEmpty()) {
-        ShowBox(window_, ToQt(kBoxTitle), QStringLiteral("No se encuentra la guía."),
-                StyleOf(MsgBoxStyle::Ok));
+        Say(QStringLiteral("No se encuentra la guía."));
         return;
     }
     QUrl page = QUrl::fromLocalFile(path);
@@ -147,6 +151,10 @@ void QtHost::ShowPrinter(CommonDialog& dialog) {
     printer_->setPageOrientation(QPageLayout::Landscape);
     printer_->setColorMode(QPrinter::Color);  // some start out grey
     printer_->setPageMargins({kMargin, kMargin, kMargin, kMargin}, QPageLayout::Millimeter);
+    if (!HasPrintDialog(*printer_)) {
+        if (printer_->outputFileName().isEmpty()) Say(QStringLiteral("No hay ninguna impresora."));
+        return;
+    }
     QPrintDialog box(printer_.get(), window_);
     box.setOption(QAbstractPrintDialog::PrintToFile, false);
     box.setMinMax(dialog.FromPage, dialog.ToPage);

@@ -46,6 +46,7 @@ public:
     std::function<PageOwner()> owner;
 
 private:
+    void Say(const QString& text);
     Imprint MakeImprint() const;
 
     Window* window_ = nullptr;
