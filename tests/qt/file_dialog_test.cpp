@@ -93,9 +93,9 @@ TEST_F(SavingTest, ANameWithAccentsAndBlanksIsWrittenAndReadAgain) {
 }
 
 TEST_F(SavingTest, APointInTheFolderIsNoneInTheName) {
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("con.punto")));
-    SaveNew("con.punto/plan");
-    EXPECT_TRUE(Exists("con.punto/plan.doc"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("carpeta.punto")));
+    SaveNew("carpeta.punto/plan");
+    EXPECT_TRUE(Exists("carpeta.punto/plan.doc"));
 }
 
 TEST_F(SavingTest, ItAsksInSpanishBeforeItReplacesAFile) {
