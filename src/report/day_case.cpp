@@ -67,7 +67,7 @@ void PutBackEmptiedSample(DayCase& day) {
 }
 
 void ReadGrid(DayCase& day) {
-    day.grid.reserve(kRows * kSheetColumns);
+    day.grid.reserve(std::size_t{kRows} * kSheetColumns);
     for (int row = 1; row <= kRows; ++row) {
         for (int place = 0; place < kSheetColumns; ++place) {
             const Figure shown = FigureOf(CellOf(*day.sheet, row, static_cast<Column>(place)));
