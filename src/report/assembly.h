@@ -10,6 +10,9 @@ namespace velmora::report {
 Report MakeReport(const EvaluacionRecord& record, int lines);
 
 // Where the parts of the file begin, by line.
+inline constexpr int kFirstOfPlan = 22;
+inline constexpr int kFirstCount = 49;
+inline constexpr int kFirstOfAgents = 52;
 inline constexpr int kFirstOfSheets = 160;
 inline constexpr int kFirstOfFinalTable = 1363;
 

@@ -48,6 +48,20 @@ inline constexpr int kSheetColumns = PlaceOf(Column::Probability) + 1;
 /// The text of the cell of row 1 to 18.
 const std::string& CellOf(const DaySheet& sheet, int row, Column column);
 
+/// The answers and sentences of a day's conclusions.
+enum class Answer {
+    HighestIndex = 397,
+    HighestProbability,
+    IndexSentence,
+    ProbabilitySentence,
+    OverLimit
+};
+
+/// The text of an answer.
+inline const std::string& AnswerOf(const DaySheet& sheet, Answer answer) {
+    return sheet(static_cast<int>(answer));
+}
+
 /// The column of sample 1 to 6.
 constexpr Column SampleColumn(int sample) {
     return static_cast<Column>(PlaceOf(Column::C1) + sample - 1);

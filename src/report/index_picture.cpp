@@ -10,8 +10,7 @@ namespace velmora::report {
 
 namespace {
 
-// Places, in units of the picture; it is printed with four of them to the millimetre.
-constexpr double kWidth = 720;
+// Places, in units of the picture.
 constexpr double kNames = 8;
 constexpr double kZero = 222;  ///< where an index of 0 stands, ahead of the axis
 constexpr double kFrom = 244;
@@ -19,9 +18,6 @@ constexpr double kTo = 704;
 constexpr double kTop = 40;
 constexpr double kRow = 26;
 constexpr double kHeading = 24;
-constexpr double kLegend = 50;
-constexpr std::size_t kNameLetters = 34;
-constexpr std::size_t kMostTicks = 12;
 
 /// The days' marks stand under one another, so that equal indices are all seen.
 double PlaceOfDay(double middle, int day) { return middle + (day - 2) * 7; }
@@ -55,6 +51,7 @@ double HeightOfRows(const Report& report) {
 }
 
 void DrawAxis(Picture& picture, const Report& report, const LogAxis& axis, double bottom) {
+    constexpr std::size_t kMostTicks = 12;
     for (const double value : axis.Ticks(kMostTicks)) {
         const double x = axis.At(value);
         picture.Line({x, kTop}, {x, bottom}, "rejilla");
@@ -79,6 +76,7 @@ void DrawAxis(Picture& picture, const Report& report, const LogAxis& axis, doubl
 void DrawSeries(Picture& picture, const IndexSeries& series, const LogAxis& axis, double top) {
     const double middle = top + kRow / 2;
     picture.Line({kNames, top + kRow}, {kTo, top + kRow}, "hilo");
+    constexpr std::size_t kNameLetters = 34;
     const std::string name = Whole(series.contaminant) + "  " + Shown(series.name);
     picture.Text({kNames, middle + 4}, Fitting(name, kNameLetters), "rotulo");
     if (series.overall.value_or(0) > 0) {
@@ -122,7 +120,8 @@ std::string DescriptionOf(const Report& report) {
 std::string IndexPicture(const Report& report) {
     if (report.index_series.empty()) return "";
     const double bottom = kTop + HeightOfRows(report);
-    Picture picture("indices", kWidth, bottom + kLegend + 14,
+    const double legend = bottom + 50;
+    Picture picture("indices", kPictureWidth, legend + 14,
                     "Índice de cada contaminante en cada jornada", DescriptionOf(report));
     const LogAxis axis = AxisOf(report);
     DrawAxis(picture, report, axis, bottom);
@@ -138,7 +137,7 @@ std::string IndexPicture(const Report& report) {
         DrawSeries(picture, series, axis, top);
         top += kRow;
     }
-    DrawLegend(picture, bottom + kLegend);
+    DrawLegend(picture, legend);
     return picture.Markup();
 }
 

@@ -12,7 +12,6 @@ namespace velmora::report {
 
 namespace {
 
-constexpr double kWidth = 720;
 constexpr double kHeight = 520;
 constexpr double kLeft = 56;
 constexpr double kRight = 640;
@@ -223,7 +222,7 @@ void DrawLegend(Picture& picture) {
 
 std::string LadderPicture(const Report& report) {
     if (report.ladder_points.empty()) return "";
-    Picture picture("escalera", kWidth, kHeight,
+    Picture picture("escalera", kPictureWidth, kHeight,
                     "Exposición corta: las clases de probabilidad y dónde cae cada contaminante",
                     "Cuanto más a la derecha y más abajo está un punto, menos probable es que una "
                     "exposición corta supere su límite. Cinco curvas separan las seis clases. Las "

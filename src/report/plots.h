@@ -9,6 +9,9 @@ namespace velmora::report {
 /// The pictures of a report as inline SVG, each readable without colours: days are told apart by
 /// the form of their marks, levels by the kind of their line. Empty where there is nothing to show.
 
+/// In units of a picture; it is printed with four of them to the millimetre.
+inline constexpr double kPictureWidth = 720;
+
 /// Each contaminant's index on each day on a logarithmic axis, with its IG and the lines 0.1 and 1.
 std::string IndexPicture(const Report& report);
 

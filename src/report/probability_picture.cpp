@@ -11,7 +11,6 @@ namespace velmora::report {
 
 namespace {
 
-constexpr double kWidth = 720;
 constexpr double kHeading = 26;
 constexpr double kLegend = 62;
 constexpr double kPanelHeight = 168;
@@ -153,7 +152,7 @@ std::vector<Plots> RowsOf(const Report& report, int day) {
 double WidthOfPanels(const std::vector<Plots>& rows) {
     std::size_t columns = kLeastColumns;
     for (const Plots& row : rows) columns = std::max(columns, row.size());
-    return kWidth / static_cast<double>(columns);
+    return kPictureWidth / static_cast<double>(columns);
 }
 
 }  // namespace
@@ -163,7 +162,7 @@ std::string ProbabilityPicture(const Report& report, int day) {
     if (rows.empty()) return "";
     const double height = static_cast<double>(rows.size()) * (kHeading + kPanelHeight) + kLegend;
     const std::string number = Whole(day);
-    Picture picture("muestras-" + number, kWidth, height,
+    Picture picture("muestras-" + number, kPictureWidth, height,
                     "Muestras de la jornada " + number + " en papel de probabilidad log-normal",
                     "Un gráfico por contaminante, una fila por tarea. Si las muestras siguen la "
                     "recta, su distribución se parece a una log-normal.");

@@ -15,11 +15,6 @@ namespace velmora::report {
 
 namespace {
 
-// Where the parts of the file begin, by line.
-constexpr int kFirstOfPlan = 22;
-constexpr int kFirstCount = 49;
-constexpr int kFirstOfAgents = 52;
-
 constexpr int kLinesOfAgent = 6;
 
 bool HoldsNumber(int line) {

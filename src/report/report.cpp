@@ -147,7 +147,10 @@ void FillFromSheet(Day& made, const DayCase& day) {
         AddPlainFigures(made.rows.back(), day);
     }
     const DaySheet& sheet = *day.sheet;
-    made.sheet = {sheet(401), FigureOf(sheet(397)), FigureOf(sheet(398)), sheet(399), sheet(400)};
+    made.sheet = {
+        AnswerOf(sheet, Answer::OverLimit), FigureOf(AnswerOf(sheet, Answer::HighestIndex)),
+        FigureOf(AnswerOf(sheet, Answer::HighestProbability)),
+        AnswerOf(sheet, Answer::IndexSentence), AnswerOf(sheet, Answer::ProbabilitySentence)};
     if (day.computed) made.plain = PlainConclusion(day);
 }
 

@@ -8,13 +8,6 @@ namespace velmora::report {
 
 namespace {
 
-// The answers and sentences among the entries of a day's sheet.
-constexpr int kHighestIndex = 397;
-constexpr int kHighestProbability = 398;
-constexpr int kIndexSentence = 399;
-constexpr int kProbabilitySentence = 400;
-constexpr int kOverLimit = 401;
-
 std::string YesOrNo(bool yes) { return yes ? "SI" : "NO"; }
 
 /// What the row's question is answered with by the plain computation, and against what.
@@ -45,25 +38,26 @@ void CompareLimits(ReviewNotes& notes, int row) {
 }
 
 /// A figure or sentence of the conclusions that doesn't come from the sheet's cells.
-void Doubt(ReviewNotes& notes, std::string what, int entry, std::string plain) {
+void Doubt(ReviewNotes& notes, std::string what, Answer answer, std::string plain) {
     notes.Add(FindingKind::DoesNotFollow, {},
-              {std::move(what), OrBlank((*notes.day.sheet)(entry)), std::move(plain)}, Part::All);
+              {std::move(what), OrBlank(AnswerOf(*notes.day.sheet, answer)), std::move(plain)},
+              Part::All);
 }
 
-void CompareHighest(ReviewNotes& notes, const char* what, int entry, double of_cells,
+void CompareHighest(ReviewNotes& notes, const char* what, Answer answer, double of_cells,
                     double plain) {
-    const std::string& text = (*notes.day.sheet)(entry);
+    const std::string& text = AnswerOf(*notes.day.sheet, answer);
     const Figure figure = FigureOf(text);
     if (figure.value && SameNumber(*figure.value, of_cells)) return;
     if (ComesFrom(figure, plain)) return;
-    Doubt(notes, what, entry, NumberText(plain));
+    Doubt(notes, what, answer, NumberText(plain));
 }
 
-void CompareSentence(ReviewNotes& notes, const char* what, int entry, const VerdictScale& verdict,
-                     int number_entry) {
-    const auto sentence = verdict.For(ReadAsTheSheet((*notes.day.sheet)(number_entry)));
-    if ((*notes.day.sheet)(entry) == sentence) return;
-    Doubt(notes, what, entry, std::string(sentence));
+void CompareSentence(ReviewNotes& notes, const char* what, Answer answer,
+                     const VerdictScale& verdict, Answer of_number) {
+    const auto sentence = verdict.For(ReadAsTheSheet(AnswerOf(*notes.day.sheet, of_number)));
+    if (AnswerOf(*notes.day.sheet, answer) == sentence) return;
+    Doubt(notes, what, answer, std::string(sentence));
 }
 
 void CompareAnswer(ReviewNotes& notes, bool of_sheet, bool plain) {
@@ -71,13 +65,13 @@ void CompareAnswer(ReviewNotes& notes, bool of_sheet, bool plain) {
     const bool asked = std::any_of(cells.begin(), cells.end(), [](const RowInput& row) {
         return row.minutes == 15 || row.minutes == 30;
     });
-    const std::string& answer = (*notes.day.sheet)(kOverLimit);
+    const std::string& answer = AnswerOf(*notes.day.sheet, Answer::OverLimit);
     const auto changed = [](const ByRow<bool>& marks) {
         return std::find(marks.begin(), marks.end(), true) != marks.end();
     };
     if (changed(notes.samples_changed) || changed(notes.inputs_changed)) return;
     if (!asked || answer == YesOrNo(of_sheet) || answer == YesOrNo(plain)) return;
-    Doubt(notes, "¿Se ha superado?", kOverLimit, YesOrNo(plain));
+    Doubt(notes, "¿Se ha superado?", Answer::OverLimit, YesOrNo(plain));
 }
 
 }  // namespace
@@ -89,15 +83,15 @@ void CompareConclusion(ReviewNotes& notes) {
     }
     const RowVerdict sheet = Summary(VerdictOfSheet(day));
     const RowVerdict plain = Summary(VerdictOfPlain(day));
-    CompareHighest(notes, "mayor índice", kHighestIndex, sheet.index, plain.index);
-    CompareHighest(notes, "mayor probabilidad", kHighestProbability, sheet.probability,
+    CompareHighest(notes, "mayor índice", Answer::HighestIndex, sheet.index, plain.index);
+    CompareHighest(notes, "mayor probabilidad", Answer::HighestProbability, sheet.probability,
                    plain.probability);
     CompareAnswer(notes, sheet.over, plain.over);
     const auto of_day = static_cast<std::size_t>(day.day - 1);
-    CompareSentence(notes, "frase del índice", kIndexSentence, kIndexVerdict.at(of_day),
-                    kHighestIndex);
-    CompareSentence(notes, "frase de la exposición corta", kProbabilitySentence,
-                    kProbabilityVerdict, kHighestProbability);
+    CompareSentence(notes, "frase del índice", Answer::IndexSentence, kIndexVerdict.at(of_day),
+                    Answer::HighestIndex);
+    CompareSentence(notes, "frase de la exposición corta", Answer::ProbabilitySentence,
+                    kProbabilityVerdict, Answer::HighestProbability);
 }
 
 }  // namespace velmora::report

@@ -23,16 +23,17 @@ std::vector<Finding> NothingToRestOn(FindingKind kind, const DayCase& day, Told 
 
 /// A day that was closed without any of its buttons: there is no figure to look at.
 std::vector<Finding> ReviewEmptyDay(const DayCase& day) {
-    return NothingToRestOn(FindingKind::DayWithoutMeasurements, day,
-                           {"conclusiones", (*day.sheet)(399), "sin mediciones calculadas"});
+    return NothingToRestOn(
+        FindingKind::DayWithoutMeasurements, day,
+        {"conclusiones", AnswerOf(*day.sheet, Answer::IndexSentence), "sin mediciones calculadas"});
 }
 
 void NoteComma(ReviewNotes& notes) {
     if (!notes.day.comma) return;
     const double plain = Summary(VerdictOfPlain(notes.day)).index;
     notes.Add(FindingKind::CommaLocale, {},
-              {"mayor índice", (*notes.day.sheet)(397), NumberText(plain)}, Part::All, 0,
-              AllRows());
+              {"mayor índice", AnswerOf(*notes.day.sheet, Answer::HighestIndex), NumberText(plain)},
+              Part::All, 0, AllRows());
 }
 
 }  // namespace
