@@ -36,8 +36,8 @@ give_up() {
     exit 2
 }
 
-# One line of context may have changed: the lines that the fault takes away must stand as they did.
-plant() { patch -p1 --fuzz=1 --silent --no-backup-if-mismatch "$@"; }
+# With its context as it was: a fault that only adds lines would else be put anywhere.
+plant() { patch -p1 --fuzz=0 --silent --no-backup-if-mismatch "$@"; }
 header() { sed -n "$2p" "$faults/$1.patch"; }
 targets() { header "$1" 2 | sed 's/^Build \(.*\); run .*/\1/'; }
 tests() { header "$1" 2 | sed 's/^Build .*; run //'; }
