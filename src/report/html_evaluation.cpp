@@ -215,8 +215,8 @@ std::vector<Markup> CellsOf(const FinalRow& row) {
 bool WriteFigure(const Markup& picture, const Markup& caption, std::string_view label,
                  std::ostream& out) {
     if (picture.empty()) return false;
-    out << "<figure><div class=\"lienzo\" role=\"group\" tabindex=\"0\" aria-label=\""
-        << Escaped(label) << "\">" << picture << "</div>\n"
+    out << R"(<figure><div class="lienzo" role="group" tabindex="0" aria-label=")" << Escaped(label)
+        << "\">" << picture << "</div>\n"
         << Element("figcaption", caption) << "</figure>\n";
     return true;
 }

@@ -2,8 +2,10 @@
 
 namespace velmora::report {
 
-std::string_view PageStyle() {
-    return R"(:root { --ink: #1b2430; --soft: #4d5a69; --navy: #123a63; --line: #c9d2dc; --pale: #f3f6f9; }
+namespace {
+
+constexpr std::string_view kPageStyle =
+    R"(:root { --ink: #1b2430; --soft: #4d5a69; --navy: #123a63; --line: #c9d2dc; --pale: #f3f6f9; }
 * { box-sizing: border-box; }
 html { -webkit-text-size-adjust: 100%; }
 body { margin: 0 auto; padding: 2.5rem 1.5rem 4rem; max-width: 74rem; color: var(--ink); background: #fff;
@@ -130,6 +132,9 @@ svg .halo { stroke: #fff; stroke-width: 2.5px; stroke-linejoin: round; }
     * { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 }
 )";
-}
+
+}  // namespace
+
+std::string_view PageStyle() { return kPageStyle; }
 
 }  // namespace velmora::report

@@ -54,7 +54,7 @@ Table::Table(std::string_view name, const Markup& caption, std::span<const Colum
               "<thead>\n<tr>\n";
     for (const Column& column : columns_) {
         markup_ += Element("th", Escaped(column.title),
-                           column.figures ? "scope=\"col\" class=\"n\"" : "scope=\"col\"");
+                           column.figures ? R"(scope="col" class="n")" : R"(scope="col")");
     }
     markup_ += "</tr>\n</thead>\n";
 }
@@ -63,7 +63,7 @@ void Table::BeginGroup(const Markup& title) {
     if (body_open_) markup_ += "</tbody>\n";
     markup_ +=
         "<tbody>\n<tr class=\"grupo\">" +
-        Element("th", title, "scope=\"rowgroup\" colspan=\"" + Whole(columns_.size()) + "\"") +
+        Element("th", title, R"(scope="rowgroup" colspan=")" + Whole(columns_.size()) + "\"") +
         "</tr>\n";
     body_open_ = true;
 }
