@@ -145,6 +145,17 @@ TEST_F(PrintTest, NoPrinterAtAllIsPassedOverWhateverTheDialogsAnswer) {
     EXPECT_EQ(robot.Text("Text1(4)"), "a");
 }
 
+/// Not all of a grey page is grey, but its letters are.
+bool HasRed(const QImage& page) {
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            const QColor color = page.pixelColor(x, y);
+            if (color.red() > 200 && color.green() < 80 && color.blue() < 80) return true;
+        }
+    }
+    return false;
+}
+
 TEST_F(PrintTest, ThePageHasTheScreensColoursAndLiesAcrossWhateverThePrinterIsSetTo) {
     const QString painter = QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
     if (painter.isEmpty()) GTEST_SKIP() << "no pdftoppm";
@@ -161,7 +172,7 @@ TEST_F(PrintTest, ThePageHasTheScreensColoursAndLiesAcrossWhateverThePrinterIsSe
     ASSERT_EQ(QProcess::execute(painter, {QStringLiteral("-singlefile"), ToQt(Page()), drawn}), 0);
     const QImage page(drawn + QStringLiteral(".ppm"));
     ASSERT_FALSE(page.isNull());
-    EXPECT_FALSE(page.allGray());
+    EXPECT_TRUE(HasRed(page));  // the letters of the one field that is required
     EXPECT_GT(page.width(), page.height());
 }
 
