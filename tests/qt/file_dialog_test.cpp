@@ -101,9 +101,11 @@ TEST_F(SavingTest, APointInTheFolderIsNoneInTheName) {
 TEST_F(SavingTest, ItAsksInSpanishBeforeItReplacesAFile) {
     Write("plan.doc", "antes");
     std::string question;
+    std::string preset;
     robot.on_modal = [&](QDialog& modal) {
         if (const auto* const box = qobject_cast<QMessageBox*>(&modal)) {
             question = box->text().toStdString();
+            preset = box->defaultButton()->text().remove(QLatin1Char('&')).toStdString();
         }
     };
     robot.ExpectFileDialog(Path("plan"));
@@ -111,6 +113,7 @@ TEST_F(SavingTest, ItAsksInSpanishBeforeItReplacesAFile) {
     robot.Choose("guardararchivo");
     EXPECT_THAT(question, HasSubstr("plan.doc"));
     EXPECT_THAT(question, HasSubstr("¿"));
+    EXPECT_EQ(preset, "No");
     EXPECT_EQ(Bytes("plan.doc").count("\r\n"), 1524);
 }
 

@@ -4,10 +4,12 @@
 
 #include <QAbstractButton>
 #include <QDesktopServices>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QUrl>
@@ -57,9 +59,12 @@ protected:
             QWidget* const modal = QApplication::activeModalWidget();
             if (auto* box = qobject_cast<QMessageBox*>(modal)) {
                 said_ = box->text();
+                no_is_preset_ = box->defaultButton() == box->button(QMessageBox::No);
                 answer == QMessageBox::NoButton ? box->reject() : box->button(answer)->click();
             } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
                 started_in_ = dialog->directory().path();
+                title_ = dialog->windowTitle();
+                opens_ = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
                 dialog->selectFile(name);
                 QDialog& shown = *dialog;
                 name.isEmpty() ? shown.reject() : shown.accept();
@@ -74,7 +79,10 @@ protected:
     QTemporaryDir folder_;
     Browser browser_;
     QString said_;
+    bool no_is_preset_ = false;
     QString started_in_;
+    QString title_;
+    bool opens_ = false;  ///< the dialog's button opens, rather than saves
 };
 
 TEST_F(ReportDialogTest, TheReportIsWrittenBesideAndOpened) {
@@ -89,6 +97,12 @@ TEST_F(ReportDialogTest, CancelledItWritesAndOpensNothing) {
     EXPECT_TRUE(browser_.opened.isEmpty());
 }
 
+TEST_F(ReportDialogTest, ItAsksForAnEvaluationToOpen) {
+    Ask(QString());
+    EXPECT_EQ(title_, QStringLiteral("Informe de Velmora: elija la evaluación"));
+    EXPECT_TRUE(opens_);
+}
+
 TEST_F(ReportDialogTest, ItStartsAtHomeWhereThereAreNoDocuments) {
     Ask(QString());
     EXPECT_EQ(started_in_, QDir::homePath());
@@ -97,6 +111,7 @@ TEST_F(ReportDialogTest, ItStartsAtHomeWhereThereAreNoDocuments) {
 TEST_F(ReportDialogTest, ItAsksBeforeItReplacesAReport) {
     Write("plan.html", "de otro");
     EXPECT_EQ(Ask(Name("plan.doc"), QMessageBox::No), 0);
+    EXPECT_TRUE(no_is_preset_);
     EXPECT_EQ(said_, QStringLiteral("plan.html ya existe.\n¿Desea reemplazarlo?"));
     EXPECT_EQ(Bytes(Name("plan.html")), "de otro");
     EXPECT_TRUE(browser_.opened.isEmpty());
