@@ -27,7 +27,10 @@ record_drawings() {
 build_programs() {
     [ -f $build/build.ninja ] || cmake --preset windows -DVELMORA_MUSL="$musl" -DVELMORA_WINDOWS_QT="$qt" \
         -DVELMORA_DRAWINGS="$PWD/$build-drawings/recorded" >/dev/null
-    cmake --build --preset windows --target velmora velmora_informe velmora_of_the_region velmora_tour
+    # What the program carries inside bears a date: one for all commits, or what an earlier build left
+    # would give other bytes than a build from nothing.
+    SOURCE_DATE_EPOCH=1 cmake --build --preset windows \
+        --target velmora velmora_informe velmora_of_the_region velmora_tour
 }
 
 # The folder as it stands in the zip and on the user's disk.
