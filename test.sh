@@ -123,7 +123,7 @@ say "The ten slowest tests"
 sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' build/*/ctest.log |
     sort -rn | sed -n 1,10p
 say "Not run here, each a command of its own (CONTRIBUTING.md)"
-sed -n 's/^| `\([^`]*\)` |.*/  \1/p' CONTRIBUTING.md
+sed -n 's/^| \(`[^|]*`\) |.*/  \1/p' CONTRIBUTING.md | tr -d '`'
 say "Seconds of each step"
 printf '%s\n' "${times[@]}"
 say "All tests passed: $(sed -n 's/^100% tests passed, .* out of //p' build/*/ctest.log |
