@@ -51,18 +51,18 @@ state() {
     } | sha256sum
 }
 
-# once <name> <command>...: a step that is left out where it has passed in this very state.
+# once <name> <command>...: a step that is left out where it has passed in the state of the start. What
+# is edited while the steps run counts for the next time.
 once() {
-    local name=$1 before
-    before=$(state)
-    if [ "$(cat "$passed/$name" 2>/dev/null)" = "$before" ]; then
+    local name=$1
+    if [ "$(cat "$passed/$name" 2>/dev/null)" = "$at_start" ]; then
         say "$name: passed before, and nothing has changed"
         times+=("    -    $name (passed before)")
         return
     fi
     step "$@"
     mkdir -p "$passed"
-    printf '%s\n' "$before" >"$passed/$name"
+    printf '%s\n' "$at_start" >"$passed/$name"
 }
 
 # run_tests <preset> <locale>: all tests of a build.
@@ -99,6 +99,7 @@ try_package() {
 
 step "Packages" install_packages "${build_packages[@]}" "${windows_packages[@]}" \
     "${test_packages[@]}"
+at_start=$(state)
 once "Format" check_format
 step "Release build" build release
 once "Lint" scripts/lint.sh
