@@ -1,5 +1,6 @@
 // record_drawings FOLDER SVG...: writes the strokes that each drawing takes into FOLDER, as a file
-// of the same name that ends in ".pic". Played they give the same pixels at every size.
+// of the same name that ends in ".pic". Played they give its pixels, but for the shade of an edge
+// that lies between two of them.
 
 #include <QFileInfo>
 #include <QGuiApplication>

@@ -16,8 +16,8 @@ namespace velmora {
 
 namespace {
 
-/// A library of the system that is loaded only now: linked, it would have every start load the
-/// twenty that it brings along.
+/// A library of the system that is loaded only now: linked, it would come with every start, and
+/// eighteen others with it.
 class PrintSystem {
 public:
     bool IsThere() { return library_.load(); }
