@@ -20,11 +20,10 @@ const auto kTitle = QStringLiteral("Informe de Velmora");
 /// The evaluation that the user chooses; empty when the dialog is cancelled.
 QString ChosenEvaluation() {
     QFileDialog dialog;
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    SetUp(dialog);
     dialog.setWindowTitle(QStringLiteral("Informe de Velmora: elija la evaluación"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    StartAmongEvaluations(dialog);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 

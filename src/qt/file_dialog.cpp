@@ -50,30 +50,32 @@ QList<QUrl> FoldersAtTheSide() {
 
 }  // namespace
 
-void StartAmongEvaluations(QFileDialog& dialog) {
+void SetUp(QFileDialog& dialog) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    for (QTreeView* list : dialog.findChildren<QTreeView*>()) {
+        constexpr int kKind = 2;  // of the columns name, size, kind, date
+        list->hideColumn(kKind);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    }
     dialog.setSidebarUrls(FoldersAtTheSide());
     dialog.setDirectory(DocumentsOrHome());
+    const int letter = QFontMetrics(QApplication::font(&dialog)).height();
+    dialog.resize((QSize(46, 30) * letter).boundedTo(dialog.screen()->availableSize() * 0.9));
+    if (auto* const halves = dialog.findChild<QSplitter*>()) {
+        halves->setSizes({10 * letter, 36 * letter});
+    }
 }
 
 FileDialog::FileDialog(const CommonDialog& dialog, QWidget* parent)
     : QFileDialog(parent),
       asks_before_replacing_((dialog.Flags & kAsksBeforeReplacing) != 0),
       asks_before_creating_((dialog.Flags & kAsksBeforeCreating) != 0) {
-    setOption(DontUseNativeDialog);
+    SetUp(*this);
     setOption(DontConfirmOverwrite);  // it is asked below, in a box that keeps its lines
     setWindowTitle(ToQt(dialog.DialogTitle));
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setDefaultSuffix(ToQt(dialog.DefaultExt));
-    for (QTreeView* list : findChildren<QTreeView*>()) {
-        constexpr int kKind = 2;  // of the columns name, size, kind, date
-        list->hideColumn(kKind);
-        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    }
-    StartAmongEvaluations(*this);
-    const int letter = QFontMetrics(QApplication::font(this)).height();
-    resize((QSize(46, 30) * letter).boundedTo(screen()->availableSize() * 0.9));
-    if (auto* const halves = findChild<QSplitter*>()) halves->setSizes({10 * letter, 36 * letter});
     if (!dialog.FileName.empty()) selectFile(ToQt(dialog.FileName));
 }
 

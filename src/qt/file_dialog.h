@@ -9,9 +9,9 @@ class QFileInfo;
 
 namespace velmora {
 
-/// Has the dialog start in the user's documents or, where there are none, at home; at its side
-/// stand these two and the examples.
-void StartAmongEvaluations(QFileDialog& dialog);
+/// Makes it the toolkit's own, with room for its columns and for the folders at its side: home, the
+/// user's documents, where there are any and it starts, and the examples.
+void SetUp(QFileDialog& dialog);
 
 /// The file dialog of a screen, of the save kind both for saving and for restoring. Its flags tell
 /// whether it asks before replacing a file (2) and before creating one (8192).

@@ -8,10 +8,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <QUrl>
 
 #include "support/qt_tests.h"
@@ -64,6 +66,9 @@ protected:
             } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
                 started_in_ = dialog->directory().path();
                 title_ = dialog->windowTitle();
+                const auto& columns = *dialog->findChild<QTreeView*>()->header();
+                const int date = columns.count() - 1;
+                date_is_cut_ = columns.sectionSize(date) < columns.sectionSizeHint(date);
                 opens_ = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
                 dialog->selectFile(name);
                 QDialog& shown = *dialog;
@@ -82,7 +87,8 @@ protected:
     bool no_is_preset_ = false;
     QString started_in_;
     QString title_;
-    bool opens_ = false;  ///< the dialog's button opens, rather than saves
+    bool date_is_cut_ = true;  ///< the head of the dialog's last column
+    bool opens_ = false;       ///< the dialog's button opens, rather than saves
 };
 
 TEST_F(ReportDialogTest, TheReportIsWrittenBesideAndOpened) {
@@ -101,6 +107,7 @@ TEST_F(ReportDialogTest, ItAsksForAnEvaluationToOpen) {
     Ask(QString());
     EXPECT_EQ(title_, QStringLiteral("Informe de Velmora: elija la evaluación"));
     EXPECT_TRUE(opens_);
+    EXPECT_FALSE(date_is_cut_);
 }
 
 TEST_F(ReportDialogTest, ItStartsAtHomeWhereThereAreNoDocuments) {
