@@ -15,7 +15,7 @@ zip=$build/dist/velmora-$version-windows.zip
 installer=$build/dist/velmora-$version-windows-instalador.exe
 
 install_packages "${windows_packages[@]}" openbox xdotool imagemagick x11-utils xclip unzip locales poppler-utils \
-    ghostscript cups-daemon cups-client
+    ghostscript cups-daemon cups-client python3-pefile
 fail() { printf 'FAILED: %s\n' "$*" >&2; exit 1; }
 [ -f "$zip" ] || fail "$zip is missing: packaging/windows/build.sh makes it"
 rm -rf "$work"
@@ -54,7 +54,7 @@ hardened() {
         ! grep 'DLL Name' "$work/head.txt" | grep -iE 'libgcc|libstdc|winpthread|Qt6|libssp' ||
             fail "$program leans on a library that isn't there"
     done
-    ! strings -a "$build/stage/Velmora/programa/velmora.dll" | grep -F -e "$PWD" -e "$HOME/.cache" ||
+    ! strings -a "$build/stage/Velmora/programa/velmora.dll" | grep -F -e "$PWD" -e "${XDG_CACHE_HOME:-$HOME/.cache}" ||
         fail "paths of this machine are in the program"
 }
 
@@ -96,8 +96,10 @@ try_left_out() {
     sed -n 's/^\[       OK \] \([^ ]*\).*/left out, and passes now: \1/p' "$work/$name-left-out.txt"
 }
 
+export VELMORA_ZIP=$zip VELMORA_INSTALLER=$installer
 say "What the programs are made of"
 hardened
+/usr/bin/python3 -B tests/windows/resources_test.py
 say "The guided example"
 xvfb-run -a -s '-screen 0 1400x1050x24' bash -c "set -euo pipefail
     $(declare -f guided_example fail); $(declare -p work wine build); guided_example"
@@ -109,8 +111,7 @@ for program in qt/test_qt report/test_report_dialog; do
 done
 mkdir "$work/locales"
 localedef -i es_ES -f UTF-8 "$work/locales/es_ES.UTF-8"
-export LOCPATH=$work/locales LC_ALL=es_ES.UTF-8 VELMORA_ZIP=$zip VELMORA_INSTALLER=$installer \
-    VELMORA_PROGRAMS=$build/tests/windows VELMORA_WORK=$work
+export LOCPATH=$work/locales LC_ALL=es_ES.UTF-8 VELMORA_PROGRAMS=$build/tests/windows VELMORA_WORK=$work
 for tests in product at_home faults; do
     say "Under a Spanish region: $tests"
     xvfb-run -a -s '-screen 0 1400x1050x24' sh -c 'openbox & exec "$@"' \

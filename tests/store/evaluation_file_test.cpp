@@ -851,6 +851,14 @@ TEST_F(NoFileTest, AReadOnlyFileStaysAsItIs) {
     EXPECT_EQ(Bytes(path), "contenido");
 }
 
+TEST_F(NoFileTest, ALongPathTakesTheFormThatTheOldLimitDoesNotBind) {
+    const std::string long_name = "\\" + std::string(250, 'c');
+    EXPECT_EQ(NameOf(PathOf("C:" + long_name)), R"(\\?\C:)" + long_name);
+    EXPECT_EQ(NameOf(PathOf("C:/a/.." + long_name)), R"(\\?\C:)" + long_name);
+    EXPECT_EQ(NameOf(PathOf(R"(\\casa\datos)" + long_name)), R"(\\?\UNC\casa\datos)" + long_name);
+    EXPECT_EQ(NameOf(PathOf(R"(C:\corto)")), R"(C:\corto)");
+}
+
 TEST_F(NoFileTest, APathBeyondTheOldLimitIsWrittenAndRead) {
     std::string name = NameOf(folder);
     for (int depth = 0; depth < 5; ++depth) {
