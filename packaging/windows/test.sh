@@ -104,7 +104,7 @@ say "The guided example"
 xvfb-run -a -s '-screen 0 1400x1050x24' bash -c "set -euo pipefail
     $(declare -f guided_example fail); $(declare -p work wine build); guided_example"
 say "The real window's tests"
-cmake --build --preset windows --target test_qt test_report_dialog from_desktop names
+cmake --build --preset windows --target test_qt test_report_dialog from_desktop names browser
 for program in qt/test_qt report/test_report_dialog; do
     window_tests $program
     try_left_out $program
