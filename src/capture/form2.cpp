@@ -15,7 +15,7 @@ constexpr Color kBlue = 0xC00000;
 constexpr Color kBrightBlue = 0xFF0000;
 constexpr Color kVeryDarkBlue = 0x400000;
 
-constexpr Box kClientArea{0, 0, 11715, 8310};
+constexpr Face kFace{ScreenId::Form2, "     Velmora / h2", {0, 0, 11715, 8310}, "fondo2"};
 
 /// One line of the screen: a box with its label. Lines stand in the order of the Tab key, which
 /// is the order of neither index.
@@ -63,6 +63,13 @@ constexpr std::array<StandingControl<Form2>, 3> kControls = {{
 }};
 // clang-format on
 
+constexpr std::array<EntryRow<Form2>, 4> kMoves = {{
+    {"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form2::datosiniciales_Click},
+    {"contaminantes", "Contaminantes", &Form2::contaminantes_Click},
+    {"calculos", "Cálculos", &Form2::calculos_Click},
+    {"resulatadofinal", "Resultado final", &Form2::resulatadofinal_Click},
+}};
+
 constexpr std::string_view kNameHint = " El nombre de la empresa es imprescindible.";
 constexpr std::string_view kEmptyField = "---";
 
@@ -93,9 +100,7 @@ constexpr Row BoxRow(const Field& field, int tab) {
 
 }  // namespace
 
-Form2::Form2(const Environment& environment)
-    : Screen(ScreenId::Form2, "     Velmora / h2", kClientArea, Label3, "fondo2"),
-      environment_(environment) {
+Form2::Form2(const Environment& environment) : BaseScreen(environment, kFace, Label3) {
     PlaceControls();
     PlaceMenu();
 }
@@ -111,27 +116,11 @@ void Form2::PlaceControls() {
 
 void Form2::PlaceMenu() {
     SetMenu<Form2>(
-        {{"vacio1"},
-         {"vacio2"},
-         {"continuar",
-          "Continuar",
-          nullptr,
-          {{"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form2::datosiniciales_Click},
-           {"contaminantes", "Contaminantes", &Form2::contaminantes_Click},
-           {"calculos", "Cálculos", &Form2::calculos_Click},
-           {"resulatadofinal", "Resultado final", &Form2::resulatadofinal_Click}}},
-         {"vacio30"},
-         {"vacio32"},
-         {"Regresar", "Regresar", &Form2::Regresar_Click},
-         {"vacio40"},
-         {"vacio50"},
-         {"recuperardatos", "Recuperar datos", &Form2::recuperardatos_Click},
-         {"vacio51"},
-         {"vacio52"},
-         {"imprimir", "Imprimir", &Form2::imprimir_Click},
-         {"vacio53"},
-         {"vacio54"},
-         {"salir", "Salir", &Form2::salir_Click, {}, true}});
+        {{"vacio1 vacio2", "continuar", "Continuar", nullptr, kMoves},
+         {"vacio30 vacio32", "Regresar", "Regresar", &Form2::Regresar_Click},
+         {"vacio40 vacio50", "recuperardatos", "Recuperar datos", &Form2::recuperardatos_Click},
+         {"vacio51 vacio52", "imprimir", "Imprimir", &Form2::imprimir_Click},
+         {"vacio53 vacio54", "salir", "Salir", &Form2::salir_Click, {}, true}});
 }
 
 void Form2::Form_Load() {
@@ -142,8 +131,6 @@ void Form2::Form_Load() {
 void Form2::ShowDatosEmpresa() {
     for (int i = 1; i <= 19; ++i) Text1(i).Text = environment_.record.DatosEmpresa(i);
 }
-
-void Form2::Timer1_Timer() { Label3.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form2::StoreFieldsAndGo(ScreenId target) {
     if (Text1(1).Text.empty()) {

@@ -1,18 +1,16 @@
 #pragma once
 
 #include "core/navigation.h"
-#include "forms/screen.h"
 #include "runtime/array.h"
 
 namespace velmora {
 
 /// The company data screen: nineteen free-text fields, and the way to a saved evaluation.
-class Form2 : public Screen {
+class Form2 : public BaseScreen {
 public:
     explicit Form2(const Environment& environment);
 
     void Form_Load() override;
-    void Timer1_Timer() override;
     void datosiniciales_Click();
     void contaminantes_Click();
     void calculos_Click();
@@ -34,8 +32,6 @@ private:
     void PlaceControls();
     void PlaceMenu();
     void StoreFieldsAndGo(ScreenId target);
-
-    Environment environment_;
 };
 
 }  // namespace velmora

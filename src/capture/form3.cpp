@@ -13,7 +13,7 @@ namespace velmora {
 
 namespace {
 
-constexpr Box kClientArea{0, 0, 11880, 8310};
+constexpr Face kFace{ScreenId::Form3, "    Velmora / h3", {0, 0, 11880, 8310}, "fondo3"};
 
 constexpr std::string_view kPlanFixed = " NO OPERATIVO";
 constexpr std::string_view kPlanToFix = "Validar";
@@ -49,6 +49,12 @@ constexpr std::array<StandingControl<Form3>, 3> kControls = {{
       .tab = 3, .spoken = "Validar la línea del plan"}, &Form3::Command2_Click},
     {&Form3::Text2, {.name = "Text2", .box = {9000, 480, 75, 105}, .look = {.back = kMarkColor},
       .spoken = "Marca de color, sin función"}},
+}};
+constexpr std::array<EntryRow<Form3>, 4> kMoves = {{
+    {"contaminantes", "Contaminantes", &Form3::contaminantes_Click},
+    {"pagina5", "Cálculos", &Form3::pagina5_Click},
+    {"datosdeempresa", "Datos de empresa", &Form3::datosdeempresa_Click},
+    {"resultadofinal", "Resultado final", &Form3::resultadofinal_Click},
 }};
 
 constexpr std::array<Row, 2> kLabel1 = {{
@@ -148,9 +154,7 @@ constexpr Row CellRow(int k, int column) {
 
 }  // namespace
 
-Form3::Form3(const Environment& environment)
-    : Screen(ScreenId::Form3, "    Velmora / h3", kClientArea, Label2, "fondo3"),
-      environment_(environment) {
+Form3::Form3(const Environment& environment) : BaseScreen(environment, kFace, Label2) {
     PlaceControls();
     PlaceMenu();
 }
@@ -177,21 +181,9 @@ void Form3::PlaceControls() {
 }
 
 void Form3::PlaceMenu() {
-    SetMenu<Form3>({{"vacio1"},
-                    {"vacio2"},
-                    {"continuar",
-                     "Continuar/Regresar",
-                     nullptr,
-                     {{"contaminantes", "Contaminantes", &Form3::contaminantes_Click},
-                      {"pagina5", "Cálculos", &Form3::pagina5_Click},
-                      {"datosdeempresa", "Datos de empresa", &Form3::datosdeempresa_Click},
-                      {"resultadofinal", "Resultado final", &Form3::resultadofinal_Click}}},
-                    {"vacio8"},
-                    {"vacio9"},
-                    {"imprimir", "Imprimir", &Form3::imprimir_Click},
-                    {"vacio20"},
-                    {"vacio22"},
-                    {"salir", "Salir", &Form3::salir_Click, {}, true}});
+    SetMenu<Form3>({{"vacio1 vacio2", "continuar", "Continuar/Regresar", nullptr, kMoves},
+                    {"vacio8 vacio9", "imprimir", "Imprimir", &Form3::imprimir_Click},
+                    {"vacio20 vacio22", "salir", "Salir", &Form3::salir_Click, {}, true}});
 }
 
 Entero Form3::RowsOfPlan() const {
@@ -217,23 +209,16 @@ void Form3::Form_Load() {
     FillRows();
 }
 
-void Form3::OcultarEntrada() {
-    for (Label& heading : Label3) heading.Visible = false;
-    Command2.Visible = false;
-    Command2.Enabled = false;
-    for (int i = kFirstEntryList; i <= kLastEntryList; ++i) {
-        Combo1(i).Visible = false;
-        Combo1(i).Locked = true;
-    }
-}
+void Form3::OcultarEntrada() { ShowEntry(false); }
+void Form3::MostrarEntrada() { ShowEntry(true); }
 
-void Form3::MostrarEntrada() {
-    for (Label& heading : Label3) heading.Visible = true;
-    Command2.Visible = true;
-    Command2.Enabled = true;
+void Form3::ShowEntry(bool shown) {
+    for (Label& heading : Label3) heading.Visible = shown;
+    Command2.Visible = shown;
+    Command2.Enabled = shown;
     for (int i = kFirstEntryList; i <= kLastEntryList; ++i) {
-        Combo1(i).Visible = true;
-        Combo1(i).Locked = false;
+        Combo1(i).Visible = shown;
+        Combo1(i).Locked = !shown;
     }
 }
 
@@ -327,8 +312,6 @@ void Form3::Command1_Click() {
     AbrirCeldas(CellsOfPlan());
     NumerarFilas();
 }
-
-void Form3::Timer1_Timer() { Label2.Caption = FormatoFecha(environment_.host.Now()); }
 
 bool Form3::PlanIsComplete() const {
     const EvaluacionRecord& record = environment_.record;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/navigation.h"
-#include "forms/screen.h"
 #include "runtime/array.h"
 
 namespace velmora {
@@ -13,12 +12,11 @@ namespace velmora {
 /// of six cells for each pair of workday and task, day by day and within a day task by task: row k,
 /// counted from 1, is `Text1(6k-6)` to `Text1(6k-1)`. A plan that goes beyond three workdays or
 /// three tasks, which only a restored record can hold, ends on the subscript error at load.
-class Form3 : public Screen {
+class Form3 : public BaseScreen {
 public:
     explicit Form3(const Environment& environment);
 
     void Form_Load() override;
-    void Timer1_Timer() override;
 
     /// A pick in the list `Index` (0 to 7). Warns of more than six samples after a pick in 6, and
     /// offers to start again after a pick in 0 or 1 while the plan is fixed.
@@ -56,6 +54,7 @@ private:
 
     void OcultarEntrada();
     void MostrarEntrada();
+    void ShowEntry(bool shown);
     void CloseCell(int i);
     void AbrirCeldas(Entero n);
     void NumerarFilas();
@@ -69,8 +68,6 @@ private:
 
     bool PlanIsComplete() const;
     void GoIfPlanComplete(ScreenId target);
-
-    Environment environment_;
 };
 
 }  // namespace velmora

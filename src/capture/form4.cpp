@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-constexpr Box kClientArea{0, 0, 11880, 8310};
+constexpr Face kFace{ScreenId::Form4, " Velmora / h4", {0, 0, 11880, 8310}, "fondo4"};
 
 constexpr int kCellHeight = 285;
 constexpr int kListHeight = 330;
@@ -38,6 +38,12 @@ constexpr std::array<StandingControl<Form4>, 2> kControls = {{
     {&Form4::Command3, {.name = "Command3", .box = {2040, 480, 3855, 255}, .text = "Visualizar / Modificar", .tab = 43}, &Form4::Command3_Click},
     {&Form4::Command1, {.name = "Command1", .box = {120, 840, 5775, 255}, .text = "Validar", .tab = 42,
       .spoken = "Validar los contaminantes de la tarea"}, &Form4::Command1_Click},
+}};
+constexpr std::array<EntryRow<Form4>, 4> kMoves = {{
+    {"pagina5", "Cálculos", &Form4::pagina5_Click},
+    {"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form4::datosiniciales_Click},
+    {"datosdeempresa", "Datos de empresa", &Form4::datosdeempresa_Click},
+    {"resultadosfinales", "Resultado final", &Form4::resultadosfinales_Click},
 }};
 
 /// A column of the rows, with its heading. The Tab key runs down the columns, not along the rows.
@@ -101,9 +107,7 @@ std::string SpokenName(int r, const Column& column) {
 
 }  // namespace
 
-Form4::Form4(const Environment& environment)
-    : Screen(ScreenId::Form4, " Velmora / h4", kClientArea, Label1, "fondo4"),
-      environment_(environment) {
+Form4::Form4(const Environment& environment) : BaseScreen(environment, kFace, Label1) {
     PlaceControls();
     PlaceMenu();
 }
@@ -149,22 +153,9 @@ void Form4::PlaceRow(int r) {
 }
 
 void Form4::PlaceMenu() {
-    SetMenu<Form4>(
-        {{"vacio1"},
-         {"vacio7"},
-         {"continuar",
-          "Continuar/Regresar",
-          nullptr,
-          {{"pagina5", "Cálculos", &Form4::pagina5_Click},
-           {"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form4::datosiniciales_Click},
-           {"datosdeempresa", "Datos de empresa", &Form4::datosdeempresa_Click},
-           {"resultadosfinales", "Resultado final", &Form4::resultadosfinales_Click}}},
-         {"vacio10"},
-         {"vacio11"},
-         {"imprimir", "Imprimir", &Form4::imprimir_Click},
-         {"vacio22"},
-         {"vacio23"},
-         {"salir", "Salir", &Form4::salir_Click, {}, true}});
+    SetMenu<Form4>({{"vacio1 vacio7", "continuar", "Continuar/Regresar", nullptr, kMoves},
+                    {"vacio10 vacio11", "imprimir", "Imprimir", &Form4::imprimir_Click},
+                    {"vacio22 vacio23", "salir", "Salir", &Form4::salir_Click, {}, true}});
 }
 
 void Form4::Form_Load() { EmptyRows(); }
@@ -355,8 +346,6 @@ void Form4::pagina5_Click() { environment_.chain.Go(ScreenId::Form5); }
 void Form4::datosiniciales_Click() { environment_.chain.Go(ScreenId::Form3); }
 void Form4::datosdeempresa_Click() { environment_.chain.Go(ScreenId::Form2); }
 void Form4::resultadosfinales_Click() { environment_.chain.Go(ScreenId::Form6); }
-
-void Form4::Timer1_Timer() { Label1.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form4::imprimir_Click() {
     Imprimir(environment_.host, CommonDialog1, {"Se imprimirá pantalla", 0, 1000});

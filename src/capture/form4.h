@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/navigation.h"
-#include "forms/screen.h"
 #include "runtime/array.h"
 
 namespace velmora {
@@ -13,12 +12,11 @@ namespace velmora {
 /// and its unit `Combo13(r-1)`. The screen opens with no rows, whatever has been stored before; a
 /// task with more than six contaminants, which only a restored record can hold, ends on the
 /// subscript error when it is picked.
-class Form4 : public Screen {
+class Form4 : public BaseScreen {
 public:
     explicit Form4(const Environment& environment);
 
     void Form_Load() override;
-    void Timer1_Timer() override;
 
     /// Empties the rows without a question and opens those of the task picked.
     void Combo1_Click();
@@ -66,8 +64,6 @@ private:
     void StoreRows(Entero n);
 
     void FilterMark(int Index, KeyCode& key);
-
-    Environment environment_;
 
     // The key filter's memory, for the life of the screen; only keys change it.
     Entero CifrasEd, PuntosEd;  ///< digits and points typed so far in the VLA-ED cell

@@ -12,7 +12,7 @@ namespace {
 constexpr Color kDarkBlue = 0x800000;
 constexpr Color kBlack = 0x000000;
 
-constexpr Box kClientArea{0, 0, 11355, 8310};
+constexpr Face kFace{ScreenId::Form1, ".     Velmora / h1", {0, 0, 11355, 8310}};
 
 // clang-format off
 constexpr Row kPicture1{.name = "Picture1", .box = {1680, 1200, 9255, 4575},
@@ -36,20 +36,12 @@ constexpr std::array<StandingControl<Form1>, 7> kControls = {{
 
 }  // namespace
 
-Form1::Form1(const Environment& environment)
-    : Screen(ScreenId::Form1, ".     Velmora / h1", kClientArea, Label5),
-      environment_(environment) {
+Form1::Form1(const Environment& environment) : BaseScreen(environment, kFace, Label5) {
     Place(Picture{"splash"}, kPicture1);
     Place(kControls);
-    SetMenu<Form1>({{"Vacio1"},
-                    {"Vacio2"},
-                    {"Nuevaempresa", "Iniciar", &Form1::Nuevaempresa_Click},
-                    {"Vacio3"},
-                    {"vacio4"},
-                    {"salir", "Salir", &Form1::salir_Click, {}, true}});
+    SetMenu<Form1>({{"Vacio1 Vacio2", "Nuevaempresa", "Iniciar", &Form1::Nuevaempresa_Click},
+                    {"Vacio3 vacio4", "salir", "Salir", &Form1::salir_Click, {}, true}});
 }
-
-void Form1::Timer1_Timer() { Label5.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form1::Nuevaempresa_Click() {
     // A new evaluation clears the company's data only: plan and results stay in force on purpose.

@@ -12,6 +12,8 @@ constexpr std::uint32_t kNoPrintToFile = 524288;
 
 }  // namespace
 
+void BaseScreen::Timer1_Timer() { clock_.Caption = FormatoFecha(environment_.host.Now()); }
+
 void Salir(Host& host, MsgBoxStyle style) {
     if (host.MsgBox("¿Está seguro de que quiere salir?", style) != MsgBoxAnswer::No) host.End(0);
 }

@@ -8,6 +8,7 @@
 #include "core/record.h"
 #include "forms/host.h"
 #include "forms/layout.h"
+#include "forms/screen.h"
 
 namespace velmora {
 
@@ -16,6 +17,21 @@ struct Environment {
     EvaluacionRecord& record;
     ScreenChain& chain;
     Host& host;
+};
+
+/// What the six screens have in common beside their controls: what they are given, and the clock.
+class BaseScreen : public Screen {
+public:
+    void Timer1_Timer() override;
+
+protected:
+    BaseScreen(const Environment& environment, const Face& face, Label& clock)
+        : Screen(face, clock), environment_(environment), clock_(clock) {}
+
+    Environment environment_;
+
+private:
+    Label& clock_;
 };
 
 /// `salir` of every screen: asks with the screen's style, and on any answer but No ends the process

@@ -15,19 +15,14 @@ namespace {
 
 constexpr Color kPaleGreen = 0xE1F5E1;
 
-constexpr Box kClientArea{0, 0, 11880, 8310};
+constexpr Face kFace{ScreenId::Form6, " Velmora / h6", {0, 0, 11880, 8310}, "fondo6"};
 
 constexpr int kRows = 18;
 constexpr int kRowsPerTask = 6;
 constexpr int kColumns = 9;
 
-// Columns of HojaFinal, from 1.
-constexpr int kNumberColumn = 1;
-constexpr int kNameColumn = 2;
-constexpr int kI1Column = 3;
-constexpr int kI2Column = 4;
-constexpr int kI3Column = 5;
-constexpr int kIGColumn = 6;
+// Columns of HojaFinal.
+enum : int { kNumberColumn = 1, kNameColumn, kI1Column, kI2Column, kI3Column, kIGColumn };
 constexpr std::array kCopiedColumns = {2, 3, 4, 5, 7, 8, 9};
 
 struct Column {
@@ -82,6 +77,13 @@ constexpr std::array<StandingControl<Form6>, 5> kControls = {{
 }};
 // clang-format on
 
+constexpr std::array<EntryRow<Form6>, 4> kMoves = {{
+    {"calculos", "Cálculos", &Form6::calculos_Click},
+    {"contaminantes", "Contaminantes", &Form6::contaminantes_Click},
+    {"datosiniciales", "Datos  iniciales: Jornadas y Tareas", &Form6::datosiniciales_Click},
+    {"datosdeempresa", "Datos de empresa", &Form6::datosdeempresa_Click},
+}};
+
 constexpr std::array<std::string_view, kRowsPerTask> kNumbers = {"1", "2", "3", "4", "5", "6"};
 
 constexpr std::string_view kEmptyCell = "----";
@@ -132,35 +134,18 @@ std::string SpokenName(int row, int column) {
 
 }  // namespace
 
-Form6::Form6(const Environment& environment)
-    : Screen(ScreenId::Form6, " Velmora / h6", kClientArea, Label2, "fondo6"),
-      environment_(environment) {
+Form6::Form6(const Environment& environment) : BaseScreen(environment, kFace, Label2) {
     PlaceControls();
     PlaceMenu();
 }
 
 void Form6::PlaceMenu() {
+    // Pressing this title moves at once: the mouse doesn't reach its list, and is meant not to.
     SetMenu<Form6>(
-        {{"vacio1"},
-         {"vacio2"},
-         // Pressing this title moves at once: the mouse doesn't reach its list, and is
-         // meant not to.
-         {"regresar",
-          "Continuar/Regresar",
-          &Form6::regresar_Click,
-          {{"calculos", "Cálculos", &Form6::calculos_Click},
-           {"contaminantes", "Contaminantes", &Form6::contaminantes_Click},
-           {"datosiniciales", "Datos  iniciales: Jornadas y Tareas", &Form6::datosiniciales_Click},
-           {"datosdeempresa", "Datos de empresa", &Form6::datosdeempresa_Click}}},
-         {"vacio10"},
-         {"vacio11"},
-         {"guardararchivo", "Guardar en disco ", &Form6::guardararchivo_Click},
-         {"vacio21"},
-         {"vacio22"},
-         {"imprimir", "Imprimir", &Form6::imprimir_Click},
-         {"vacio30"},
-         {"vacio32"},
-         {"salir", "Salir", &Form6::salir_Click, {}, true}});
+        {{"vacio1 vacio2", "regresar", "Continuar/Regresar", &Form6::regresar_Click, kMoves},
+         {"vacio10 vacio11", "guardararchivo", "Guardar en disco ", &Form6::guardararchivo_Click},
+         {"vacio21 vacio22", "imprimir", "Imprimir", &Form6::imprimir_Click},
+         {"vacio30 vacio32", "salir", "Salir", &Form6::salir_Click, {}, true}});
 }
 
 void Form6::PlaceControls() {
@@ -180,8 +165,6 @@ void Form6::Form_Load() {
     for (Label& heading : Label4) heading.Visible = false;
     for (Label* block : {&Label3, &Label5, &Label6}) block->Visible = false;
 }
-
-void Form6::Timer1_Timer() { Label2.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form6::Command1_Click() {
     ShowHeadings();

@@ -1,19 +1,17 @@
 #pragma once
 
 #include "core/navigation.h"
-#include "forms/screen.h"
 #include "runtime/array.h"
 
 namespace velmora {
 
 /// The final results screen: the table of all days, with the overall index of each contaminant,
 /// and the way to save the evaluation.
-class Form6 : public Screen {
+class Form6 : public BaseScreen {
 public:
     explicit Form6(const Environment& environment);
 
     void Form_Load() override;
-    void Timer1_Timer() override;
     void Command1_Click();
     void regresar_Click();
     void calculos_Click();
@@ -38,8 +36,6 @@ private:
     void ComputeOverallIndex();
     void ShowCellsInUse();
     void FillEmptyCells();
-
-    Environment environment_;
 };
 
 }  // namespace velmora

@@ -15,25 +15,20 @@ std::string Indexed(std::string_view name, int index) {
     return text.append("(").append(digits.data(), end).append(")");
 }
 
-Screen::Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock,
-               std::string_view background)
-    : Caption(caption),
-      id_(id),
-      client_area_(client_area),
-      clock_(&clock),
-      background_(background) {}
+Screen::Screen(const Face& face, const Label& clock)
+    : Caption(face.caption), face_(face), clock_(&clock) {}
 
 std::string_view Screen::Name() const {
     static constexpr std::array<std::string_view, 6> kNames = {"Form1", "Form2", "Form3",
                                                                "Form4", "Form5", "Form6"};
-    return kNames.at(static_cast<std::size_t>(id_) - 1);
+    return kNames.at(static_cast<std::size_t>(face_.id) - 1);
 }
 
 std::string_view Screen::GuideSection() const {
     static constexpr std::array<std::string_view, 6> kSections = {
         "inicio",   "datos-de-la-empresa", "datos-iniciales-jornadas-y-tareas", "contaminantes",
         "cálculos", "resultado-final"};
-    return kSections.at(static_cast<std::size_t>(id_) - 1);
+    return kSections.at(static_cast<std::size_t>(face_.id) - 1);
 }
 
 const MenuEntry* Screen::FindEntry(std::string_view name) const {

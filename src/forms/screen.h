@@ -3,6 +3,9 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
+#include <ranges>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -62,25 +65,31 @@ struct StandingControl {
     void (Form::*Click)() = nullptr;  ///< of a button
 };
 
-/// An entry of the menu bar or of one of its lists.
+/// An entry of a list of the menu bar.
 template <class Form>
-struct MenuRow {
-    using Handler = void (Form::*)();
-
-    // cppcheck-suppress noExplicitConstructor ; a row of a table, most of them but a name
-    MenuRow(std::string_view its_name, std::string_view its_caption = {}, Handler click = nullptr,
-            std::vector<MenuRow> its_list = {}, bool ends = false)
-        : name(its_name),
-          caption(its_caption),
-          Click(click),
-          list(std::move(its_list)),
-          ends_program(ends) {}
-
+struct EntryRow {
     std::string_view name;
     std::string_view caption;
-    Handler Click;
-    std::vector<MenuRow> list;
-    bool ends_program;
+    void (Form::*Click)();
+};
+
+/// An entry of the menu bar and the spacers that stand ahead of it.
+template <class Form>
+struct BarRow {
+    std::string_view spacers;  ///< names, set apart by blanks
+    std::string_view name;
+    std::string_view caption;
+    void (Form::*Click)() = nullptr;
+    std::span<const EntryRow<Form>> list{};
+    bool ends_program = false;
+};
+
+/// A screen's number, and how its window is before it is used.
+struct Face {
+    ScreenId id;
+    std::string_view caption;
+    Box client_area;
+    std::string_view background{};  ///< the name of the drawing behind the controls
 };
 
 /// A screen is plain data: its controls are structs, its handlers are member functions that read
@@ -97,14 +106,14 @@ public:
     /// Sets the clock's caption; fires as fast as a timer of 1 millisecond runs.
     virtual void Timer1_Timer() = 0;
 
-    ScreenId Id() const { return id_; }
+    ScreenId Id() const { return face_.id; }
     /// "Form1" to "Form6".
     std::string_view Name() const;
     /// The name of the heading of the guide's section on this screen.
     std::string_view GuideSection() const;
-    Box ClientArea() const { return client_area_; }
+    Box ClientArea() const { return face_.client_area; }
     /// The name of the drawing behind the controls, empty for none.
-    std::string_view Background() const { return background_; }
+    std::string_view Background() const { return face_.background; }
     const std::vector<Control>& Controls() const { return controls_; }
     const std::vector<MenuEntry>& Menu() const { return menu_; }
     const Label& Clock() const { return *clock_; }
@@ -123,8 +132,7 @@ public:
     bool LaidOutAnew = false;
 
 protected:
-    Screen(ScreenId id, std::string_view caption, Box client_area, const Label& clock,
-           std::string_view background = {});
+    Screen(const Face& face, const Label& clock);
 
     /// Puts a control on the screen as its row tells, its starting text included.
     void Place(TextCell& cell, const Row& row, Events events = {}, std::string spoken = {});
@@ -136,20 +144,16 @@ protected:
     void Place(const std::array<StandingControl<Form>, N>& table);
 
     template <class Form>
-    void SetMenu(const std::vector<MenuRow<Form>>& table) {
-        menu_ = Entries(static_cast<Form&>(*this), table);
-    }
+    void SetMenu(std::initializer_list<BarRow<Form>> bar);
 
 private:
     void Add(const Row& row, Control::State state, Events events, std::string spoken);
 
     template <class Form>
-    static std::vector<MenuEntry> Entries(Form& form, const std::vector<MenuRow<Form>>& table);
+    MenuEntry EntryOf(std::string_view name, std::string_view caption, void (Form::*click)());
 
-    ScreenId id_;
-    Box client_area_;
+    Face face_;
     const Label* clock_;
-    std::string_view background_;
     std::vector<Control> controls_;
     std::vector<MenuEntry> menu_;
 };
@@ -170,17 +174,26 @@ void Screen::Place(const std::array<StandingControl<Form>, N>& table) {
 }
 
 template <class Form>
-std::vector<MenuEntry> Screen::Entries(Form& form, const std::vector<MenuRow<Form>>& table) {
-    std::vector<MenuEntry> entries;
-    for (const MenuRow<Form>& row : table) {
-        MenuEntry& entry = entries.emplace_back();
-        entry.name = row.name;
-        entry.caption = row.caption;
-        if (row.Click != nullptr) entry.Click = [&form, click = row.Click] { (form.*click)(); };
-        entry.list = Entries(form, row.list);
-        entry.ends_program = row.ends_program;
+MenuEntry Screen::EntryOf(std::string_view name, std::string_view caption, void (Form::*click)()) {
+    MenuEntry entry{.name = name, .caption = caption};
+    if (click != nullptr) {
+        entry.Click = [&form = static_cast<Form&>(*this), click] { (form.*click)(); };
     }
-    return entries;
+    return entry;
+}
+
+template <class Form>
+void Screen::SetMenu(std::initializer_list<BarRow<Form>> bar) {
+    for (const BarRow<Form>& row : bar) {
+        for (const auto name : std::views::split(row.spacers, ' ')) {
+            menu_.push_back({.name = std::string_view(name.begin(), name.end())});
+        }
+        MenuEntry& title = menu_.emplace_back(EntryOf(row.name, row.caption, row.Click));
+        title.ends_program = row.ends_program;
+        for (const EntryRow<Form>& listed : row.list) {
+            title.list.push_back(EntryOf(listed.name, listed.caption, listed.Click));
+        }
+    }
 }
 
 /// A name with an index as the window and the tests spell it: "Text1(5)".

@@ -11,7 +11,10 @@ namespace velmora {
 
 namespace {
 
-constexpr Box kClientArea{0, 0, 11880, 8310};
+constexpr Face kFace{ScreenId::Form5,
+                     " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ",
+                     {0, 0, 11880, 8310},
+                     "fondo5"};
 
 constexpr Color kHeadingRed = 0x1E1EB4;
 constexpr Color kPaleGrey = 0xEFEFEF;    ///< what the plan gives
@@ -132,6 +135,23 @@ constexpr std::array<StandingControl<Form5>, 17> kControls = {{
 }};
 // clang-format on
 
+constexpr std::array<EntryRow<Form5>, 3> kDays = {{
+    {"introprimero", "Primer dia", &Form5::introprimero_Click},
+    {"introsegundo", "Segundo dia", &Form5::introsegundo_Click},
+    {"introtercero", "Tercer dia", &Form5::introtercero_Click},
+}};
+constexpr std::array<EntryRow<Form5>, 3> kKeptDays = {{
+    {"recupprimerdia", "Primer dia", &Form5::recupprimerdia_Click},
+    {"recupsegundodia", "Segundo dia", &Form5::recupsegundodia_Click},
+    {"recuptercerdia", "Tercer dia", &Form5::recuptercerdia_Click},
+}};
+constexpr std::array<EntryRow<Form5>, 4> kMoves = {{
+    {"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form5::datosiniciales_Click},
+    {"contaminantes", "Contaminantes", &Form5::contaminantes_Click},
+    {"resultadosfinales", "Resultado final", &Form5::resultadosfinales_Click},
+    {"datosempresa", "Datos de empresa", &Form5::datosempresa_Click},
+}};
+
 constexpr bool IsSample(int column) {
     return column >= grid::kFirstSample && column <= grid::kLastSample;
 }
@@ -175,11 +195,7 @@ std::string SpokenName(int row, const Column& column) {
 
 }  // namespace
 
-Form5::Form5(const Environment& environment)
-    : Screen(ScreenId::Form5,
-             " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS ",
-             kClientArea, Label5, "fondo5"),
-      environment_(environment) {
+Form5::Form5(const Environment& environment) : BaseScreen(environment, kFace, Label5) {
     PlaceSheet();
     PlaceControls();
     PlaceMenu();
@@ -228,37 +244,11 @@ void Form5::PlaceControls() {
 }
 
 void Form5::PlaceMenu() {
-    SetMenu<Form5>(
-        {{"vacio1"},
-         {"vacio2"},
-         {"introducirdatos",
-          "Introducir datos",
-          nullptr,
-          {{"introprimero", "Primer dia", &Form5::introprimero_Click},
-           {"introsegundo", "Segundo dia", &Form5::introsegundo_Click},
-           {"introtercero", "Tercer dia", &Form5::introtercero_Click}}},
-         {"vacio3"},
-         {"vacio4"},
-         {"recuperar",
-          "Recuperar datos/cálculos",
-          nullptr,
-          {{"recupprimerdia", "Primer dia", &Form5::recupprimerdia_Click},
-           {"recupsegundodia", "Segundo dia", &Form5::recupsegundodia_Click},
-           {"recuptercerdia", "Tercer dia", &Form5::recuptercerdia_Click}}},
-         {"vacio5"},
-         {"vacio6"},
-         {"continuar",
-          "Continuar/Regresar",
-          nullptr,
-          {{"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form5::datosiniciales_Click},
-           {"contaminantes", "Contaminantes", &Form5::contaminantes_Click},
-           {"resultadosfinales", "Resultado final", &Form5::resultadosfinales_Click},
-           {"datosempresa", "Datos de empresa", &Form5::datosempresa_Click}}},
-         {"vacio9"},
-         {"vacio14"},
-         {"imprimir", "Imprimir", &Form5::imprimir_Click},
-         {"vacio15"},
-         {"salir", "Salir", &Form5::salir_Click, {}, true}});
+    SetMenu<Form5>({{"vacio1 vacio2", "introducirdatos", "Introducir datos", nullptr, kDays},
+                    {"vacio3 vacio4", "recuperar", "Recuperar datos/cálculos", nullptr, kKeptDays},
+                    {"vacio5 vacio6", "continuar", "Continuar/Regresar", nullptr, kMoves},
+                    {"vacio9 vacio14", "imprimir", "Imprimir", &Form5::imprimir_Click},
+                    {"vacio15", "salir", "Salir", &Form5::salir_Click, {}, true}});
 }
 
 TextCell& Form5::Cell(int row, int column) { return Text1(grid::Cell(row, column)); }
@@ -280,8 +270,6 @@ void Form5::OpenAfter(int task, Button Form5::*next, Button& after_the_last) {
         Open(this->*next);
     }
 }
-
-void Form5::Timer1_Timer() { Label5.Caption = FormatoFecha(environment_.host.Now()); }
 
 void Form5::datosiniciales_Click() { environment_.chain.Go(ScreenId::Form3); }
 void Form5::contaminantes_Click() { environment_.chain.Go(ScreenId::Form4); }

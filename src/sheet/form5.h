@@ -4,7 +4,6 @@
 
 #include "core/navigation.h"
 #include "core/numbers.h"
-#include "forms/screen.h"
 #include "runtime/array.h"
 
 namespace velmora {
@@ -16,7 +15,7 @@ namespace velmora {
 /// column, column 0 to 3. The text of the cells is the working memory of the handlers: a number
 /// computed by one reaches the next as text, with the precision of that text. The chain of buttons
 /// is carried by their `Visible` and `Enabled` alone, and a handler only ever opens the next one.
-class Form5 : public Screen {
+class Form5 : public BaseScreen {
 public:
     explicit Form5(const Environment& environment);
 
@@ -57,7 +56,6 @@ public:
     /// less one to row a + 1 of the final table.
     void IndiceFinal(const Entero& a);
 
-    void Timer1_Timer() override;
     void datosiniciales_Click();
     void contaminantes_Click();
     void resultadosfinales_Click();
@@ -115,8 +113,6 @@ private:
 
     bool MarkSampleOverLimit(int minutes, Color color);
     void CopyToFinalTable();
-
-    Environment environment_;
 
     // Counters of the key filter: it alone touches them, and they outlive the layout of a day.
     Entero CifrasTecleadas;

@@ -31,7 +31,8 @@ constexpr std::string_view kExitQuestion = "¿Está seguro de que quiere salir?"
 
 class Probe : public Screen {
 public:
-    Probe(ScreenId id, std::string& events) : Screen(id, "", {}, clock_label), events_(events) {
+    Probe(ScreenId id, std::string& events)
+        : Screen({.id = id, .caption = "", .client_area = {}}, clock_label), events_(events) {
         Tell("make");
     }
     ~Probe() override { Tell("free"); }
