@@ -3,7 +3,7 @@
 from arithmetic import LeerValor, RedondearEntero, TextoEntero, add, integer
 from controls import FileDialog, MessageBox
 from record import read_evaluation
-from screen import Screen
+from screen import EXIT, PRINT, Screen, bar, entry
 
 NAME_MISSING = "Debe cumplimentarse por lo menos el nombre de la empresa"
 ASK_RETURN = (
@@ -67,27 +67,14 @@ class Form2(Screen):
     clock = "Label3"
     exit_style = 324
     print_notice = "Se imprimirá la pantalla"
-    menu = (
-        ("vacio1", "", ()),
-        ("vacio2", "", ()),
-        ("continuar", "Continuar", (
-            ("datosiniciales", "Datos iniciales: Jornadas y Tareas"),
-            ("contaminantes", "Contaminantes"),
-            ("calculos", "Cálculos"),
-            ("resulatadofinal", "Resultado final"),
-        )),
-        ("vacio30", "", ()),
-        ("vacio32", "", ()),
-        ("Regresar", "Regresar", ()),
-        ("vacio40", "", ()),
-        ("vacio50", "", ()),
-        ("recuperardatos", "Recuperar datos", ()),
-        ("vacio51", "", ()),
-        ("vacio52", "", ()),
-        ("imprimir", "Imprimir", ()),
-        ("vacio53", "", ()),
-        ("vacio54", "", ()),
-        ("salir", "Salir", ()),
+    menu = bar(
+        "vacio1 vacio2",
+        entry("continuar", "Continuar", datosiniciales="Datos iniciales: Jornadas y Tareas",
+              contaminantes="Contaminantes", calculos="Cálculos",
+              resulatadofinal="Resultado final"),
+        "vacio30 vacio32", entry("Regresar", "Regresar"), "vacio40 vacio50",
+        entry("recuperardatos", "Recuperar datos"), "vacio51 vacio52", PRINT,
+        "vacio53 vacio54", EXIT,
     )  # fmt: skip
 
     def place_controls(self):
@@ -108,25 +95,13 @@ class Form2(Screen):
         for i in range(1, 20):
             self.Text1[i].Text = self.record.DatosEmpresa[i]
 
-    def _go_on(self, target):
+    def go_on(self, target):
         if self.Text1[1].Text == "":
             yield MessageBox(NAME_MISSING)
             return
         for i in range(1, 20):
             self.record.DatosEmpresa[i] = self.Text1[i].Text or "---"
         self.model.go_to(target)
-
-    def datosiniciales(self):
-        return self._go_on("Form3")
-
-    def contaminantes(self):
-        return self._go_on("Form4")
-
-    def calculos(self):
-        return self._go_on("Form5")
-
-    def resulatadofinal(self):
-        return self._go_on("Form6")
 
     def Regresar(self):
         if (yield MessageBox(ASK_RETURN, 324)) == "yes":
@@ -157,21 +132,11 @@ class Form3(Screen):
     clock = "Label2"
     exit_style = 324
     print_notice = "Se imprimirá la pantalla"
-    menu = (
-        ("vacio1", "", ()),
-        ("vacio2", "", ()),
-        ("continuar", "Continuar/Regresar", (
-            ("contaminantes", "Contaminantes"),
-            ("pagina5", "Cálculos"),
-            ("datosdeempresa", "Datos de empresa"),
-            ("resultadofinal", "Resultado final"),
-        )),
-        ("vacio8", "", ()),
-        ("vacio9", "", ()),
-        ("imprimir", "Imprimir", ()),
-        ("vacio20", "", ()),
-        ("vacio22", "", ()),
-        ("salir", "Salir", ()),
+    menu = bar(
+        "vacio1 vacio2",
+        entry("continuar", "Continuar/Regresar", contaminantes="Contaminantes", pagina5="Cálculos",
+              datosdeempresa="Datos de empresa", resultadofinal="Resultado final"),
+        "vacio8 vacio9", PRINT, "vacio20 vacio22", EXIT,
     )  # fmt: skip
 
     ITEMS = (
@@ -200,18 +165,17 @@ class Form3(Screen):
         return [(d, t) for d in range(1, r.NumJornadas + 1) for t in range(1, r.NumTareas + 1)]
 
     def OcultarEntrada(self):
-        for label in self.Label3.values():
-            label.Visible = False
-        self.Command2.Visible = self.Command2.Enabled = False
-        for i in range(2, 8):
-            self.Combo1[i].Visible, self.Combo1[i].Locked = False, True
+        self._show_entry(False)
 
     def MostrarEntrada(self):
+        self._show_entry(True)
+
+    def _show_entry(self, shown):
         for label in self.Label3.values():
-            label.Visible = True
-        self.Command2.Visible = self.Command2.Enabled = True
+            label.Visible = shown
+        self.Command2.Visible = self.Command2.Enabled = shown
         for i in range(2, 8):
-            self.Combo1[i].Visible, self.Combo1[i].Locked = True, False
+            self.Combo1[i].Visible, self.Combo1[i].Locked = shown, not shown
 
     def close_cells(self, n):
         for i in range(n):
@@ -326,19 +290,10 @@ class Form3(Screen):
         # The last pair of the plan is the one tested on every pass.
         return any(r.TiempoExposicion[r.NumJornadas, r.NumTareas] == 0 for _ in self.pairs())
 
-    def _go_on(self, target):
+    def go_on(self, target):
         if self.incomplete() and (yield MessageBox(ASK_INCOMPLETE, 324)) != "yes":
             return
         self.model.go_to(target)
-
-    def contaminantes(self):
-        return self._go_on("Form4")
-
-    def pagina5(self):
-        return self._go_on("Form5")
-
-    def resultadofinal(self):
-        return self._go_on("Form6")
 
     def datosdeempresa(self):
         self.model.go_to("Form2")
@@ -349,28 +304,13 @@ class Form4(Screen):
     title = " Velmora / h4"
     clock = "Label1"
     print_notice = "Se imprimirá pantalla"
-    menu = (
-        ("vacio1", "", ()),
-        ("vacio7", "", ()),
-        ("continuar", "Continuar/Regresar", (
-            ("pagina5", "Cálculos"),
-            ("datosiniciales", "Datos iniciales: Jornadas y Tareas"),
-            ("datosdeempresa", "Datos de empresa"),
-            ("resultadosfinales", "Resultado final"),
-        )),
-        ("vacio10", "", ()),
-        ("vacio11", "", ()),
-        ("imprimir", "Imprimir", ()),
-        ("vacio22", "", ()),
-        ("vacio23", "", ()),
-        ("salir", "Salir", ()),
+    menu = bar(
+        "vacio1 vacio7",
+        entry("continuar", "Continuar/Regresar", pagina5="Cálculos",
+              datosiniciales="Datos iniciales: Jornadas y Tareas",
+              datosdeempresa="Datos de empresa", resultadosfinales="Resultado final"),
+        "vacio10 vacio11", PRINT, "vacio22 vacio23", EXIT,
     )  # fmt: skip
-    targets = {
-        "pagina5": "Form5",
-        "datosiniciales": "Form3",
-        "datosdeempresa": "Form2",
-        "resultadosfinales": "Form6",
-    }
 
     def place_controls(self):
         self.place(

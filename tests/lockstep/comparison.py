@@ -111,7 +111,7 @@ class Comparison:
                 "default": default,
             }
         if isinstance(waiting_on, ErrorBox):
-            return {"kind": "box", "title": "Velmora", "icon": "critical", "buttons": ["ok"]}
+            return {"kind": "box", "title": "Velmora", "icon": "Critical", "buttons": ["ok"]}
         if isinstance(waiting_on, DialogQuestion):
             return {"kind": "box", "buttons": ["no", "yes"]}
         if isinstance(waiting_on, FileDialog):

@@ -50,11 +50,11 @@ class MessageBox:
 
     #                style: icon, buttons, default
     STYLES = {
-        0: ("none", ("ok",), "ok"),
-        4: ("none", ("yes", "no"), "yes"),
-        68: ("information", ("yes", "no"), "yes"),
-        292: ("question", ("yes", "no"), "no"),
-        324: ("information", ("yes", "no"), "no"),
+        0: ("NoIcon", ("ok",), "ok"),
+        4: ("NoIcon", ("yes", "no"), "yes"),
+        68: ("Information", ("yes", "no"), "yes"),
+        292: ("Question", ("yes", "no"), "no"),
+        324: ("Information", ("yes", "no"), "no"),
     }
 
     @property

@@ -47,21 +47,16 @@ from controls import (
     key_code,
 )
 from record import EvaluacionRecord, write_evaluation
-from screen import ProgramEnd, Screen
+from screen import EXIT, PRINT, ProgramEnd, Screen, bar, entry
 from sheet import Form5
 
 
 class Form1(Screen):
     title = ".     Velmora / h1"
     clock = "Label5"
-    menu = (
-        ("Vacio1", "", ()),
-        ("Vacio2", "", ()),
-        ("Nuevaempresa", "Iniciar", ()),
-        ("Vacio3", "", ()),
-        ("vacio4", "", ()),
-        ("salir", "Salir", ()),
-    )
+    menu = bar(
+        "Vacio1 Vacio2", entry("Nuevaempresa", "Iniciar"), "Vacio3 vacio4", EXIT,
+    )  # fmt: skip
 
     def place_controls(self):
         self.place("Label1", "label", "Velmora")
@@ -86,32 +81,14 @@ class Form6(Screen):
     title = " Velmora / h6"
     clock = "Label2"
     print_notice = "Se imprimirán los resultados en  pantalla"
-    menu = (
-        ("vacio1", "", ()),
-        ("vacio2", "", ()),
-        ("regresar", "Continuar/Regresar", (
-            ("calculos", "Cálculos"),
-            ("contaminantes", "Contaminantes"),
-            ("datosiniciales", "Datos  iniciales: Jornadas y Tareas"),
-            ("datosdeempresa", "Datos de empresa"),
-        )),
-        ("vacio10", "", ()),
-        ("vacio11", "", ()),
-        ("guardararchivo", "Guardar en disco ", ()),
-        ("vacio21", "", ()),
-        ("vacio22", "", ()),
-        ("imprimir", "Imprimir", ()),
-        ("vacio30", "", ()),
-        ("vacio32", "", ()),
-        ("salir", "Salir", ()),
+    menu = bar(
+        "vacio1 vacio2",
+        entry("regresar", "Continuar/Regresar", calculos="Cálculos", contaminantes="Contaminantes",
+              datosiniciales="Datos  iniciales: Jornadas y Tareas",
+              datosdeempresa="Datos de empresa"),
+        "vacio10 vacio11", entry("guardararchivo", "Guardar en disco "),
+        "vacio21 vacio22", PRINT, "vacio30 vacio32", EXIT,
     )  # fmt: skip
-    targets = {
-        "regresar": "Form5",
-        "calculos": "Form5",
-        "contaminantes": "Form4",
-        "datosiniciales": "Form3",
-        "datosdeempresa": "Form2",
-    }
 
     def place_controls(self):
         self.place("Label2", "label")

@@ -12,6 +12,32 @@ from controls import Control, ControlArray, MessageBox, PrintDialog
 ASK_EXIT = "¿Está seguro de que quiere salir?"
 
 
+def entry(name, caption, **listed):
+    """An entry of a menu bar, and the captions of its list by their names."""
+    return (name, caption, tuple(listed.items()))
+
+
+def bar(*parts):
+    """A menu bar; a text among the entries holds the names of the spacers that stand there."""
+    rows = []
+    for part in parts:
+        rows += [entry(name, "") for name in part.split()] if isinstance(part, str) else [part]
+    return tuple(rows)
+
+
+PRINT = entry("imprimir", "Imprimir")
+EXIT = entry("salir", "Salir")
+
+# Where the entries lead that do nothing else.
+TARGETS = {
+    "datosempresa": "Form2", "datosdeempresa": "Form2",
+    "datosiniciales": "Form3",
+    "contaminantes": "Form4",
+    "calculos": "Form5", "pagina5": "Form5", "regresar": "Form5",
+    "resulatadofinal": "Form6", "resultadofinal": "Form6", "resultadosfinales": "Form6",
+}  # fmt: skip
+
+
 class ProgramEnd(Exception):
     """The process ends at once with the given status."""
 
@@ -28,7 +54,6 @@ class Screen:
     clock = ""
     exit_style = 68
     print_notice = ""
-    targets = {}  # entries that go to a screen with no guard
 
     def __init__(self, model):
         self.model = model
@@ -78,14 +103,13 @@ class Screen:
             yield from (row[0] for row in entries)
 
     def menu_picked(self, entry):
-        if entry in self.targets:
-            return self.model.go_to(self.targets[entry])
-        if entry == "salir":
-            return self.salir()
-        if entry == "imprimir":
-            return self.imprimir()
-        handler = getattr(self, entry, None)
-        return handler() if handler else None
+        if handler := getattr(self, entry, None):
+            return handler()
+        return self.go_on(TARGETS[entry]) if entry in TARGETS else None
+
+    def go_on(self, target):
+        """Goes to another screen, past the guard of this one."""
+        return self.model.go_to(target)
 
     def salir(self):
         if (yield MessageBox(ASK_EXIT, self.exit_style)) != "no":

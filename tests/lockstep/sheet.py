@@ -1,6 +1,7 @@
 """Form5: the daily calculation sheet, its day slots, its key filter and the chain of buttons."""
 
 import math
+from functools import partialmethod
 
 from arithmetic import (
     ErrorEjecucion,
@@ -17,7 +18,7 @@ from arithmetic import (
     subtract,
 )
 from controls import MessageBox
-from screen import Screen
+from screen import EXIT, PRINT, Screen, bar, entry
 from stats import MediaEstimada, ProbabilidadExceso
 
 LOAD_TITLE = "Velmora / h5                          CÁLCULOS   Y   RESULTADOS "
@@ -80,41 +81,19 @@ class Form5(Screen):
     title = " Velmora / h5                                  CÁLCULOS   Y   RESULTADOS "
     clock = "Label5"
     print_notice = "Se imprimirán todos los datos en pantalla"
-    menu = (
-        ("vacio1", "", ()),
-        ("vacio2", "", ()),
-        ("introducirdatos", "Introducir datos", (
-            ("introprimero", "Primer dia"),
-            ("introsegundo", "Segundo dia"),
-            ("introtercero", "Tercer dia"),
-        )),
-        ("vacio3", "", ()),
-        ("vacio4", "", ()),
-        ("recuperar", "Recuperar datos/cálculos", (
-            ("recupprimerdia", "Primer dia"),
-            ("recupsegundodia", "Segundo dia"),
-            ("recuptercerdia", "Tercer dia"),
-        )),
-        ("vacio5", "", ()),
-        ("vacio6", "", ()),
-        ("continuar", "Continuar/Regresar", (
-            ("datosiniciales", "Datos iniciales: Jornadas y Tareas"),
-            ("contaminantes", "Contaminantes"),
-            ("resultadosfinales", "Resultado final"),
-            ("datosempresa", "Datos de empresa"),
-        )),
-        ("vacio9", "", ()),
-        ("vacio14", "", ()),
-        ("imprimir", "Imprimir", ()),
-        ("vacio15", "", ()),
-        ("salir", "Salir", ()),
+    menu = bar(
+        "vacio1 vacio2",
+        entry("introducirdatos", "Introducir datos", introprimero="Primer dia",
+              introsegundo="Segundo dia", introtercero="Tercer dia"),
+        "vacio3 vacio4",
+        entry("recuperar", "Recuperar datos/cálculos", recupprimerdia="Primer dia",
+              recupsegundodia="Segundo dia", recuptercerdia="Tercer dia"),
+        "vacio5 vacio6",
+        entry("continuar", "Continuar/Regresar",
+              datosiniciales="Datos iniciales: Jornadas y Tareas", contaminantes="Contaminantes",
+              resultadosfinales="Resultado final", datosempresa="Datos de empresa"),
+        "vacio9 vacio14", PRINT, "vacio15", EXIT,
     )  # fmt: skip
-    targets = {
-        "datosiniciales": "Form3",
-        "contaminantes": "Form4",
-        "resultadosfinales": "Form6",
-        "datosempresa": "Form2",
-    }
 
     def place_controls(self):
         headings = HEADINGS * 3 + TASK_TITLES
@@ -212,11 +191,17 @@ class Form5(Screen):
             self.Text1[base + 5].Text = TextoEntero(r.TiempoMuestreo[t, c])
             self.Text1[base + 6].Text = TextoEntero(r.Aditivo[t, c])
 
+    def _turn_to(self, day):
+        """Makes the day the present one; whether the plan has it."""
+        self.DiaActual = day
+        if day <= self.record.NumJornadas:
+            return True
+        self.limpia()
+        yield MessageBox(INCOHERENT_DAY)
+        return False
+
     def intro(self, c):
-        self.DiaActual = c
-        if c > self.record.NumJornadas:
-            self.limpia()
-            yield MessageBox(INCOHERENT_DAY)
+        if not (yield from self._turn_to(c)):
             return
         tasks = self.record.NumTareas
         if tasks < 1:
@@ -230,10 +215,7 @@ class Form5(Screen):
                 return
 
     def recupera(self, s):
-        self.DiaActual = s
-        if s > self.record.NumJornadas:
-            self.limpia()
-            yield MessageBox(INCOHERENT_DAY)
+        if not (yield from self._turn_to(s)):
             return
         self.limpia()
         tasks = self.record.NumTareas
@@ -273,23 +255,12 @@ class Form5(Screen):
         self.title = DAY_TITLES[day]
         return self.recupera(day)
 
-    def introprimero(self):
-        return self._begin(1)
-
-    def introsegundo(self):
-        return self._begin(2)
-
-    def introtercero(self):
-        return self._begin(3)
-
-    def recupprimerdia(self):
-        return self._take_up_again(1)
-
-    def recupsegundodia(self):
-        return self._take_up_again(2)
-
-    def recuptercerdia(self):
-        return self._take_up_again(3)
+    introprimero = partialmethod(_begin, 1)
+    introsegundo = partialmethod(_begin, 2)
+    introtercero = partialmethod(_begin, 3)
+    recupprimerdia = partialmethod(_take_up_again, 1)
+    recupsegundodia = partialmethod(_take_up_again, 2)
+    recuptercerdia = partialmethod(_take_up_again, 3)
 
     # The key filter of Text1.
 
@@ -315,15 +286,6 @@ class Form5(Screen):
         return 0
 
     # Validation of a task.
-
-    def Command1_Click(self):
-        return self._validate(1)
-
-    def Command2_Click(self):
-        return self._validate(2)
-
-    def Command3_Click(self):
-        return self._validate(3)
 
     def _samples(self, row):
         """The six sample cells of the row that starts at cell `row`."""
@@ -373,6 +335,10 @@ class Form5(Screen):
             self._open("Command4")
         elif tasks > t and t < 3:
             self._open(f"Command{t + 1}")
+
+    Command1_Click = partialmethod(_validate, 1)
+    Command2_Click = partialmethod(_validate, 2)
+    Command3_Click = partialmethod(_validate, 3)
 
     def _work_out_row(self, t, r, row):
         samples = [0.0] * 7
@@ -432,15 +398,6 @@ class Form5(Screen):
 
     # Short exposure.
 
-    def Command5_Click(self):
-        self._short_exposure(1, 0.222)
-
-    def Command6_Click(self):
-        self._short_exposure(2, 0.222)
-
-    def Command7_Click(self):
-        self._short_exposure(3, 0.2222)
-
     def _short_exposure(self, t, factor):
         base, base3 = 108 * (t - 1), 24 * (t - 1)
         n = self.record.NumContaminantes[t]
@@ -472,6 +429,10 @@ class Form5(Screen):
         if tasks == t:
             self._open("Command8")
             self._show_conclusions()
+
+    Command5_Click = partialmethod(_short_exposure, 1, 0.222)
+    Command6_Click = partialmethod(_short_exposure, 2, 0.222)
+    Command7_Click = partialmethod(_short_exposure, 3, 0.2222)
 
     def _single_row(self, c, d):
         ec = self.value(c + 3)

@@ -110,6 +110,13 @@ class ProcessTest(unittest.TestCase):
     def texts(self, name, indices):
         return [self.text(f"{name}({i})") for i in indices]
 
+    def lay_out_worked_day(self):
+        self.write("plan.doc", WORKED_DAY)
+        self.start()
+        self.restore("plan.doc")
+        self.do("menu", "calculos")
+        self.do("menu", "introprimero")
+
     def type_worked_day(self):
         self.do("menu", "calculos")
         self.do("menu", "introprimero")
@@ -151,18 +158,14 @@ class Ending(ProcessTest):
         self.assertEqual(self.status_after("answer", "yes"), 0)
 
     def test_a_single_usable_sample_ends_with_status_1_after_its_box(self):
-        self.write("plan.doc", WORKED_DAY)
-        self.start()
-        self.restore("plan.doc")
-        self.do("menu", "calculos")
-        self.do("menu", "introprimero")
+        self.lay_out_worked_day()
         for row in range(3):
             self.do("type", f"Text1({18 * row + 7})", ["5"])
             self.do("type", f"Text1({18 * row + 8})", ["0"])
         self.do("click", "Command1")
         box = self.process.modal
         self.assertEqual(
-            (box["icon"], box["title"], box["buttons"]), ("critical", "Velmora", ["ok"])
+            (box["icon"], box["title"], box["buttons"]), ("Critical", "Velmora", ["ok"])
         )
         self.assertEqual(
             box["text"].splitlines()[0],

@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMetaEnum>
 #include <QPalette>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -95,33 +96,15 @@ QJsonArray tabOrder(const QMainWindow* window) {
     return order;
 }
 
+/// "ok", "yes" or "no".
 QString nameOf(QMessageBox::StandardButton button) {
-    switch (button) {
-        case QMessageBox::Ok:
-            return text("ok");
-        case QMessageBox::Yes:
-            return text("yes");
-        case QMessageBox::No:
-            return text("no");
-        default:
-            return text("other");
-    }
+    const auto names = QMetaEnum::fromType<QMessageBox::StandardButtons>();
+    return QString::fromLatin1(names.valueToKey(button)).toLower();
 }
 
+/// The toolkit's own name of it: "NoIcon", "Information", "Question", "Warning" or "Critical".
 QString nameOf(QMessageBox::Icon icon) {
-    switch (icon) {
-        case QMessageBox::NoIcon:
-            return text("none");
-        case QMessageBox::Information:
-            return text("information");
-        case QMessageBox::Question:
-            return text("question");
-        case QMessageBox::Warning:
-            return text("warning");
-        case QMessageBox::Critical:
-            return text("critical");
-    }
-    return text("other");
+    return QString::fromLatin1(QMetaEnum::fromType<QMessageBox::Icon>().valueToKey(icon));
 }
 
 QJsonObject describeBox(const QMessageBox* box) {
