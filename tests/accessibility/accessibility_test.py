@@ -121,11 +121,14 @@ class WholeRoad(DesktopTest):
         )
         self.expect_names()
 
+    def go_on(self, entry, screen):
+        self.program.choose("Continuar/Regresar", entry)
+        self.arrive(screen)
+        self.expect_names()
+
     def enter_contaminants(self):
         program = self.program
-        program.choose("Continuar/Regresar", "Contaminantes")
-        self.arrive("h4")
-        self.expect_names()
+        self.go_on("Contaminantes", "h4")
         program.pick("Tarea", "1")
         program.press("Validar los contaminantes de la tarea")
         self.assertEqual(program.answer("Aceptar"), " Cumplimente todos los datos")
@@ -153,9 +156,7 @@ class WholeRoad(DesktopTest):
 
     def check_sheet(self):
         program = self.program
-        program.choose("Continuar/Regresar", "Cálculos")
-        self.arrive("h5")
-        self.expect_names()
+        self.go_on("Cálculos", "h5")
         program.choose("Introducir datos", "Primer dia")
         for row, (*_, samples) in enumerate(AGENTS, 1):
             for place, sample in enumerate(samples, 1):
@@ -186,9 +187,7 @@ class WholeRoad(DesktopTest):
         return self.program.has(following)
 
     def check_final_table(self):
-        self.program.choose("Continuar/Regresar", "Resultado final")
-        self.arrive("h6")
-        self.expect_names()
+        self.go_on("Resultado final", "h6")
         self.program.press("RESULTADOS FINALES :    VALIDAR")
         self.program.find(FINAL[0][0])
         self.expect_texts(FINAL)

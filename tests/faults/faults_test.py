@@ -584,11 +584,7 @@ class Million(FaultTest):
         self.assertEqual(self.text("Text1(4)"), self.TEXT + "ab")
 
     def test_a_million_pasted_into_a_filtered_cell_is_refused(self):
-        self.write("plan.doc", WORKED_DAY)
-        self.start()
-        self.restore("plan.doc")
-        self.do("menu", "calculos")
-        self.do("menu", "introprimero")
+        self.lay_out_worked_day()
         self.do("clip", "7" * 1_000_000)
         self.do("type", "Text1(7)", ["<C-V>", "<S-INS>", "5"])
         self.assertEqual(self.text("Text1(7)"), "5")
