@@ -4,6 +4,7 @@
 #include "forms/screen.h"
 #include "hurry.h"
 #include "steps.h"
+#include "support/messages.h"
 
 namespace velmora::tour {
 
@@ -92,7 +93,7 @@ void EnterCompany(const Road& road, const Company& company) {
     road.guide.Title("Datos de la empresa");
     road.guide.Say("Sin el nombre de la empresa no se puede continuar");
     robot.Retype(Text1(1), "");
-    robot.ExpectBox({.text = "Debe cumplimentarse por lo menos el nombre de la empresa"});
+    robot.ExpectBox({.text = messages::kNoName});
     robot.Choose("continuar", "datosiniciales");
     road.guide.Say("Se escriben los diecinueve campos");
     for (int i = 1; i <= 19; ++i) {

@@ -8,6 +8,7 @@
 #include "expected.h"
 #include "forms/screen.h"
 #include "steps.h"
+#include "support/messages.h"
 
 namespace velmora::tour {
 
@@ -95,13 +96,8 @@ void PrintFinalTable(const Road& road) {
     const std::filesystem::path page = road.guide.Folder() / "resultados.pdf";
     std::filesystem::remove(page);
     road.guide.Say("Se imprime; la pregunta ya avisa: cancelar después no detiene la impresión");
-    road.robot.ExpectBox({.text = "Se imprimirán los resultados en  pantalla\r\n"
-                                  "¿Desea continuar?\r\n"
-                                  " \r\n"
-                                  "Pulsar 'Si' no admite cancelación posterior",
-                          .answer = QMessageBox::Yes,
-                          .buttons = QMessageBox::Yes | QMessageBox::No,
-                          .preset = QMessageBox::Yes});
+    road.robot.ExpectBox(BoxOf(messages::PrintQuestion("Se imprimirán los resultados en  pantalla"),
+                               MsgBoxStyle::YesNo, QMessageBox::Yes));
     // Accepting could send the page to a printer of this machine; what Cancel lets through goes to
     // the file.
     if (kHasToolkitsPrintDialog) road.robot.ExpectPrintDialog(Robot::Print::Cancel);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -12,20 +13,13 @@
 #include <vector>
 
 #include "capture/form3.h"
+#include "support/messages.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
 namespace {
 
 constexpr std::string_view kHint = " El nombre de la empresa es imprescindible.";
-constexpr std::string_view kNoName = "Debe cumplimentarse por lo menos el nombre de la empresa";
-constexpr std::string_view kQuit = "¿Está seguro de que quiere salir?";
-constexpr std::string_view kGoBack =
-    "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
-    "¿Está seguro de que quiere regresar?";
-constexpr std::string_view kPrint =
-    "Se imprimirá la pantalla\r\n¿Desea continuar?\r\n \r\n"
-    "Pulsar 'Si' no admite cancelación posterior";
 
 /// A folder of its own for a test's files.
 class Folder {
@@ -67,10 +61,8 @@ class Form2Test : public VelmoraTest {
 protected:
     Form2& OpenForm2() { return Open<Form2>(ScreenId::Form2); }
 
-    const Control& Find(const std::string& name) {
-        const Control* control = chain.Current().FindControl(name);
-        if (control == nullptr) throw std::runtime_error("no control " + name);
-        return *control;
+    void ExpectStored(const std::map<int, std::string>& fields) {
+        for (const auto& [field, text] : fields) EXPECT_EQ(record.DatosEmpresa(field), text);
     }
 
     void FillCompany() {
@@ -83,13 +75,6 @@ protected:
         return texts;
     }
 };
-
-void ExpectPlace(const Control& control, Box box) {
-    EXPECT_EQ(control.row.box.left, box.left) << control.name;
-    EXPECT_EQ(control.row.box.top, box.top) << control.name;
-    EXPECT_EQ(control.row.box.width, box.width) << control.name;
-    EXPECT_EQ(control.row.box.height, box.height) << control.name;
-}
 
 enum class Hue { Red, Blue, Bright, Other };
 
@@ -273,7 +258,7 @@ TEST_P(Form2WayTest, AnEmptyNameIsRefusedWithTheMessageAndStoresNothing) {
     form.Text1(1).Text = "";
     form.Text1(2).Text = "recién tecleado";
     const EvaluacionRecord before = record;
-    host.ExpectBox(std::string(kNoName));
+    host.ExpectBox(messages::kNoName);
     Choose(GetParam().entry);
     EXPECT_EQ(&chain.Current(), &form);
     EXPECT_EQ(form.Text1(2).Text, "recién tecleado");
@@ -335,15 +320,13 @@ TEST_F(Form2Test, ABoxEmptiedOnASecondVisitIsStoredAsDashes) {
     form.Text1(9).Text = "";
     form.Text1(19).Text = "";
     Choose("contaminantes");
-    EXPECT_EQ(record.DatosEmpresa(9), "---");
-    EXPECT_EQ(record.DatosEmpresa(19), "---");
-    EXPECT_EQ(record.DatosEmpresa(18), "dato 18");
+    ExpectStored({{9, "---"}, {19, "---"}, {18, "dato 18"}});
 }
 
 TEST_F(Form2Test, ARefusalIsOverOnceANameStandsInTheBox) {
     Form2& form = OpenForm2();
     form.Text1(1).Text = "";
-    host.ExpectBox(std::string(kNoName));
+    host.ExpectBox(messages::kNoName);
     Choose("calculos");
     form.Text1(1).Text = "Acme";
     Choose("calculos");
@@ -355,7 +338,7 @@ TEST_F(Form2Test, ARefusalIsOverOnceANameStandsInTheBox) {
 TEST_F(Form2Test, Regresar_OnNoStaysWithWhatWasTyped) {
     Form2& form = OpenForm2();
     form.Text1(2).Text = "Los Olivos";
-    host.ExpectBox(std::string(kGoBack), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::No);
+    host.ExpectBox(messages::kGoBack, MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::No);
     Choose("Regresar");
     EXPECT_EQ(&chain.Current(), &form);
     EXPECT_EQ(form.Text1(2).Text, "Los Olivos");
@@ -365,7 +348,7 @@ TEST_F(Form2Test, Regresar_OnYesGoesToForm1AndStoresNothing) {
     FillCompany();
     const EvaluacionRecord before = record;
     OpenForm2().Text1(1).Text = "otra";
-    host.ExpectBox(std::string(kGoBack), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::kGoBack, MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
     EXPECT_TRUE(record == before);
@@ -375,15 +358,16 @@ TEST_F(Form2Test, Regresar_OnYesGoesToForm1AndStoresNothing) {
 TEST_F(Form2Test, AnEmptyNameDoesNotStandInTheWayOfTheOtherEntries) {
     Form2& form = OpenForm2();
     form.Text1(1).Text = "";
-    host.ExpectBox(std::string(kPrint), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo,
+                   MsgBoxAnswer::Yes);
     Choose("imprimir");
     EXPECT_EQ(host.printed, 1);
     host.ExpectFileDialog(std::nullopt);
     Choose("recuperardatos");
-    host.ExpectBox(std::string(kQuit), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::kExit, MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     host.ExpectEnd();
     Choose("salir");
-    host.ExpectBox(std::string(kGoBack), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::kGoBack, MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
 }
@@ -412,7 +396,7 @@ TEST_F(Form2Test, Recuperardatos_CancelledAtAFirstVisitEmptiesAllBoxesAndContinu
     EXPECT_TRUE(record == before);
     EXPECT_EQ(&chain.Current(), &form);
 
-    host.ExpectBox(std::string(kNoName));
+    host.ExpectBox(messages::kNoName);
     Choose("datosiniciales");
     EXPECT_EQ(&chain.Current(), &form);
 }
@@ -498,7 +482,7 @@ TEST_F(Form2Test, Recuperardatos_OfAnEmptyNameLeavesItsBoxEmptyAndContinuarIsRef
     Choose("recuperardatos");
     EXPECT_EQ(form.Text1(1).Text, "");
     EXPECT_EQ(form.Text1(2).Text, "E2");
-    host.ExpectBox(std::string(kNoName));
+    host.ExpectBox(messages::kNoName);
     Choose("resulatadofinal");
     EXPECT_EQ(&chain.Current(), &form);
 }
@@ -534,9 +518,7 @@ TEST_F(Form2Test, ARestoredCompanyIsStoredAgainFromTheBoxesOnLeaving) {
     form.Text1(6).Text = "";
     form.Text1(7).Text = "Soria";
     Choose("contaminantes");
-    EXPECT_EQ(record.DatosEmpresa(5), "E5");
-    EXPECT_EQ(record.DatosEmpresa(6), "---");
-    EXPECT_EQ(record.DatosEmpresa(7), "Soria");
+    ExpectStored({{5, "E5"}, {6, "---"}, {7, "Soria"}});
 }
 
 }  // namespace

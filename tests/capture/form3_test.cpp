@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "capture/form2.h"
+#include "support/messages.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
@@ -19,36 +20,9 @@ namespace {
 
 constexpr std::string_view kFixed = " NO OPERATIVO";
 
-constexpr std::string_view kNoNumbers = "Indique el número de Jornadas y de Tareas ";
-constexpr std::string_view kLimit =
-    "La suma total de contaminantes de 30' y de 15' ha de ser menor o igual que 6";
-constexpr std::string_view kRestart =
-    "Modificar los datos correspondientes al número de días y jornadas\r\n"
-    "supone reiniciar todo el proceso de nuevo\r\n"
-    " y perder los datos introducidos hasta el momento.\r\n"
-    "¿Desea reiniciar el proceso?";
-constexpr std::string_view kNoPlan =
-    "No puede cargar datos de mediciones si no indica previamente el número de jornadas y de "
-    "tareas";
-constexpr std::string_view kEmptyList = "Antes de validar introduzca  todos los datos";
-constexpr std::string_view kBeyondPlan =
-    "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores asignados";
-constexpr std::string_view kWrongSum =
-    "El número total de contaminantes es  la suma de los expresados para 30' y 15' ";
-constexpr std::string_view kIncomplete =
-    " Aún le faltan datos por introducir y sin ellos\r\n"
-    "  el programa no funcionará correctamente\r\n"
-    "¿Está seguro de que quiere continuar ?";
-
 class Form3Test : public VelmoraTest {
 protected:
     Form3& OpenForm3() { return Open<Form3>(ScreenId::Form3); }
-
-    const Control& Find(const std::string& name) {
-        const Control* control = chain.Current().FindControl(name);
-        if (control == nullptr) throw std::runtime_error("no control " + name);
-        return *control;
-    }
 
     /// Picks an item of `Combo1(i)` as a user does: from an open, visible list that offers it.
     void Pick(int i, std::string_view item) {
@@ -125,13 +99,6 @@ protected:
 };
 
 using Texts = std::vector<std::string>;
-
-void ExpectPlace(const Control& control, Box box) {
-    EXPECT_EQ(control.row.box.left, box.left) << control.name;
-    EXPECT_EQ(control.row.box.top, box.top) << control.name;
-    EXPECT_EQ(control.row.box.width, box.width) << control.name;
-    EXPECT_EQ(control.row.box.height, box.height) << control.name;
-}
 
 /// The first `n` cells are open and visible, the others closed, hidden and empty.
 void ExpectOpenCells(const Form3& form, int n) {
@@ -217,13 +184,8 @@ TEST_F(Form3Test, TheButtonsStandWhereTheDesignPutsThem) {
 
 TEST_F(Form3Test, TheHeadingsStandWhereTheDesignPutsThemWithTheirTexts) {
     OpenForm3();
-    struct Expected {
-        std::string name;
-        Box box;
-        std::string_view caption;
-    };
     // clang-format off
-    const std::vector<Expected> labels = {
+    const std::vector<Placed> labels = {
         {"Label1(2)",  { 360,  120, 3135, 255}, "  Número de jornadas muestreadas:"},
         {"Label1(3)",  {4320,  120, 3735, 255}, "Número de tareas  en cada jornada:"},
         {"Label3(0)",  { 360,  480,  615, 255}, "     Día"},
@@ -240,10 +202,9 @@ TEST_F(Form3Test, TheHeadingsStandWhereTheDesignPutsThemWithTheirTexts) {
         {"Label3(11)", {3960, 1320,  615, 375}, "Contami_  nantes"},
     };
     // clang-format on
-    for (const Expected& expected : labels) {
-        const Control& label = Find(expected.name);
-        ExpectPlace(label, expected.box);
-        EXPECT_EQ(std::get<Label*>(label.state)->Caption, expected.caption) << label.name;
+    for (const Placed& expected : labels) {
+        const Control& label = Find(std::string(expected.name));
+        ExpectPlaced(label, expected);
         EXPECT_EQ(label.row.tab, kNoTab) << label.name;
     }
 }
@@ -477,7 +438,7 @@ TEST_F(Form3Test, Command1_WithOneListEmptyGivesTheMessageAndKeepsThePlan) {
         record.NumTareas = 2;  // without the other number this is no plan
         const Form3& form = OpenForm3();
         Pick(1 - missing, "1");
-        host.ExpectBox(std::string(kNoNumbers));
+        host.ExpectBox(messages::kNoPick);
         Press("Command1");
         EXPECT_EQ(record.NumJornadas, 0);
         EXPECT_EQ(record.NumTareas, 2);
@@ -487,7 +448,7 @@ TEST_F(Form3Test, Command1_WithOneListEmptyGivesTheMessageAndKeepsThePlan) {
 
 TEST_F(Form3Test, Command1_WithBothListsEmptyGivesTheMessageOnce) {
     const Form3& form = OpenForm3();
-    host.ExpectBox(std::string(kNoNumbers));
+    host.ExpectBox(messages::kNoPick);
     Press("Command1");
     ExpectPlanOpen(form);
 }
@@ -497,7 +458,7 @@ TEST_F(Form3Test, Command1_WithAValueOfZeroGivesTheSameMessage) {
     for (const auto& [days, tasks] : {std::pair{"0", "1"}, {"3", "0"}, {"x", "1"}, {"3", "x"}}) {
         form.Combo1(0).Text = days;
         form.Combo1(1).Text = tasks;
-        host.ExpectBox(std::string(kNoNumbers));
+        host.ExpectBox(messages::kNoPick);
         Press("Command1");
         EXPECT_EQ(record.NumJornadas, 0);
         EXPECT_EQ(record.NumTareas, 0);
@@ -521,7 +482,7 @@ TEST_F(Form3Test, Command1_WithALockedListEndsWithoutAWord) {
 TEST_F(Form3Test, Command1_LooksForEmptyListsBeforeLockedOnes) {
     Form3& form = OpenForm3();
     form.Combo1(0).Locked = true;
-    host.ExpectBox(std::string(kNoNumbers));
+    host.ExpectBox(messages::kNoPick);
     Press("Command1");
 }
 
@@ -571,8 +532,7 @@ TEST_F(Form3Test, APickInEitherNumberOfAFixedPlanAsksWhetherToStartAgain) {
     const Form3& form = OpenForm3();
     FixPlan("3", "2");
     for (const int list : {0, 1}) {
-        host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No,
-                       "Aviso");
+        host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
         Pick(list, "1");
         ExpectPlanFixed(form, 36);
     }
@@ -581,9 +541,9 @@ TEST_F(Form3Test, APickInEitherNumberOfAFixedPlanAsksWhetherToStartAgain) {
 TEST_F(Form3Test, PickingTheValueThatThePlanHasAsksAllTheSame) {
     OpenForm3();
     FixPlan("3", "2");
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
     Pick(0, "3");
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
     Pick(1, "2");
 }
 
@@ -591,7 +551,7 @@ TEST_F(Form3Test, APickInAScreenThatLoadedWithItsPlanAsksToo) {
     record.NumJornadas = 1;
     record.NumTareas = 1;
     const Form3& form = OpenForm3();
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     ExpectPlanOpen(form);
 }
@@ -608,7 +568,7 @@ TEST_F(Form3Test, NoInTheRestartBoxKeepsTheNewPickAndTheOldNumbers) {
     FixPlan("3", "2");
     Enter("1", "1", "8", "1", "1", "2");
     const Texts cells = Cells(form);
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::No, "Aviso");
     Pick(0, "1");
     EXPECT_EQ(form.Combo1(0).Text, "1");
     EXPECT_EQ(record.NumJornadas, 3);
@@ -622,7 +582,7 @@ TEST_F(Form3Test, YesInTheRestartBoxClosesTheScreenAndKeepsTheWholeRecord) {
     FixPlan("3", "3");
     Enter("3", "3", "8", "1", "1", "2");
     const EvaluacionRecord before = record;
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(1, "1");
     ExpectPlanOpen(form);
     EXPECT_EQ(form.Combo1(1).Text, "1");
@@ -633,7 +593,7 @@ TEST_F(Form3Test, TheEntryRowKeepsItsPicksWhileItIsHidden) {
     const Form3& form = OpenForm3();
     FixPlan("3", "3");
     PickEntry("2", "3", "14", "0", "6", "6");
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "3");
     Press("Command1");
     Texts texts;
@@ -645,7 +605,7 @@ TEST_F(Form3Test, AfterARestartTheGridShowsDaysAndTasksOnlyThoughTheRecordHoldsT
     const Form3& form = OpenForm3();
     FixPlan("3", "2");
     Enter("1", "1", "8", "1", "1", "2");
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     Pick(1, "2");  // the plan is open again: no question
     Press("Command1");
@@ -660,7 +620,7 @@ TEST_F(Form3Test, AfterARestartTheFirstStoreBringsBackEveryRowThatTheRecordHolds
     FixPlan("3", "1");
     Enter("1", "1", "8", "1", "1", "2");
     Enter("3", "1", "4", "2", "0", "2");
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "3");
     Press("Command1");
     Enter("3", "1", "5", "2", "0", "2");
@@ -672,7 +632,7 @@ TEST_F(Form3Test, AfterARestartTheFirstStoreBringsBackEveryRowThatTheRecordHolds
 TEST_F(Form3Test, AReopenedPlanDoesNotOutliveTheScreen) {
     OpenForm3();
     FixPlan("3", "2");
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     ExpectPlanFixed(OpenForm3(), 36);
 }
@@ -681,7 +641,7 @@ TEST_F(Form3Test, FourAndThreeGiveTheLimitMessageWhenThe15MinuteCountIsPickedLas
     const Form3& form = OpenForm3();
     FixPlan("1", "1");
     Pick(5, "4");
-    host.ExpectBox(std::string(kLimit));
+    host.ExpectBox(messages::kSumAboveSix);
     Pick(6, "3");
     EXPECT_EQ(form.Combo1(6).Text, "3") << "the pick stands";
     EXPECT_EQ(form.Combo1(5).Text, "4");
@@ -708,9 +668,9 @@ TEST_F(Form3Test, TheLimitMessageComesAtEveryPickOfThe15MinuteCountThatIsAboveIt
     OpenForm3();
     FixPlan("1", "1");
     Pick(5, "6");
-    host.ExpectBox(std::string(kLimit));
+    host.ExpectBox(messages::kSumAboveSix);
     Pick(6, "1");
-    host.ExpectBox(std::string(kLimit));
+    host.ExpectBox(messages::kSumAboveSix);
     Pick(6, "1");
     Pick(6, "0");
     EXPECT_EQ(Current<Form3>().Combo1(6).Text, "0");
@@ -786,7 +746,7 @@ TEST_F(Form3Test, Command2_WithAPlanOfOneDayRefusesDay2ThoughTheListOffersIt) {
     OpenForm3();
     FixPlan("1", "3");
     PickEntry("2", "1", "8", "1", "1", "2");
-    ExpectEntryRefused(kBeyondPlan);
+    ExpectEntryRefused(messages::kEntryIncoherent);
 }
 
 TEST_F(Form3Test, Command2_WithThreeDaysTakesDay3) {
@@ -800,7 +760,7 @@ TEST_F(Form3Test, Command2_RefusesATaskBeyondThePlan) {
     OpenForm3();
     FixPlan("3", "2");
     PickEntry("1", "3", "8", "1", "1", "2");
-    ExpectEntryRefused(kBeyondPlan);
+    ExpectEntryRefused(messages::kEntryIncoherent);
 }
 
 TEST_F(Form3Test, Command2_TakesEverySumThatMatchesAndRefusesEveryOther) {
@@ -813,11 +773,11 @@ TEST_F(Form3Test, Command2_TakesEverySumThatMatchesAndRefusesEveryOther) {
                 Pick(3, "1");
                 Pick(4, "8");
                 Pick(5, TextoEntero(of30));
-                if (of30 + of15 > 6) host.ExpectBox(std::string(kLimit));
+                if (of30 + of15 > 6) host.ExpectBox(messages::kSumAboveSix);
                 Pick(6, TextoEntero(of15));
                 Pick(7, TextoEntero(contaminants));
                 if (of30 + of15 != contaminants) {
-                    ExpectEntryRefused(kWrongSum);
+                    ExpectEntryRefused(messages::kSumDiffers);
                 } else {
                     Press("Command2");
                     EXPECT_EQ(RowOf(form, 1),
@@ -834,7 +794,7 @@ TEST_F(Form3Test, Command2_ThreeAndTwoWithFourChangeNothing) {
     FixPlan("1", "1");
     Enter("1", "1", "8", "2", "3", "5");
     PickEntry("1", "1", "4", "3", "2", "4");
-    ExpectEntryRefused(kWrongSum);
+    ExpectEntryRefused(messages::kSumDiffers);
     EXPECT_EQ(record.TiempoExposicion(1, 1), 8);
 }
 
@@ -847,7 +807,7 @@ TEST_F(Form3Test, Command2_WithAnyOneListEmptyGivesTheMessage) {
         for (int i = 2; i <= 7; ++i) {
             if (i != missing) Pick(i, entry.at(static_cast<std::size_t>(i - 2)));
         }
-        ExpectEntryRefused(kEmptyList);
+        ExpectEntryRefused(messages::kEntryIncomplete);
     }
 }
 
@@ -859,7 +819,7 @@ TEST_F(Form3Test, Command2_WithAnEmpty15MinuteCountIsRefusedThoughTheSumWouldFit
     Pick(4, "8");
     Pick(5, "2");
     Pick(7, "2");
-    ExpectEntryRefused(kEmptyList);
+    ExpectEntryRefused(messages::kEntryIncomplete);
     Pick(6, "0");
     Press("Command2");
     EXPECT_EQ(RowOf(form, 1), (Texts{"1", "1", "8", "2", "0", "2"}));
@@ -870,16 +830,16 @@ TEST_F(Form3Test, Command2_LooksForEmptyListsThenForThePlanThenForTheSum) {
     FixPlan("1", "1");
     Pick(2, "3");
     Pick(3, "3");
-    ExpectEntryRefused(kEmptyList);
+    ExpectEntryRefused(messages::kEntryIncomplete);
     Pick(4, "8");
     Pick(5, "1");
     Pick(6, "1");
     Pick(7, "6");
-    ExpectEntryRefused(kBeyondPlan);
+    ExpectEntryRefused(messages::kEntryIncoherent);
     Pick(2, "1");
-    ExpectEntryRefused(kBeyondPlan);
+    ExpectEntryRefused(messages::kEntryIncoherent);
     Pick(3, "1");
-    ExpectEntryRefused(kWrongSum);
+    ExpectEntryRefused(messages::kSumDiffers);
 }
 
 TEST_F(Form3Test, Command2_WithoutAPlanInTheRecordGivesItsOwnMessageFirst) {
@@ -888,7 +848,7 @@ TEST_F(Form3Test, Command2_WithoutAPlanInTheRecordGivesItsOwnMessageFirst) {
         record.NumJornadas = days;
         record.NumTareas = tasks;
         const EvaluacionRecord before = record;
-        host.ExpectBox(std::string(kNoPlan));
+        host.ExpectBox(messages::kNoPlan);
         form.Command2_Click();  // hidden and disabled here: a user can't press it
         EXPECT_TRUE(record == before);
     }
@@ -994,7 +954,8 @@ class Form3WayTest : public Form3Test, public ::testing::WithParamInterface<Way>
 protected:
     void ExpectAsksAndStaysOnNo() {
         const Screen* before = &chain.Current();
-        host.ExpectBox(std::string(kIncomplete), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::No);
+        host.ExpectBox(messages::kIncompletePlan, MsgBoxStyle::YesNoInformationNo,
+                       MsgBoxAnswer::No);
         Choose(GetParam().entry);
         EXPECT_EQ(&chain.Current(), before);
     }
@@ -1012,7 +973,7 @@ TEST_P(Form3WayTest, WithoutAPlanItAsksAndStaysOnNo) {
 
 TEST_P(Form3WayTest, WithoutAPlanItAsksAndGoesOnYes) {
     OpenForm3();
-    host.ExpectBox(std::string(kIncomplete), MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::kIncompletePlan, MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Choose(GetParam().entry);
     EXPECT_EQ(chain.Current().Id(), GetParam().target);
 }
@@ -1085,7 +1046,7 @@ TEST_P(Form3WayTest, AReopenedPlanMakesItAskSinceItsCellsAreEmpty) {
     record.NumTareas = 1;
     record.TiempoExposicion(1, 1) = 8;
     OpenForm3();
-    host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
+    host.ExpectBox(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes, "Aviso");
     Pick(0, "1");
     ExpectAsksAndStaysOnNo();
 }

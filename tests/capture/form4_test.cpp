@@ -11,16 +11,11 @@
 #include <vector>
 
 #include "capture/form2.h"
+#include "support/messages.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
 namespace {
-
-constexpr std::string_view kNoTask = " Seleccione una tarea";
-constexpr std::string_view kBeyondPlanAtPick =
-    " El número de tareas seleccionado no es coherente con el valor asignado inicialmente";
-constexpr std::string_view kBeyondPlan = " El número de tareas seleccionado no es coherente";
-constexpr std::string_view kIncomplete = " Cumplimente todos los datos";
 
 constexpr KeyCode kPoint = 46;
 constexpr KeyCode kBackspace = 8;
@@ -51,12 +46,6 @@ protected:
             record.NumContaminantes(t) = contaminants[static_cast<std::size_t>(t - 1)];
         }
         return OpenForm4();
-    }
-
-    const Control& Find(const std::string& name) {
-        const Control* control = chain.Current().FindControl(name);
-        if (control == nullptr) throw std::runtime_error("no control " + name);
-        return *control;
     }
 
     /// Picks an item as a user does: from an open, visible list that offers it.
@@ -168,13 +157,6 @@ protected:
     }
 };
 
-void ExpectPlace(const Control& control, Box box) {
-    EXPECT_EQ(control.row.box.left, box.left) << control.name;
-    EXPECT_EQ(control.row.box.top, box.top) << control.name;
-    EXPECT_EQ(control.row.box.width, box.width) << control.name;
-    EXPECT_EQ(control.row.box.height, box.height) << control.name;
-}
-
 bool HeadingsVisible(const Form4& form) {
     return form.Label5.Visible &&
            std::ranges::all_of(form.Label4, [](const Label& heading) { return heading.Visible; });
@@ -189,13 +171,8 @@ bool HeadingsHidden(const Form4& form) {
 
 TEST_F(Form4Test, HeadingsAndButtonsStandWhereTheDesignPutsThemWithTheirTexts) {
     const Form4& form = OpenForm4();
-    struct Expected {
-        std::string name;
-        Box box;
-        std::string_view caption;
-    };
     // clang-format off
-    const std::vector<Expected> labels = {
+    const std::vector<Placed> labels = {
         {"Label2",    { 120,    0, 11895, 375}, "Cararcteristicas de los contaminates  analizados por  tareas "},
         {"Label3(0)", { 120,  480,   975, 255}, "Tarea"},
         {"Label4(0)", { 120, 1200,   375, 255}, "Nº"},
@@ -207,10 +184,9 @@ TEST_F(Form4Test, HeadingsAndButtonsStandWhereTheDesignPutsThemWithTheirTexts) {
         {"Label5",    {4200, 1200,   375, 255}, "TM"},
     };
     // clang-format on
-    for (const Expected& expected : labels) {
-        const Control& label = Find(expected.name);
-        ExpectPlace(label, expected.box);
-        EXPECT_EQ(std::get<Label*>(label.state)->Caption, expected.caption) << label.name;
+    for (const Placed& expected : labels) {
+        const Control& label = Find(std::string(expected.name));
+        ExpectPlaced(label, expected);
         EXPECT_EQ(label.row.tab, kNoTab) << label.name;
     }
     ExpectPlace(Find("Command3"), {2040, 480, 3855, 255});
@@ -385,7 +361,7 @@ TEST_F(Form4Test, APickOfATaskWithoutACountOpensNoRowsAndCommand1SaysNothing) {
 TEST_F(Form4Test, WithoutAPlanAnyPickGivesTheMessageOnTheAssignedValue) {
     const Form4& form = OpenForm4();
     for (const char* task : {"1", "2", "3"}) {
-        host.ExpectBox(std::string(kBeyondPlanAtPick));
+        host.ExpectBox(messages::kTaskAboveOnPick);
         Pick("Combo1", task);
         ExpectOpenRows(0);
         EXPECT_TRUE(HeadingsVisible(form)) << "the headings come before the message";
@@ -395,11 +371,11 @@ TEST_F(Form4Test, WithoutAPlanAnyPickGivesTheMessageOnTheAssignedValue) {
 TEST_F(Form4Test, TaskThreeOfAPlanOfTwoGivesTheLongMessageAndThenTheShortOnes) {
     OpenWith({2, 2});
     record.NumContaminantes(3) = 2;  // left from a longer plan: it opens nothing
-    host.ExpectBox(std::string(kBeyondPlanAtPick));
+    host.ExpectBox(messages::kTaskAboveOnPick);
     Pick("Combo1", "3");
     ExpectOpenRows(0);
-    ExpectRefused("Command1", kBeyondPlan);
-    ExpectRefused("Command3", kBeyondPlan);
+    ExpectRefused("Command1", messages::kTaskAbove);
+    ExpectRefused("Command3", messages::kTaskAbove);
     ExpectOpenRows(0);
 }
 
@@ -419,17 +395,17 @@ TEST_F(Form4Test, APickEmptiesTypedRowsWithoutAQuestionTheSameTaskIncluded) {
 TEST_F(Form4Test, ARefusedPickClosesTheRowsToo) {
     OpenWith({2, 2});
     Pick("Combo1", "1");
-    host.ExpectBox(std::string(kBeyondPlanAtPick));
+    host.ExpectBox(messages::kTaskAboveOnPick);
     Pick("Combo1", "3");
     ExpectOpenRows(0);
 }
 
 TEST_F(Form4Test, WithoutATaskEveryHandlerAsksForOne) {
     Form4& form = OpenWith({2});
-    ExpectRefused("Command1", kNoTask);
-    ExpectRefused("Command3", kNoTask);
+    ExpectRefused("Command1", messages::kNoTask);
+    ExpectRefused("Command3", messages::kNoTask);
     EXPECT_TRUE(HeadingsHidden(form));
-    host.ExpectBox(std::string(kNoTask));
+    host.ExpectBox(messages::kNoTask);
     form.Combo1_Click();  // a list whose text is empty can't be picked from
     ExpectOpenRows(0);
     EXPECT_TRUE(HeadingsVisible(form));
@@ -527,7 +503,7 @@ TEST_F(Form4Test, Command1_WithAnyOneCellEmptyIsRefusedBeforeTheFirstStore) {
     for (int i = 0; i < 2; ++i) texts.push_back(&form.Combo13(i).Text);
     for (std::string* text : texts) {
         const std::string before = std::exchange(*text, "");
-        ExpectRefused("Command1", kIncomplete);
+        ExpectRefused("Command1", messages::kRowsIncomplete);
         *text = before;
     }
     Press("Command1");
@@ -557,11 +533,11 @@ TEST_F(Form4Test, Command1_ComparesNoValueWithAnother) {
 TEST_F(Form4Test, Command1_LooksForTheTaskThenForThePlanThenForEmptyCells) {
     Form4& form = OpenWith({1});
     Pick("Combo1", "1");  // a row, all empty
-    ExpectRefused("Command1", kIncomplete);
+    ExpectRefused("Command1", messages::kRowsIncomplete);
     record.NumTareas = 0;
-    ExpectRefused("Command1", kBeyondPlan);
+    ExpectRefused("Command1", messages::kTaskAbove);
     form.Combo1.Text = "";
-    ExpectRefused("Command1", kNoTask);
+    ExpectRefused("Command1", messages::kNoTask);
 }
 
 TEST_F(Form4Test, Command1_ReplacesAStoredList) {

@@ -16,6 +16,8 @@
 #include "core/form1.h"
 #include "core/navigation.h"
 #include "sheet/form5.h"
+#include "support/menus.h"
+#include "support/messages.h"
 #include "support/sheet_test.h"
 #include "support/velmora_test.h"
 
@@ -24,8 +26,6 @@ namespace {
 
 constexpr std::array kAllScreens = {ScreenId::Form1, ScreenId::Form2, ScreenId::Form3,
                                     ScreenId::Form4, ScreenId::Form5, ScreenId::Form6};
-
-constexpr std::string_view kExitQuestion = "¿Está seguro de que quiere salir?";
 
 // The chain, with screens that only tell what happens to them.
 
@@ -222,136 +222,12 @@ TEST_F(ScreensTest, ANumberThatIsNoScreensMakesNone) {
 
 // Menus
 
-struct ListEntry {
-    std::string_view name;
-    std::string_view caption;
-};
-
-struct Title {
-    std::string_view name;
-    std::string_view caption;
-    std::vector<ListEntry> list;
-};
-
-struct MenuCase {
-    ScreenId id;
-    std::vector<Title> bar;
-};
-
-void PrintTo(const MenuCase& c, std::ostream* out) { *out << "Form" << static_cast<int>(c.id); }
-
-class MenuTest : public ScreensTest, public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(MenuTest, TheBarHasItsEntriesSpacersAndListsInOrder) {
-    const auto screen = AsLaidOut(GetParam().id);
-    const std::vector<MenuEntry>& bar = screen->Menu();
-    ASSERT_EQ(bar.size(), GetParam().bar.size());
-    for (std::size_t i = 0; i < bar.size(); ++i) {
-        const Title& expected = GetParam().bar[i];
-        EXPECT_EQ(bar[i].name, expected.name);
-        EXPECT_EQ(bar[i].caption, expected.caption) << expected.name;
-        ASSERT_EQ(bar[i].list.size(), expected.list.size()) << expected.name;
-        for (std::size_t j = 0; j < expected.list.size(); ++j) {
-            EXPECT_EQ(bar[i].list[j].name, expected.list[j].name);
-            EXPECT_EQ(bar[i].list[j].caption, expected.list[j].caption);
-        }
+TEST_F(ScreensTest, EachBarHasItsEntriesSpacersAndListsInOrder) {
+    for (int i = 1; i <= 6; ++i) {
+        const auto id = static_cast<ScreenId>(i);
+        EXPECT_EQ(TextOf(AsLaidOut(id)->Menu()), MenuOf(id));
     }
 }
-
-TEST_P(MenuTest, SpacersHaveNoHandlerAndWorkingEntriesHaveOneOrAList) {
-    const auto screen = AsLaidOut(GetParam().id);
-    for (const MenuEntry& title : screen->Menu()) {
-        const bool spacer = title.caption.empty();
-        const bool both = title.name == "regresar";  // of Form6, alone
-        EXPECT_EQ(static_cast<bool>(title.Click), both || (!spacer && title.list.empty()))
-            << title.name;
-        for (const MenuEntry& entry : title.list) {
-            EXPECT_TRUE(entry.Click) << entry.name;
-            EXPECT_TRUE(entry.list.empty()) << entry.name;
-        }
-    }
-}
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Screens, MenuTest, ::testing::Values(
-    MenuCase{ScreenId::Form1, {
-        {"Vacio1", "", {}}, {"Vacio2", "", {}},
-        {"Nuevaempresa", "Iniciar", {}},
-        {"Vacio3", "", {}}, {"vacio4", "", {}},
-        {"salir", "Salir", {}}}},
-    MenuCase{ScreenId::Form2, {
-        {"vacio1", "", {}}, {"vacio2", "", {}},
-        {"continuar", "Continuar", {
-            {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
-            {"contaminantes", "Contaminantes"},
-            {"calculos", "Cálculos"},
-            {"resulatadofinal", "Resultado final"}}},
-        {"vacio30", "", {}}, {"vacio32", "", {}},
-        {"Regresar", "Regresar", {}},
-        {"vacio40", "", {}}, {"vacio50", "", {}},
-        {"recuperardatos", "Recuperar datos", {}},
-        {"vacio51", "", {}}, {"vacio52", "", {}},
-        {"imprimir", "Imprimir", {}},
-        {"vacio53", "", {}}, {"vacio54", "", {}},
-        {"salir", "Salir", {}}}},
-    MenuCase{ScreenId::Form3, {
-        {"vacio1", "", {}}, {"vacio2", "", {}},
-        {"continuar", "Continuar/Regresar", {
-            {"contaminantes", "Contaminantes"},
-            {"pagina5", "Cálculos"},
-            {"datosdeempresa", "Datos de empresa"},
-            {"resultadofinal", "Resultado final"}}},
-        {"vacio8", "", {}}, {"vacio9", "", {}},
-        {"imprimir", "Imprimir", {}},
-        {"vacio20", "", {}}, {"vacio22", "", {}},
-        {"salir", "Salir", {}}}},
-    MenuCase{ScreenId::Form4, {
-        {"vacio1", "", {}}, {"vacio7", "", {}},
-        {"continuar", "Continuar/Regresar", {
-            {"pagina5", "Cálculos"},
-            {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
-            {"datosdeempresa", "Datos de empresa"},
-            {"resultadosfinales", "Resultado final"}}},
-        {"vacio10", "", {}}, {"vacio11", "", {}},
-        {"imprimir", "Imprimir", {}},
-        {"vacio22", "", {}}, {"vacio23", "", {}},
-        {"salir", "Salir", {}}}},
-    MenuCase{ScreenId::Form5, {
-        {"vacio1", "", {}}, {"vacio2", "", {}},
-        {"introducirdatos", "Introducir datos", {
-            {"introprimero", "Primer dia"},
-            {"introsegundo", "Segundo dia"},
-            {"introtercero", "Tercer dia"}}},
-        {"vacio3", "", {}}, {"vacio4", "", {}},
-        {"recuperar", "Recuperar datos/cálculos", {
-            {"recupprimerdia", "Primer dia"},
-            {"recupsegundodia", "Segundo dia"},
-            {"recuptercerdia", "Tercer dia"}}},
-        {"vacio5", "", {}}, {"vacio6", "", {}},
-        {"continuar", "Continuar/Regresar", {
-            {"datosiniciales", "Datos iniciales: Jornadas y Tareas"},
-            {"contaminantes", "Contaminantes"},
-            {"resultadosfinales", "Resultado final"},
-            {"datosempresa", "Datos de empresa"}}},
-        {"vacio9", "", {}}, {"vacio14", "", {}},
-        {"imprimir", "Imprimir", {}},
-        {"vacio15", "", {}},
-        {"salir", "Salir", {}}}},
-    MenuCase{ScreenId::Form6, {
-        {"vacio1", "", {}}, {"vacio2", "", {}},
-        {"regresar", "Continuar/Regresar", {
-            {"calculos", "Cálculos"},
-            {"contaminantes", "Contaminantes"},
-            {"datosiniciales", "Datos  iniciales: Jornadas y Tareas"},
-            {"datosdeempresa", "Datos de empresa"}}},
-        {"vacio10", "", {}}, {"vacio11", "", {}},
-        {"guardararchivo", "Guardar en disco ", {}},
-        {"vacio21", "", {}}, {"vacio22", "", {}},
-        {"imprimir", "Imprimir", {}},
-        {"vacio30", "", {}}, {"vacio32", "", {}},
-        {"salir", "Salir", {}}}}),
-    [](const auto& test_case) { return ::testing::PrintToString(test_case.param); });
-// clang-format on
 
 // Moves
 
@@ -451,7 +327,7 @@ TEST_F(ScreensTest, Salir_OnYesEndsTheProcessWithoutSaving) {
         record.DatosEmpresa(1) = "Talleres";
         const EvaluacionRecord before = record;
         Screen& screen = Show(exit.id);
-        host.ExpectBox(std::string(kExitQuestion), exit.style, MsgBoxAnswer::Yes);
+        host.ExpectBox(messages::kExit, exit.style, MsgBoxAnswer::Yes);
         host.ExpectEnd();
         Choose("salir");
         EXPECT_EQ(&chain.Current(), &screen) << screen.Name();
@@ -464,7 +340,7 @@ TEST_F(ScreensTest, Salir_OnNoStays) {
     for (const Exit& exit : kExits) {
         Screen& screen = Show(exit.id);
         const auto shown = StateOf(screen);
-        host.ExpectBox(std::string(kExitQuestion), exit.style, MsgBoxAnswer::No);
+        host.ExpectBox(messages::kExit, exit.style, MsgBoxAnswer::No);
         Choose("salir");  // the host fails the test if the process ends
         EXPECT_EQ(&chain.Current(), &screen) << screen.Name();
         EXPECT_EQ(Changed(shown, screen), std::vector<std::string>{}) << screen.Name();
@@ -472,7 +348,7 @@ TEST_F(ScreensTest, Salir_OnNoStays) {
 }
 
 TEST_F(ScreensTest, Salir_AnyAnswerButNoEndsTheProcess) {
-    host.ExpectBox(std::string(kExitQuestion), MsgBoxStyle::YesNoInformation, MsgBoxAnswer::Ok);
+    host.ExpectBox(messages::kExit, MsgBoxStyle::YesNoInformation, MsgBoxAnswer::Ok);
     host.ExpectEnd();
     Show(ScreenId::Form1);
     Choose("salir");
@@ -480,31 +356,13 @@ TEST_F(ScreensTest, Salir_AnyAnswerButNoEndsTheProcess) {
 
 // Imprimir
 
-struct Print {
-    ScreenId id;
-    std::string_view notice;
-    int first;
-    int last;
-};
-
-// clang-format off
-constexpr std::array<Print, 5> kPrints = {{
-    {ScreenId::Form2, "Se imprimirá la pantalla",                  0,    2},
-    {ScreenId::Form3, "Se imprimirá la pantalla",                  0, 1000},
-    {ScreenId::Form4, "Se imprimirá pantalla",                     0, 1000},
-    {ScreenId::Form5, "Se imprimirán todos los datos en pantalla", 0, 1000},
-    {ScreenId::Form6, "Se imprimirán los resultados en  pantalla", 1, 1000},
-}};
-// clang-format on
-
-std::string PrintQuestion(std::string_view notice) {
-    return std::string(notice) +
-           "\r\n¿Desea continuar?\r\n \r\nPulsar 'Si' no admite cancelación posterior";
-}
+using messages::kPrints;
+using messages::Print;
+using messages::PrintQuestion;
 
 TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) {
     for (const Print& print : kPrints) {
-        Screen& screen = Show(print.id);
+        Screen& screen = Show(print.screen);
         host.print_dialogs.clear();
         host.printed = 0;
         std::size_t dialogs_before_printing = 0;
@@ -513,8 +371,8 @@ TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) 
         Choose("imprimir");
         ASSERT_EQ(host.print_dialogs.size(), 1U) << screen.Name();
         EXPECT_EQ(host.print_dialogs[0].Flags, 524288U) << screen.Name();
-        EXPECT_EQ(host.print_dialogs[0].FromPage, print.first) << screen.Name();
-        EXPECT_EQ(host.print_dialogs[0].ToPage, print.last) << screen.Name();
+        EXPECT_EQ(host.print_dialogs[0].FromPage, print.first_page) << screen.Name();
+        EXPECT_EQ(host.print_dialogs[0].ToPage, print.last_page) << screen.Name();
         EXPECT_EQ(host.printed, 1) << screen.Name();
         EXPECT_EQ(dialogs_before_printing, 1U) << screen.Name();
         EXPECT_EQ(&chain.Current(), &screen);
@@ -524,7 +382,7 @@ TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) 
 
 TEST_F(ScreensTest, Imprimir_OnNoShowsNoDialogAndPrintsNothing) {
     for (const Print& print : kPrints) {
-        Show(print.id);
+        Show(print.screen);
         host.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::No);
         Choose("imprimir");
         EXPECT_TRUE(host.print_dialogs.empty()) << print.notice;
@@ -550,7 +408,7 @@ TEST_F(ScreensTest, Imprimir_PassesOverAPrintDialogAndAPrintThatFail) {
     for (const Print& print : kPrints) {
         WithoutPrinter failing;
         failing.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
-        const auto screen = MakeScreen(print.id, Environment{record, chain, failing});
+        const auto screen = MakeScreen(print.screen, Environment{record, chain, failing});
         EXPECT_NO_THROW(screen->FindEntry("imprimir")->Click()) << screen->Name();
         EXPECT_EQ(failing.tried, 1) << screen->Name();
     }
@@ -655,12 +513,6 @@ TEST_F(ScreensTest, Clock_IsBoldWhiteAtTheFootOfTheWindowFromForm2On) {
 
 // Form1
 
-struct Placed {
-    std::string_view name;
-    Box box;
-    std::string_view text;
-};
-
 // clang-format off
 constexpr std::array<Placed, 8> kOnForm1 = {{
     {"Picture1", {1680, 1200,  9255, 4575}, ""},
@@ -680,11 +532,7 @@ TEST_F(ScreensTest, Form1_HasItsControlsInTheirPlacesWithTheirTexts) {
     for (const Placed& expected : kOnForm1) {
         const Control* control = form1->FindControl(expected.name);
         ASSERT_NE(control, nullptr) << expected.name;
-        const Box& box = control->row.box;
-        EXPECT_EQ(box.left, expected.box.left) << expected.name;
-        EXPECT_EQ(box.top, expected.box.top) << expected.name;
-        EXPECT_EQ(box.width, expected.box.width) << expected.name;
-        EXPECT_EQ(box.height, expected.box.height) << expected.name;
+        ExpectPlace(*control, expected.box);
         if (!expected.text.empty()) {
             EXPECT_EQ(CaptionOf(*form1, expected.name), expected.text);
         }

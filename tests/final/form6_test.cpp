@@ -18,6 +18,7 @@
 #include "store/evaluation_file.h"
 #include "store/path.h"
 #include "support/files.h"
+#include "support/messages.h"
 #include "support/sheet_test.h"
 #include "support/velmora_test.h"
 
@@ -28,12 +29,8 @@ namespace fs = std::filesystem;
 
 constexpr int kCells = 162;
 
-/// Columns of the table, from 1.
-constexpr int kI1 = 3;
-constexpr int kI2 = 4;
-constexpr int kI3 = 5;
-constexpr int kIG = 6;
-constexpr int kP1 = 7;
+/// Columns of the table.
+enum : int { kI1 = 3, kI2, kI3, kIG, kP1 };
 
 class Form6Test : public VelmoraTest {
 protected:
@@ -70,6 +67,15 @@ protected:
             if (form6.Text1(i).Visible) visible.push_back(i);
         }
         return visible;
+    }
+
+    /// The cells that the button shows of a single task of so many contaminants.
+    std::vector<int> CellsOfATaskOf(int contaminants) {
+        record.NumTareas = 1;
+        record.NumContaminantes(1) = contaminants;
+        Form6& form6 = Screen6();
+        form6.Command1_Click();
+        return VisibleCells(form6);
     }
 
     static std::vector<int> Range(int first, int last) {
@@ -317,11 +323,8 @@ TEST_F(Form6Test, Command1_ShowsTheNineHeadingsEvenWithoutAPlan) {
 }
 
 TEST_F(Form6Test, Command1_ATaskWithTwoContaminantsShowsTheFirst18CellsOfItsBlock) {
-    record.NumTareas = 1;
-    record.NumContaminantes(1) = 2;
-    Form6& form6 = Screen6();
-    form6.Command1_Click();
-    EXPECT_EQ(VisibleCells(form6), Range(0, 17));
+    EXPECT_EQ(CellsOfATaskOf(2), Range(0, 17));
+    Form6& form6 = Current<Form6>();
     for (int row = 3; row <= 6; ++row) {
         for (int column = 2; column <= 9; ++column) {
             EXPECT_EQ(Cell(form6, row, column).Text, "----") << row << ", " << column;
@@ -395,11 +398,8 @@ TEST_F(Form6Test, Command1_FourTasksShowTwoBlocks) {
 }
 
 TEST_F(Form6Test, Command1_MoreThanSixContaminantsRunIntoTheNextBlock) {
-    record.NumTareas = 1;
-    record.NumContaminantes(1) = 7;
-    Form6& form6 = Screen6();
-    form6.Command1_Click();
-    EXPECT_EQ(VisibleCells(form6), Range(0, 62));
+    EXPECT_EQ(CellsOfATaskOf(7), Range(0, 62));
+    Form6& form6 = Current<Form6>();
     EXPECT_FALSE(form6.Label5.Visible);
 }
 
@@ -717,10 +717,8 @@ TEST_F(Form6SavingTest, guardararchivo_TheNameIsHeldForOneVisitToTheScreen) {
 
 TEST_F(Form6SavingTest, guardararchivo_AfterPrintingSetsItsFlagsAnewAndKeepsItsName) {
     host.ExpectFileDialog(Path("a.doc"));
-    host.ExpectBox(
-        "Se imprimirán los resultados en  pantalla\r\n¿Desea continuar?\r\n \r\n"
-        "Pulsar 'Si' no admite cancelación posterior",
-        MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::PrintQuestion("Se imprimirán los resultados en  pantalla"),
+                   MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
     host.ExpectFileDialog(std::nullopt);
     Form6& form6 = Screen6();
     form6.guardararchivo_Click();

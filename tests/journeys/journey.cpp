@@ -6,9 +6,9 @@
 
 #include <stdexcept>
 
-#include "app/screens.h"
 #include "core/numbers.h"
 #include "forms/screen.h"
+#include "support/messages.h"
 
 namespace velmora::journeys {
 
@@ -23,23 +23,11 @@ const char* Of(const std::array<const char*, 3>& names, int day) {
     return names.at(static_cast<std::size_t>(day - 1));
 }
 
-ScreenChain& Started(ScreenChain& chain) {
-    chain.Go(ScreenId::Form1);
-    return chain;
-}
-
 std::string CellOf(int row, int column) { return Indexed("Text1", 18 * row + column); }
 
 }  // namespace
 
-Program::Program()
-    : chain([this](ScreenId id) {
-          return MakeScreen(id, {record, chain, host});
-      }),
-      window(Started(chain), host),
-      robot(window) {
-    host.Attach(window);
-    host.end = [this](int status) { exit_status = status; };
+Program::Program() {
     window.show();
     window.activateWindow();
     if (!QTest::qWaitForWindowActive(&window)) throw std::runtime_error("no active window");
@@ -136,6 +124,12 @@ void Journey::EnterAgents() {
     }
     robot.Choose("continuar", "pagina5");
     EXPECT_EQ(robot.ScreenName(), "Form5");
+}
+
+void Journey::EnterAll() {
+    EnterCompany();
+    EnterPlan();
+    EnterAgents();
 }
 
 void Journey::TypeDay(int day) {
@@ -251,27 +245,11 @@ JourneyTest::~JourneyTest() { SetDecimalSeparator(separator_before_); }
 Robot::Box Refusal(std::string text) { return {.text = std::move(text)}; }
 
 Robot::Box RestartQuestion(QMessageBox::StandardButton answer) {
-    return {.text =
-                "Modificar los datos correspondientes al número de días y jornadas\r\n"
-                "supone reiniciar todo el proceso de nuevo\r\n"
-                " y perder los datos introducidos hasta el momento.\r\n"
-                "¿Desea reiniciar el proceso?",
-            .answer = answer,
-            .icon = QMessageBox::Question,
-            .buttons = QMessageBox::Yes | QMessageBox::No,
-            .preset = QMessageBox::No,
-            .title = "Aviso"};
+    return BoxOf(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, answer, "Aviso");
 }
 
 Robot::Box IncompletePlan(QMessageBox::StandardButton answer) {
-    return {.text =
-                " Aún le faltan datos por introducir y sin ellos\r\n"
-                "  el programa no funcionará correctamente\r\n"
-                "¿Está seguro de que quiere continuar ?",
-            .answer = answer,
-            .icon = QMessageBox::Information,
-            .buttons = QMessageBox::Yes | QMessageBox::No,
-            .preset = QMessageBox::No};
+    return BoxOf(messages::kIncompletePlan, MsgBoxStyle::YesNoInformationNo, answer);
 }
 
 }  // namespace velmora::journeys

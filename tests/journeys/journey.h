@@ -3,33 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/chain.h"
-#include "core/record.h"
 #include "journeys/expected.h"
-#include "qt/qt_host.h"
-#include "qt/window.h"
-#include "support/robot.h"
+#include "support/program.h"
 
 namespace velmora::journeys {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// One run of the program from its start, put together as `velmora` is, and the robot that uses it.
-/// Its end is noted instead of ending this process.
-struct Program {
+/// One run of the program, its window active.
+struct Program : velmora::Program {
     Program();
-
-    EvaluacionRecord record;
-    QtHost host;
-    ScreenChain chain;
-    Window window;
-    Robot robot;
-    std::optional<int> exit_status;  ///< once the program has ended
 };
 
 /// The steps of an evaluation, by mouse and keys. Each starts on the screen where the one before it
@@ -51,6 +38,8 @@ public:
     void TypeAgents(int task, int rows);
     /// Types and stores the agents of each task, then goes to the sheet.
     void EnterAgents();
+    /// All that stands ahead of the sheet, from the first screen to the sheet.
+    void EnterAll();
     /// Lays the day out, with the first button alone, and types its measurements, from cell to cell
     /// with the Tab key.
     void TypeDay(int day);

@@ -13,31 +13,19 @@
 
 #include "forms/screen.h"
 #include "journeys/journey.h"
+#include "support/messages.h"
 #include "support/robot_input.h"
 
 namespace velmora::journeys {
 namespace {
 
-struct Size {
-    const char* name;
-    int width;
-    int height;
-};
+constexpr std::array kPercents = {100, 150};
 
-// clang-format off
-constexpr std::array<Size, 2> kSizes = {{
-    {"100", 825,  607},
-    {"150", 1237, 910},
-}};
-// clang-format on
-
-std::ostream& operator<<(std::ostream& out, const Size& size) { return out << size.name; }
-
-class Pictures : public JourneyTest, public ::testing::WithParamInterface<Size> {
+class Pictures : public JourneyTest, public ::testing::WithParamInterface<int> {
 protected:
     Pictures() {
         QDir().mkpath(QStringLiteral(PICTURES_FOLDER));
-        run.window.resize(GetParam().width, GetParam().height);
+        run.window.resize(825 * GetParam() / 100, 607 * GetParam() / 100);
         QCoreApplication::processEvents();
         robot.on_modal = [this](QDialog& /*modal*/) {
             if (!with_box_.empty()) Take(std::exchange(with_box_, {}));
@@ -48,7 +36,8 @@ protected:
     /// from the state before it by more than the time of the clock.
     void Take(const std::string& state) {
         SCOPED_TRACE(state);
-        const std::string file = PICTURES_FOLDER "/" + state + "-" + GetParam().name + ".png";
+        const std::string file =
+            PICTURES_FOLDER "/" + state + "-" + std::to_string(GetParam()) + ".png";
         QFile::remove(QString::fromStdString(file));
         robot.Snapshot(file);
         QImage picture(QString::fromStdString(file));
@@ -150,8 +139,7 @@ TEST_P(Pictures, OfTheCompany) {
     Take("form2-filled");
     TakeMenu("form2-menu", "continuar");
     robot.Retype("Text1(1)", "");
-    TakeWithBox("form2-refused",
-                Refusal("Debe cumplimentarse por lo menos el nombre de la empresa"));
+    TakeWithBox("form2-refused", Refusal(messages::kNoName));
     robot.Choose("continuar", "datosiniciales");
     with_box_ = "form2-file-dialog";
     robot.ExpectFileDialog(std::nullopt);
@@ -163,11 +151,11 @@ TEST_P(Pictures, OfThePlan) {
     Journey journey(run, expected);
     journey.EnterCompany();
     Take("form3-without-plan");
-    TakeWithBox("form3-refused-numbers", Refusal("Indique el número de Jornadas y de Tareas "));
+    TakeWithBox("form3-refused-numbers", Refusal(messages::kNoPick));
     robot.Press("Command1");
     journey.FixPlan(3, 3);
     Take("form3-with-plan");
-    TakeWithBox("form3-refused-line", Refusal("Antes de validar introduzca  todos los datos"));
+    TakeWithBox("form3-refused-line", Refusal(messages::kEntryIncomplete));
     robot.Press("Command2");
     for (int day = 1; day <= 3; ++day) {
         for (int task = 1; task <= 3; ++task) journey.EnterLine(expected.PlanOf(day, task));
@@ -185,7 +173,7 @@ TEST_P(Pictures, OfTheContaminants) {
     Take("form4-closed");
     robot.Pick("Combo1", "1");
     Take("form4-rows-open");
-    TakeWithBox("form4-refused", Refusal(" Cumplimente todos los datos"));
+    TakeWithBox("form4-refused", Refusal(messages::kRowsIncomplete));
     robot.Press("Command1");
     robot.Press("Command3");
     Take("form4-filled");
@@ -239,18 +227,14 @@ TEST_P(Pictures, OfTheFinalTable) {
     Take("form6-hidden");
     robot.Press("Command1");
     Take("form6-filled");
-    TakeWithBox("form6-print-question", {.text = "Se imprimirán los resultados en  pantalla\r\n"
-                                                 "¿Desea continuar?\r\n"
-                                                 " \r\n"
-                                                 "Pulsar 'Si' no admite cancelación posterior",
-                                         .answer = QMessageBox::No,
-                                         .buttons = QMessageBox::Yes | QMessageBox::No,
-                                         .preset = QMessageBox::Yes});
+    TakeWithBox("form6-print-question",
+                BoxOf(messages::PrintQuestion("Se imprimirán los resultados en  pantalla"),
+                      MsgBoxStyle::YesNo, QMessageBox::No));
     robot.Choose("imprimir");
 }
 
-INSTANTIATE_TEST_SUITE_P(AtPerCent, Pictures, ::testing::ValuesIn(kSizes),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(AtPerCent, Pictures, ::testing::ValuesIn(kPercents),
+                         [](const auto& test) { return std::to_string(test.param); });
 
 }  // namespace
 }  // namespace velmora::journeys

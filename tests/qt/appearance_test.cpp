@@ -84,27 +84,21 @@ protected:
 };
 
 TEST_F(SheetAppearance, ACellTooNarrowForItsTextTellsItWholeInItsToolTip) {
-    SetPlan(1, 1, 1);
-    auto& form5 = Open<Form5>(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    auto& form5 = OpenSheet(1, 1, 1);
     form5.Text3(0).Text = "536.069661301946";
     window->ShowChanges();
     EXPECT_EQ(ToolTipOver(Cell("Text3(0)")), QStringLiteral("536.069661301946"));
 }
 
 TEST_F(SheetAppearance, ACellThatShowsAllItsTextHasNoToolTip) {
-    SetPlan(1, 1, 1);
-    auto& form5 = Open<Form5>(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    auto& form5 = OpenSheet(1, 1, 1);
     form5.Text3(0).Text = "384";
     window->ShowChanges();
     EXPECT_EQ(ToolTipOver(Cell("Text3(0)")), QString());
 }
 
 TEST_F(SheetAppearance, ASampleOverItsLimitIsToldToAScreenReaderToo) {
-    SetPlan(1, 1, 1);
-    auto& form5 = Open<Form5>(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    auto& form5 = OpenSheet(1, 1, 1);
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QString());
     form5.Text1(7).BackColor = 250;
     form5.Text1(7).ForeColor = kWindowBackground;

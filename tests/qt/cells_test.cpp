@@ -241,11 +241,7 @@ INSTANTIATE_TEST_SUITE_P(OnTheWindow, FilteredCellTest, ::testing::ValuesIn(kFil
 /// The sheet of a plan of one task of two contaminants, laid out.
 class SampleCellTest : public CellTest {
 protected:
-    SampleCellTest() {
-        SetPlan(1, 1, 2);
-        Open(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
-    }
+    SampleCellTest() { OpenSheet(1, 1, 2); }
 
     std::string Held(int cell) { return Current<Form5>().Text1(cell).Text; }
 };
@@ -336,11 +332,7 @@ TEST_F(SampleCellTest, ABoxOpenedByNoKeyLeavesTheFocusWhereItIs) {
 /// The contaminants of a task of one row, opened.
 class RowCellTest : public CellTest {
 protected:
-    RowCellTest() {
-        SetPlan(1, 1, 1);
-        Open(ScreenId::Form4);
-        robot.Pick("Combo1", "1");
-    }
+    RowCellTest() { OpenRows(1); }
 };
 
 TEST_F(RowCellTest, AMarkHoldsTheLastDigitTyped) {
@@ -548,9 +540,7 @@ TEST_F(CellTest, ATextThatTheProgramGivesHasTheCaretAtItsEnd) {
 }
 
 TEST_F(CellTest, ComingBackToALimitADigitAndAPointPassOnceMoreAtItsEnd) {
-    SetPlan(1, 1, 1);
-    Open(ScreenId::Form4);
-    robot.Pick("Combo1", "1");
+    OpenRows(1);
     Edit("Text1(2)").setFocus();
     robot.Type("1.5");
     Edit("Text1(3)").setFocus();
@@ -561,9 +551,7 @@ TEST_F(CellTest, ComingBackToALimitADigitAndAPointPassOnceMoreAtItsEnd) {
 }
 
 TEST_F(CellTest, ALetterWithAltTypesNothing) {
-    SetPlan(1, 1, 1);
-    Open(ScreenId::Form4);
-    robot.Pick("Combo1", "1");
+    OpenRows(1);
     for (const char* const cell : {"Text1(1)", "Text1(2)"}) {
         QKeyEvent press(QEvent::KeyPress, Qt::Key_7, Qt::AltModifier, QStringLiteral("7"));
         QApplication::sendEvent(&Edit(cell), &press);

@@ -13,6 +13,7 @@
 #include "qt/text.h"
 #include "qt/window_test.h"
 #include "sheet/form5.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -104,9 +105,7 @@ private:
 class SheetChangeTest : public ChangeTest {
 protected:
     SheetChangeTest() {
-        SetPlan(1, 1, 2);
-        Open(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
+        OpenSheet(1, 1, 2);
         for (const char* const cell : {"Text1(7)", "Text1(8)", "Text1(25)", "Text1(26)"}) {
             robot.Type(cell, "5");
         }
@@ -208,9 +207,7 @@ TEST_F(ChangeTest, TheClockGoesOnBehindABoxAndTouchesItsLabelAlone) {
 }
 
 TEST_F(ChangeTest, WhatAHandlerChangedIsShownBeforeItsBox) {
-    SetPlan(1, 1, 1);
-    Open(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    OpenSheet(1, 1, 1);
     ASSERT_TRUE(robot.Visible("Text1(7)"));
     std::string caption;
     bool sheet_visible = true;
@@ -218,8 +215,7 @@ TEST_F(ChangeTest, WhatAHandlerChangedIsShownBeforeItsBox) {
         caption = robot.WindowCaption();
         sheet_visible = robot.Visible("Text1(7)");
     };
-    robot.ExpectBox(
-        {.text = " El número de día seleccionado no es coherente con los datos introducidos"});
+    robot.ExpectBox({.text = messages::kIncoherentDay});
     robot.Choose("introducirdatos", "introsegundo");
     EXPECT_EQ(caption,
               "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : SEGUNDO DIA");
@@ -234,8 +230,7 @@ TEST_F(ChangeTest, TheHeadingsStandBehindTheRefusalOfATask) {
         heading = robot.Visible("Label4(1)");
         picked = robot.Text("Combo1");
     };
-    robot.ExpectBox({.text = " El número de tareas seleccionado no es coherente con el valor "
-                             "asignado inicialmente"});
+    robot.ExpectBox({.text = messages::kTaskAboveOnPick});
     robot.Pick("Combo1", "2");
     EXPECT_TRUE(heading);
     EXPECT_EQ(picked, "2");

@@ -69,11 +69,7 @@ TEST_F(CutTextTest, ItShowsItsBeginningWhenTheFocusComes) {
 /// A list whose text, that of a file, isn't among its items.
 class CutListTest : public WindowTest {
 protected:
-    CutListTest() {
-        SetPlan(1, 1, 2);
-        Open(ScreenId::Form4);
-        robot.Pick("Combo1", "1");
-    }
+    CutListTest() { OpenRows(2); }
 
     void Give(const std::string& text) {
         window->Run([&] { Current<Form4>().Combo13(0).Text = text; });

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QPushButton>
 
+#include <functional>
 #include <stdexcept>
 
 #include "qt/window_test.h"
@@ -17,6 +18,13 @@ protected:
         robot.ExpectBox(ErrorBox("Error en tiempo de ejecución: " + sentence));
     }
 
+    /// The step shows this error and ends the program.
+    void ExpectEnd(const std::string& sentence, const std::function<void()>& step) {
+        ExpectErrorBox(sentence);
+        step();
+        EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    }
+
     /// After the sentence: what it means for the work done, and where its causes are told.
     static Robot::Box ErrorBox(const std::string& sentence) {
         Robot::Box box =
@@ -29,16 +37,9 @@ protected:
         return box;
     }
 
-    /// The sheet of one task, laid out.
-    void OpenSheet(int rows) {
-        SetPlan(1, 1, rows);
-        Open(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
-    }
-
-    /// The same with samples typed and everything computed up to `Command5`.
+    /// The sheet of one task with samples typed and everything computed up to `Command5`.
     void OpenSheetAtShortExposure() {
-        OpenSheet(1);
+        OpenSheet(1, 1, 1);
         robot.Type("Text1(7)", "5");
         robot.Type("Text1(8)", "6");
         robot.Press("Command1");
@@ -48,30 +49,24 @@ protected:
 
 // One usable sample: its deviation is a sum of 0 over 1 - 1.
 TEST_F(RunTimeErrorTest, ASingleSampleIsAnInvalidOperation) {
-    OpenSheet(1);
+    OpenSheet(1, 1, 1);
     robot.Type("Text1(7)", "5");
     robot.Type("Text1(8)", "0");
-    ExpectErrorBox("operación aritmética no válida.");
-    robot.Press("Command1");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("operación aritmética no válida.", [this] { robot.Press("Command1"); });
 }
 
 TEST_F(RunTimeErrorTest, FourHundredDigitsOverflow) {
-    OpenSheet(1);
+    OpenSheet(1, 1, 1);
     robot.Type("Text1(7)", std::string(400, '9'));
     robot.Type("Text1(8)", "5");
-    ExpectErrorBox("desbordamiento.");
-    robot.Press("Command1");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("desbordamiento.", [this] { robot.Press("Command1"); });
 }
 
 // The MG cell, wiped by a backspace, reads 0: EC+ over MG+ is 200 / 0.
 TEST_F(RunTimeErrorTest, AWipedGeometricMeanIsADivisionByZero) {
     OpenSheetAtShortExposure();
     robot.Key("Text1(16)", Qt::Key_Backspace);
-    ExpectErrorBox("división por cero.");
-    robot.Press("Command5");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("división por cero.", [this] { robot.Press("Command5"); });
 }
 
 TEST_F(RunTimeErrorTest, ANegativeSampleOfARestoredDayHasNoLogarithm) {
@@ -81,9 +76,7 @@ TEST_F(RunTimeErrorTest, ANegativeSampleOfARestoredDayHasNoLogarithm) {
     record.HojaPrimerDia(9) = "5";    // C2
     Open(ScreenId::Form5);
     robot.Choose("recuperar", "recupprimerdia");
-    ExpectErrorBox("argumento no válido en una función.");
-    robot.Press("Command1");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("argumento no válido en una función.", [this] { robot.Press("Command1"); });
 }
 
 TEST_F(RunTimeErrorTest, ARestoredPlanOfFourDaysEndsOnThePlansScreenWithASubscript) {
@@ -91,26 +84,23 @@ TEST_F(RunTimeErrorTest, ARestoredPlanOfFourDaysEndsOnThePlansScreenWithASubscri
     record.NumJornadas = 4;
     record.DatosEmpresa(1) = "Acme";
     Open(ScreenId::Form2);
-    ExpectErrorBox("subíndice fuera de rango.");
-    robot.Choose("continuar", "datosiniciales");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("subíndice fuera de rango.", [this] { robot.Choose("continuar", "datosiniciales"); });
 }
 
 TEST_F(RunTimeErrorTest, ARestoredTaskOfSevenContaminantsEndsOnItsPick) {
     SetPlan(1, 1, 1);
     record.NumContaminantes(1) = 7;
     Open(ScreenId::Form4);
-    ExpectErrorBox("subíndice fuera de rango.");
-    robot.Pick("Combo1", "1");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("subíndice fuera de rango.", [this] { robot.Pick("Combo1", "1"); });
 }
 
 TEST_F(RunTimeErrorTest, ATextThatIsNoNumberWhereAnIntegerIsWantedIsAMismatch) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form3);
-    ExpectErrorBox("los tipos no coinciden.");
-    robot.Act("a step with a bad text", [this] { window->Run([] { ConvertirEntero("dos"); }); });
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("los tipos no coinciden.", [this] {
+        robot.Act("a step with a bad text",
+                  [this] { window->Run([] { ConvertirEntero("dos"); }); });
+    });
 }
 
 TEST_F(RunTimeErrorTest, AnyOtherFaultEndsTheProgramTheSameWay) {
@@ -120,19 +110,17 @@ TEST_F(RunTimeErrorTest, AnyOtherFaultEndsTheProgramTheSameWay) {
 }
 
 TEST_F(RunTimeErrorTest, AKeyFiltersErrorEndsTheProgramToo) {
-    OpenSheet(1);
+    OpenSheet(1, 1, 1);
     // Digits are counted in 16 bits: the one past 32767 overflows.
     window->Run([this] {
         KeyCode digit = '1';
         for (int i = 0; i < 32767; ++i) Current<Form5>().Text1_KeyPress(7, digit);
     });
-    ExpectErrorBox("desbordamiento.");
-    robot.Type("Text1(7)", "1");
-    EXPECT_THAT(TakeEnds(), ElementsAre(1));
+    ExpectEnd("desbordamiento.", [this] { robot.Type("Text1(7)", "1"); });
 }
 
 TEST_F(RunTimeErrorTest, NothingRunsBehindItsBoxNorAfterIt) {
-    OpenSheet(1);
+    OpenSheet(1, 1, 1);
     robot.Type("Text1(7)", "5");
     robot.Type("Text1(8)", "0");
     std::vector<int> ends_while_open = {-1};
@@ -158,9 +146,7 @@ TEST_F(RunTimeErrorTest, NothingRunsBehindItsBoxNorAfterIt) {
 }
 
 TEST_F(RunTimeErrorTest, WhatWasDoneBeforeItIsOnTheWindowBehindItsBox) {
-    SetPlan(1, 1, 2);
-    Open(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    OpenSheet(1, 1, 2);
     for (const char* const cell : {"Text1(7)", "Text1(8)", "Text1(25)"}) robot.Type(cell, "5");
     robot.Type("Text1(26)", "0");  // the second row alone has one usable sample
     std::string first_mean;

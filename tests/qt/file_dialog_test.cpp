@@ -16,6 +16,7 @@
 #include "final/form6.h"
 #include "qt/text.h"
 #include "qt/window_test.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -237,7 +238,7 @@ TEST_F(RestoringTest, ACancelAtFirstWipesTheBoxesAndTheNameIsThenMissing) {
     robot.ExpectFileDialog(std::nullopt);
     robot.Choose("recuperardatos");
     for (int i = 1; i <= 19; ++i) EXPECT_EQ(robot.Text(Indexed("Text1", i)), "") << i;
-    robot.ExpectBox({.text = "Debe cumplimentarse por lo menos el nombre de la empresa"});
+    robot.ExpectBox({.text = messages::kNoName});
     robot.Choose("continuar", "calculos");
 }
 

@@ -22,13 +22,6 @@ namespace {
 
 class FocusTest : public WindowTest {
 protected:
-    /// The sheet of a plan, its first day laid out.
-    void OpenDay(int tasks, int rows) {
-        SetPlan(1, tasks, rows);
-        Open(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
-    }
-
     std::string ActiveTitle() const {
         const QAction* const active = window->menuBar()->activeAction();
         return active == nullptr ? std::string() : active->text().toStdString();
@@ -78,7 +71,7 @@ protected:
 };
 
 TEST_F(FocusTest, EscapeAfterF10GivesTheKeyboardBack) {
-    OpenDay(1, 1);
+    OpenSheet(1, 1, 1);
     robot.Click("Text1(8)");
     robot.Key(Qt::Key_F10);
     EXPECT_EQ(ActiveTitle(), "Introducir datos");
@@ -88,7 +81,7 @@ TEST_F(FocusTest, EscapeAfterF10GivesTheKeyboardBack) {
 }
 
 TEST_F(FocusTest, EscapeInAListOpenedFromF10GivesTheKeyboardBack) {
-    OpenDay(1, 1);
+    OpenSheet(1, 1, 1);
     robot.Click("Text1(8)");
     robot.Key(Qt::Key_F10);
     robot.Key(Qt::Key_Down);
@@ -100,7 +93,7 @@ TEST_F(FocusTest, EscapeInAListOpenedFromF10GivesTheKeyboardBack) {
 }
 
 TEST_F(FocusTest, EscapeInAListOpenedByTheMouseGivesTheKeyboardBack) {
-    OpenDay(1, 1);
+    OpenSheet(1, 1, 1);
     robot.Click("Text1(8)");
     OpenList("continuar");
     robot.Key(Qt::Key_Escape);
@@ -119,7 +112,7 @@ TEST_F(FocusTest, AltAloneGoesToTheFirstTitleWithACaptionAndBack) {
         PressAlt();
         EXPECT_EQ(ActiveTitle(), "");
     }
-    OpenDay(1, 1);
+    OpenSheet(1, 1, 1);
     robot.Click("Text1(8)");
     PressAlt();
     robot.Key(Qt::Key_Escape);
@@ -127,7 +120,7 @@ TEST_F(FocusTest, AltAloneGoesToTheFirstTitleWithACaptionAndBack) {
 }
 
 TEST_F(FocusTest, ABoxReachedByF10LeavesTheKeyboardWhereItWas) {
-    OpenDay(1, 1);
+    OpenSheet(1, 1, 1);
     robot.Click("Text1(8)");
     robot.Key(Qt::Key_F10);
     robot.Key(Qt::Key_Left);  // round to the last title
@@ -139,7 +132,7 @@ TEST_F(FocusTest, ABoxReachedByF10LeavesTheKeyboardWhereItWas) {
 }
 
 TEST_F(FocusTest, ADayLaidOutTakesItsFirstDigitInC1) {
-    OpenDay(1, 2);
+    OpenSheet(1, 1, 2);
     EXPECT_EQ(robot.Focused(), "Text1(7)");
     robot.Type("5");
     EXPECT_EQ(robot.Text("Text1(7)"), "5");
@@ -154,7 +147,7 @@ TEST_F(FocusTest, ADayLaidOutTakesItsFirstDigitInC1) {
 }
 
 TEST_F(FocusTest, ADayChosenByKeysTakesItsFirstDigitInC1) {
-    OpenDay(1, 2);
+    OpenSheet(1, 1, 2);
     robot.Click("Text1(26)");
     robot.Key(Qt::Key_F10);
     robot.Key(Qt::Key_Down);
@@ -163,7 +156,7 @@ TEST_F(FocusTest, ADayChosenByKeysTakesItsFirstDigitInC1) {
 }
 
 TEST_F(FocusTest, ABoxOfTheSheetLeavesTheKeyboardInItsCell) {
-    OpenDay(1, 2);
+    OpenSheet(1, 1, 2);
     robot.Click("Text1(26)");
     robot.ExpectBox(
         BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
@@ -172,7 +165,7 @@ TEST_F(FocusTest, ABoxOfTheSheetLeavesTheKeyboardInItsCell) {
 }
 
 TEST_F(FocusTest, AfterTheSheetsLastSampleTabReachesItsButtons) {
-    OpenDay(1, 1);
+    OpenSheet(1, 1, 1);
     robot.Click("Text1(12)");
     robot.Key(Qt::Key_Tab);
     EXPECT_EQ(robot.Focused(), "Command1");
@@ -181,7 +174,7 @@ TEST_F(FocusTest, AfterTheSheetsLastSampleTabReachesItsButtons) {
 }
 
 TEST_F(FocusTest, F6GoesToTheButtonThatOpenedLast) {
-    OpenDay(2, 1);
+    OpenSheet(1, 2, 1);
     for (const char* const cell : {"Text1(7)", "Text1(8)", "Text1(115)", "Text1(116)"}) {
         robot.Type(cell, "5");
     }
@@ -218,7 +211,7 @@ TEST_F(FocusTest, F6ReachesTheButtonsOfTheOtherScreensFromListsToo) {
 }
 
 TEST_F(FocusTest, UpAndDownGoByARowFromTaskToTask) {
-    OpenDay(2, 2);
+    OpenSheet(1, 2, 2);
     robot.Click("Text1(8)");
     for (const char* const cell : {"Text1(26)", "Text1(116)", "Text1(134)", "Text1(134)"}) {
         robot.Key(Qt::Key_Down);
@@ -234,9 +227,7 @@ TEST_F(FocusTest, UpAndDownGoByARowFromTaskToTask) {
 }
 
 TEST_F(FocusTest, UpAndDownGoByARowInTheOtherGrids) {
-    SetPlan(1, 1, 2);
-    Open(ScreenId::Form4);
-    robot.Pick("Combo1", "1");
+    OpenRows(2);
     for (const auto& [upper, lower] :
          {std::pair{"Text1(1)", "Text1(6)"}, std::pair{"Text3(0)", "Text3(1)"},
           std::pair{"Text1(4)", "Text1(9)"}}) {
@@ -254,7 +245,7 @@ TEST_F(FocusTest, UpAndDownGoByARowInTheOtherGrids) {
 }
 
 TEST_F(FocusTest, EnterInACellGoesOnLikeTabOnceItsFilterHasSeenIt) {
-    OpenDay(1, 2);
+    OpenSheet(1, 1, 2);
     robot.Type("Text1(12)", "5");
     const QWidget& cell = robot.Find("Text1(12)");
     robot.Key(Qt::Key_Return);
@@ -273,7 +264,7 @@ TEST_F(FocusTest, EnterInACellGoesOnLikeTabOnceItsFilterHasSeenIt) {
 }
 
 TEST_F(FocusTest, ADigitAfterTabIsAddedToWhatTheFilteredCellHolds) {
-    OpenDay(1, 2);
+    OpenSheet(1, 1, 2);
     robot.Type("Text1(7)", "12");
     robot.Type("Text1(8)", "34");
     robot.Type("Text1(25)", "56");
@@ -300,9 +291,7 @@ TEST_F(FocusTest, AFieldOfFreeTextIsSelectedByTabAsEverywhere) {
 }
 
 TEST_F(FocusTest, CellsListsAndButtonsShowTheFocusWithTheSameFrame) {
-    SetPlan(1, 1, 1);
-    Open(ScreenId::Form4);
-    robot.Pick("Combo1", "1");
+    OpenRows(1);
     for (const char* const name : {"Text1(2)", "Combo13(0)", "Command1", "Combo1"}) {
         QWidget& widget = robot.Find(name);
         EXPECT_FALSE(IsFramed(Picture(widget), FocusColor())) << name;
@@ -328,7 +317,7 @@ TEST_F(FocusTest, TheFrameGrowsWithTheWindow) {
 }
 
 TEST_F(FocusTest, TheFrameOfAnUpperRowIsWholeAndAllElseStaysAsItWasLaidOut) {
-    OpenDay(1, 3);
+    OpenSheet(1, 1, 3);
     const QWidget& cell = robot.Find("Text1(8)");
     robot.Click("Text1(26)");
     const QImage before = window->grab().toImage();
@@ -339,7 +328,7 @@ TEST_F(FocusTest, TheFrameOfAnUpperRowIsWholeAndAllElseStaysAsItWasLaidOut) {
 }
 
 TEST_F(FocusTest, WalkingThroughTheCellsKeepsTheOrderThatAScreenReaderTells) {
-    OpenDay(1, 2);
+    OpenSheet(1, 1, 2);
     const auto told = [this] {
         std::vector<std::string> names;
         const QAccessibleInterface* const canvas =

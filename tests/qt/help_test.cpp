@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
@@ -18,23 +17,10 @@
 #include "capture/form4.h"
 #include "qt/text.h"
 #include "qt/window_test.h"
+#include "support/browser.h"
 
 namespace velmora::test {
 namespace {
-
-/// Stands in for the user's browser: keeps what it is asked to open.
-class Browser : public QObject {
-    Q_OBJECT
-
-public:
-    Browser() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void Open(const QUrl& url) { opened << url; }
-};
 
 class GuideTest : public EachScreenTest {
 protected:
@@ -153,9 +139,7 @@ TEST_F(HelpTest, TheCellsOfSamplingTimesTellHowTheyChange) {
 }
 
 TEST_F(HelpTest, TheContaminantsAreCopiedWithTheirHeadings) {
-    SetPlan(1, 1, 2);
-    Open(ScreenId::Form4);
-    robot.Pick("Combo1", "1");
+    OpenRows(2);
     robot.Press("Command3");
     window->Run([this] { Current<Form4>().Text1(1).Text = "uno\tdos"; });
     TakeLastEntry("Text1(6)");
@@ -166,9 +150,7 @@ TEST_F(HelpTest, TheContaminantsAreCopiedWithTheirHeadings) {
 }
 
 TEST_F(HelpTest, TheSheetIsCopiedTaskByTask) {
-    SetPlan(1, 2, 1);
-    Open(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    OpenSheet(1, 2, 1);
     robot.Type("Text1(7)", "12.5");
     TakeLastEntry("Text1(8)");
     const std::string headings =
@@ -195,5 +177,3 @@ TEST_F(HelpTest, TheFinalTableIsCopiedFromAFreeCellToo) {
 
 }  // namespace
 }  // namespace velmora::test
-
-#include "help_test.moc"

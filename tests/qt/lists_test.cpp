@@ -18,6 +18,7 @@
 #include "capture/form4.h"
 #include "qt/text.h"
 #include "qt/window_test.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -326,11 +327,7 @@ TEST_F(ListTest, TheEntryRowKeepsItsPicksWhileItIsHidden) {
     Open(ScreenId::Form3);
     robot.Pick("Combo1(4)", "14");
     robot.ExpectBox(
-        BoxOf("Modificar los datos correspondientes al número de días y jornadas\n"
-              "supone reiniciar todo el proceso de nuevo\n"
-              " y perder los datos introducidos hasta el momento.\n"
-              "¿Desea reiniciar el proceso?",
-              MsgBoxStyle::YesNoQuestionNo, QMessageBox::Yes, "Aviso"));
+        BoxOf(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, QMessageBox::Yes, "Aviso"));
     robot.Pick("Combo1(0)", "1");
     EXPECT_FALSE(robot.Visible("Combo1(4)"));
     robot.Pick("Combo1(1)", "1");
@@ -343,11 +340,7 @@ TEST_F(ListTest, ANoToTheRestartLeavesTheValueJustPickedInTheList) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form3);
     robot.ExpectBox(
-        BoxOf("Modificar los datos correspondientes al número de días y jornadas\n"
-              "supone reiniciar todo el proceso de nuevo\n"
-              " y perder los datos introducidos hasta el momento.\n"
-              "¿Desea reiniciar el proceso?",
-              MsgBoxStyle::YesNoQuestionNo, QMessageBox::No, "Aviso"));
+        BoxOf(messages::kRestart, MsgBoxStyle::YesNoQuestionNo, QMessageBox::No, "Aviso"));
     robot.Pick("Combo1(0)", "3");
     ExpectText("Combo1(0)", "3");
     EXPECT_EQ(record.NumJornadas, 1);

@@ -1,39 +1,13 @@
 // Every message of every screen, on the real window: how it comes, its text to the letter, its
 // style and its title.
 
+#include "support/messages.h"
 #include "qt/window_test.h"
 
 namespace velmora::test {
 namespace {
 
-const std::string kIncoherentDay =
-    " El número de día seleccionado no es coherente con los datos introducidos";
-const std::string kIncompletePlan =
-    " Aún le faltan datos por introducir y sin ellos\n"
-    "  el programa no funcionará correctamente\n"
-    "¿Está seguro de que quiere continuar ?";
-const std::string kRestart =
-    "Modificar los datos correspondientes al número de días y jornadas\n"
-    "supone reiniciar todo el proceso de nuevo\n"
-    " y perder los datos introducidos hasta el momento.\n"
-    "¿Desea reiniciar el proceso?";
-const std::string kNameMissing = "Debe cumplimentarse por lo menos el nombre de la empresa";
-const std::string kSumAboveSix =
-    "La suma total de contaminantes de 30' y de 15' ha de ser menor o igual que 6";
-const std::string kNoPick = "Indique el número de Jornadas y de Tareas ";
-const std::string kEntryIncomplete = "Antes de validar introduzca  todos los datos";
-const std::string kEntryIncoherent =
-    "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores asignados";
-const std::string kSumDiffers =
-    "El número total de contaminantes es  la suma de los expresados para 30' y 15' ";
-const std::string kNoPlan =
-    "No puede cargar datos de mediciones si no indica previamente el número de jornadas y de "
-    "tareas";
-const std::string kNoTask = " Seleccione una tarea";
-const std::string kTaskAbove = " El número de tareas seleccionado no es coherente";
-const std::string kTaskAboveOnPick =
-    " El número de tareas seleccionado no es coherente con el valor asignado inicialmente";
-const std::string kRowsIncomplete = " Cumplimente todos los datos";
+using namespace messages;
 
 struct Message;
 
@@ -61,10 +35,8 @@ public:
     }
 
     /// The contaminants of a plan of one task, two of them, with the stored list in the rows.
-    void OpenRows() {
-        SetPlan(1, 1, 2);
-        Open(ScreenId::Form4);
-        robot.Pick("Combo1", "1");
+    void OpenStoredRows() {
+        OpenRows(2);
         robot.Press("Command3");
     }
 
@@ -77,15 +49,9 @@ public:
     }
 
     /// The sheet of one day, laid out, of one contaminant in each of its tasks.
-    void OpenSheet(int tasks) {
-        SetPlan(1, tasks, 1);
-        Open(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
-    }
-
     /// The same with the buttons up to that of the last task opened.
     void OpenSheetAtLastTask(int tasks) {
-        OpenSheet(tasks);
+        OpenSheet(1, tasks, 1);
         for (int t = 1; t < tasks; ++t) {
             Fill(t);
             robot.Press(std::string("Command") + static_cast<char>('0' + t));
@@ -132,33 +98,27 @@ std::function<void(Robot&)> Picking(std::string list, std::string item) {
     return [=](Robot& robot) { robot.Pick(list, item); };
 }
 
-std::string PrintQuestion(const std::string& notice) {
-    return notice + "\n¿Desea continuar?\n \nPulsar 'Si' no admite cancelación posterior";
-}
-
-const std::string kLeave = "¿Está seguro de que quiere salir?";
-
 // clang-format off
 
 std::vector<Message> MessagesOfForm1() {
     return {
-        {"Form1Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form1), Choosing("salir")},
+        {"Form1Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form1), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm2() {
     const auto nameless = [](MessageTest& test) { test.OpenWithoutName(); };
     return {
-        {"Form2DatosInicialesWithoutName",   kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "datosiniciales")},
-        {"Form2ContaminantesWithoutName",    kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "contaminantes")},
-        {"Form2CalculosWithoutName",         kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "calculos")},
-        {"Form2ResultadoFinalWithoutName",   kNameMissing, MsgBoxStyle::Ok, nameless, Choosing("continuar", "resulatadofinal")},
+        {"Form2DatosInicialesWithoutName",   kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "datosiniciales")},
+        {"Form2ContaminantesWithoutName",    kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "contaminantes")},
+        {"Form2CalculosWithoutName",         kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "calculos")},
+        {"Form2ResultadoFinalWithoutName",   kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "resulatadofinal")},
         {"Form2Regresar",
          "Si regresa perderá todos los datos introducidos hasta el momento\n"
          "¿Está seguro de que quiere regresar?",
          MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("Regresar")},
         {"Form2Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form2), Choosing("imprimir")},
-        {"Form2Salir", kLeave, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("salir")},
+        {"Form2Salir", kExit, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("salir")},
     };
 }
 
@@ -193,13 +153,13 @@ std::vector<Message> MessagesOfForm3() {
         {"Form3EntryOfATaskAbove",        kEntryIncoherent, MsgBoxStyle::Ok, entry(3, {"3", "2", "8", "1", "0", "1"}), Pressing("Command2")},
         {"Form3EntryWithAnotherSum",      kSumDiffers,      MsgBoxStyle::Ok, entry(1, {"1", "1", "8", "3", "2", "4"}), Pressing("Command2")},
         {"Form3Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form3), Choosing("imprimir")},
-        {"Form3Salir", kLeave, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("salir")},
+        {"Form3Salir", kExit, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm4() {
     const auto rows = [](std::function<void(MessageTest&)> change) {
-        return [=](MessageTest& test) { test.OpenRows(); change(test); };
+        return [=](MessageTest& test) { test.OpenStoredRows(); change(test); };
     };
     const auto above = [](MessageTest& test) { test.OpenWithTaskAbove(); };
     return {
@@ -223,7 +183,7 @@ std::vector<Message> MessagesOfForm4() {
                                  test.robot.Type("Text1(1)", "a"); test.robot.Type("Text1(2)", "1"); test.robot.Type("Text1(3)", "1");
                                  test.robot.Type("Text1(4)", "0"); test.robot.Pick("Combo13(0)", "ppm"); }, Pressing("Command1")},
         {"Form4Imprimir", PrintQuestion("Se imprimirá pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form4), Choosing("imprimir")},
-        {"Form4Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form4), Choosing("salir")},
+        {"Form4Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form4), Choosing("salir")},
     };
 }
 
@@ -263,14 +223,14 @@ std::vector<Message> MessagesOfForm5() {
         {"Form5Command3WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.robot.Type("Text1(223)", "5"); t.robot.Type("Text1(228)", "5"); }), Pressing("Command3")},
         {"Form5Imprimir", PrintQuestion("Se imprimirán todos los datos en pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form5), Choosing("imprimir")},
-        {"Form5Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form5), Choosing("salir")},
+        {"Form5Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form5), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm6() {
     return {
         {"Form6Imprimir", PrintQuestion("Se imprimirán los resultados en  pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form6), Choosing("imprimir")},
-        {"Form6Salir", kLeave, MsgBoxStyle::YesNoInformation, At(ScreenId::Form6), Choosing("salir")},
+        {"Form6Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form6), Choosing("salir")},
     };
 }
 

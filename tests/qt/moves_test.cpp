@@ -14,6 +14,7 @@
 #include "qt/text.h"
 #include "qt/window_test.h"
 #include "sheet/form5.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -229,7 +230,7 @@ TEST_F(MoveTest, ARefusedMoveLeavesWhatWasTyped) {
     Open(ScreenId::Form2);
     robot.Type("Text1(4)", "Calle Mayor");
     robot.Retype("Text1(1)", "");
-    robot.ExpectBox({.text = "Debe cumplimentarse por lo menos el nombre de la empresa"});
+    robot.ExpectBox({.text = messages::kNoName});
     robot.Choose("continuar", "calculos");
     EXPECT_EQ(robot.Text("Text1(4)"), "Calle Mayor");
     EXPECT_EQ(record.DatosEmpresa(4), "");

@@ -72,9 +72,7 @@ protected:
 
     /// A sheet of one row whose EC+ has more digits than its cell shows.
     void OpenSheetWithACutResult() {
-        SetPlan(1, 1, 1);
-        auto& form5 = Open<Form5>(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
+        auto& form5 = OpenSheet(1, 1, 1);
         form5.Text3(0).Text = "536.069661301946";  // of the worked day
         window->ShowChanges();
     }
@@ -134,9 +132,7 @@ TEST_F(PaperTest, ACutTextOfAListStandsInFullUnderTheImage) {
 }
 
 TEST_F(PaperTest, AFigureUnderTheImageIsNotBrokenAtTheEndOfALine) {
-    SetPlan(1, 1, 6);
-    auto& form5 = Open<Form5>(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    auto& form5 = OpenSheet(1, 1, 6);
     const std::string figure = "536.069661301946";
     for (int i = 0; i < 36; ++i) form5.Text1(i).Text = figure;
     window->ShowChanges();
@@ -150,9 +146,7 @@ TEST_F(PaperTest, AFigureUnderTheImageIsNotBrokenAtTheEndOfALine) {
 }
 
 TEST_F(PaperTest, WithoutACutTextNothingStandsUnderTheImage) {
-    SetPlan(1, 1, 1);
-    Open(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    OpenSheet(1, 1, 1);
     Print();
     EXPECT_THAT(Text(), Not(HasSubstr("Textos completos")));
 }
@@ -188,9 +182,7 @@ TEST_F(PaperTest, AnEndlessTextIsBoundedAndToldWithItsLength) {
 }
 
 TEST_F(PaperTest, WhatDoesNotFitUnderTheImageIsCounted) {
-    SetPlan(3, 3, 6);
-    auto& form5 = Open<Form5>(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    auto& form5 = OpenSheet(3, 3, 6);
     for (int i = 0; i < 324; ++i) form5.Text1(i).Text = std::string(200, 'W');
     window->ShowChanges();
     Print();

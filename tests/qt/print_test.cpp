@@ -14,31 +14,18 @@
 #include "qt/platform.h"
 #include "qt/text.h"
 #include "qt/window_test.h"
+#include "support/messages.h"
+
+namespace velmora::messages {
+
+void PrintTo(const Print& print, std::ostream* out) { *out << test::NameOf(print.screen); }
+
+}  // namespace velmora::messages
 
 namespace velmora::test {
 namespace {
 
 using Print = Robot::Print;
-
-/// What each screen says and sets.
-struct Notice {
-    ScreenId screen;
-    const char* text;
-    int first_page;
-    int last_page;
-};
-
-std::ostream& operator<<(std::ostream& out, const Notice& row) { return out << NameOf(row.screen); }
-
-// clang-format off
-constexpr std::array<Notice, 5> kNotices = {{
-    {ScreenId::Form2, "Se imprimirá la pantalla",                    0, 2},
-    {ScreenId::Form3, "Se imprimirá la pantalla",                    0, 1000},
-    {ScreenId::Form4, "Se imprimirá pantalla",                       0, 1000},
-    {ScreenId::Form5, "Se imprimirán todos los datos en pantalla",   0, 1000},
-    {ScreenId::Form6, "Se imprimirán los resultados en  pantalla",   1, 1000},
-}};
-// clang-format on
 
 class PrintTest : public WindowTest {
 protected:
@@ -55,10 +42,7 @@ protected:
     std::string Page() const { return folder.filePath(QStringLiteral("page.pdf")).toStdString(); }
 
     void ExpectQuestion(std::string_view notice, QMessageBox::StandardButton answer) {
-        robot.ExpectBox(BoxOf(std::string(notice) +
-                                  "\n¿Desea continuar?\n \nPulsar 'Si' no admite cancelación "
-                                  "posterior",
-                              MsgBoxStyle::YesNo, answer));
+        robot.ExpectBox(BoxOf(messages::PrintQuestion(notice), MsgBoxStyle::YesNo, answer));
     }
 
     /// How many pages the file holds; 0 when there is none.
@@ -73,13 +57,13 @@ protected:
     int printers = 0;
 };
 
-class EachPrintTest : public PrintTest, public ::testing::WithParamInterface<Notice> {};
+class EachPrintTest : public PrintTest, public ::testing::WithParamInterface<messages::Print> {};
 
 TEST_P(EachPrintTest, AsksShowsTheDialogAndPrintsOnePage) {
-    const Notice& row = GetParam();
+    const messages::Print& row = GetParam();
     SetPlan(1, 1, 1);
     Open(row.screen);
-    ExpectQuestion(row.text, QMessageBox::Yes);
+    ExpectQuestion(row.notice, QMessageBox::Yes);
     bool to_file = true;
     std::pair<int, int> pages;
     std::pair<int, int> bounds;
@@ -97,7 +81,7 @@ TEST_P(EachPrintTest, AsksShowsTheDialogAndPrintsOnePage) {
     EXPECT_EQ(printers, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnTheWindow, EachPrintTest, ::testing::ValuesIn(kNotices),
+INSTANTIATE_TEST_SUITE_P(OnTheWindow, EachPrintTest, ::testing::ValuesIn(messages::kPrints),
                          [](const auto& test) { return NameOf(test.param.screen); });
 
 TEST_F(PrintTest, ANoPrintsNothingAndShowsNoDialog) {

@@ -15,9 +15,7 @@ class RefusalTest : public WindowTest {
 protected:
     RefusalTest() {
         host.beep = [this] { ++beeps; };
-        SetPlan(1, 1, 2);
-        Open(ScreenId::Form5);
-        robot.Choose("introducirdatos", "introprimero");
+        OpenSheet(1, 1, 2);
     }
 
     QImage Picture(std::string_view cell) {

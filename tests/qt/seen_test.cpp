@@ -343,9 +343,7 @@ TEST_F(LongTextTest, AFieldThatWasReadStaysWholeAndTakesMore) {
 }
 
 TEST_F(LongTextTest, ACellOfARecoveredDayStaysWhole) {
-    SetPlan(1, 1, 1);
-    auto& form5 = Open<Form5>(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    auto& form5 = OpenSheet(1, 1, 1);
     form5.Text1(7).Text = std::string(kLetters, '7');
     window->ShowChanges();
     EXPECT_EQ(robot.Text("Text1(7)").size(), kLetters);

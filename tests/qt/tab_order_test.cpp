@@ -83,9 +83,7 @@ TEST_F(ScreensTabOrderTest, Form3WithAPlanPassesTheDisabledButton) {
 }
 
 TEST_F(ScreensTabOrderTest, Form4RunsDownItsColumns) {
-    SetPlan(1, 1, 2);
-    Open(ScreenId::Form4);
-    robot.Pick("Combo1", "1");
+    OpenRows(2);
     Focus("Combo13(0)");
     EXPECT_THAT(Round(robot),
                 ElementsAre("Combo13(0)", "Combo13(1)", "Text3(0)", "Text3(1)", "Text1(1)",
@@ -94,9 +92,7 @@ TEST_F(ScreensTabOrderTest, Form4RunsDownItsColumns) {
 }
 
 TEST_F(ScreensTabOrderTest, Form5GoesThroughTheSamplesOfAllRowsThenItsButtonsThenTheRestOfItsGrid) {
-    SetPlan(1, 2, 1);
-    Open(ScreenId::Form5);
-    robot.Choose("introducirdatos", "introprimero");
+    OpenSheet(1, 2, 1);
     Focus("Text1(7)");
     const std::vector<std::string> round = Round(robot);
     std::vector<std::string> first =

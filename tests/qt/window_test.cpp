@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "qt/text.h"
+#include "sheet/form5.h"
 
 namespace velmora::test {
 
@@ -58,6 +59,19 @@ void WindowTest::SetPlan(int days, int tasks, int rows) {
     }
 }
 
+Form5& WindowTest::OpenSheet(int days, int tasks, int rows) {
+    SetPlan(days, tasks, rows);
+    auto& form5 = Open<Form5>(ScreenId::Form5);
+    robot.Choose("introducirdatos", "introprimero");
+    return form5;
+}
+
+void WindowTest::OpenRows(int rows) {
+    SetPlan(1, 1, rows);
+    Open(ScreenId::Form4);
+    robot.Pick("Combo1", "1");
+}
+
 void WindowTest::Focus(std::string_view control) {
     QWidget& widget = robot.Find(control);
     widget.setFocus(Qt::TabFocusReason);
@@ -89,33 +103,6 @@ void EachScreenTest::ShowAll() {
             std::visit(Shower{}, control.state);
         }
     });
-}
-
-Robot::Box BoxOf(std::string text, MsgBoxStyle style, QMessageBox::StandardButton answer,
-                 std::string title) {
-    struct Style {
-        MsgBoxStyle style;
-        QMessageBox::StandardButtons buttons;
-        QMessageBox::Icon icon;
-        QMessageBox::StandardButton preset;
-    };
-    constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
-    // clang-format off
-    static const std::array<Style, 5> kStyles = {{
-        {MsgBoxStyle::Ok,           QMessageBox::Ok, QMessageBox::NoIcon,      QMessageBox::Ok},
-        {MsgBoxStyle::YesNo,              kYesNo,          QMessageBox::NoIcon,      QMessageBox::Yes},
-        {MsgBoxStyle::YesNoInformation,   kYesNo,          QMessageBox::Information, QMessageBox::Yes},
-        {MsgBoxStyle::YesNoQuestionNo,    kYesNo,          QMessageBox::Question,    QMessageBox::No},
-        {MsgBoxStyle::YesNoInformationNo, kYesNo,          QMessageBox::Information, QMessageBox::No},
-    }};
-    // clang-format on
-    const auto found = std::ranges::find(kStyles, style, &Style::style);
-    return {.text = std::move(text),
-            .answer = answer,
-            .icon = found->icon,
-            .buttons = found->buttons,
-            .preset = found->preset,
-            .title = std::move(title)};
 }
 
 std::vector<std::string> FilesInHome() {

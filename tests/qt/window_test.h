@@ -19,6 +19,10 @@
 #include "support/screen_state.h"
 #include "support/velmora_test.h"
 
+namespace velmora {
+class Form5;
+}
+
 namespace velmora::test {
 
 using ::testing::AllOf;
@@ -60,6 +64,10 @@ protected:
     /// A plan in which each task of each day has `rows` contaminants, all of them named, with
     /// limits, sampling time 15 and a unit.
     void SetPlan(int days, int tasks, int rows);
+    /// The sheet of such a plan, its first day laid out.
+    Form5& OpenSheet(int days, int tasks, int rows);
+    /// The contaminants' screen of a plan of one task, its rows open.
+    void OpenRows(int rows);
 
     /// Gives the focus without a press of the mouse, which would open a list.
     void Focus(std::string_view control);
@@ -99,11 +107,6 @@ protected:
     /// Shows every control of the screen, unlocked and enabled.
     void ShowAll();
 };
-
-/// The box that a style of the logic stands for.
-Robot::Box BoxOf(std::string text, MsgBoxStyle style,
-                 QMessageBox::StandardButton answer = QMessageBox::Ok,
-                 std::string title = "Velmora");
 
 /// Every file below the folder that the test program calls the user's home.
 std::vector<std::string> FilesInHome();

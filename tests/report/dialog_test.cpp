@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
@@ -16,23 +15,11 @@
 #include <QTreeView>
 #include <QUrl>
 
+#include "support/browser.h"
 #include "support/qt_tests.h"
 
 namespace velmora {
 namespace {
-
-/// Stands for the browser.
-class Browser : public QObject {
-    Q_OBJECT
-
-public:
-    Browser() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-
-    Q_INVOKABLE void Open(const QUrl& url) { opened << url.toLocalFile(); }
-
-    QStringList opened;
-};
 
 class ReportDialogTest : public ::testing::Test {
 protected:
@@ -82,7 +69,7 @@ protected:
     }
 
     QTemporaryDir folder_;
-    Browser browser_;
+    test::Browser browser_;
     QString said_;
     bool no_is_preset_ = false;
     QString started_in_;
@@ -94,7 +81,7 @@ protected:
 TEST_F(ReportDialogTest, TheReportIsWrittenBesideAndOpened) {
     EXPECT_EQ(Ask(Name("plan.doc")), 0);
     EXPECT_TRUE(Bytes(Name("plan.html")).startsWith("<!DOCTYPE html>"));
-    EXPECT_EQ(browser_.opened, QStringList(Name("plan.html")));
+    EXPECT_EQ(browser_.opened, QList{QUrl::fromLocalFile(Name("plan.html"))});
 }
 
 TEST_F(ReportDialogTest, CancelledItWritesAndOpensNothing) {
@@ -137,5 +124,3 @@ TEST_F(ReportDialogTest, WhatIsNoEvaluationIsSaidInABox) {
 }  // namespace velmora
 
 int main(int argc, char* argv[]) { return velmora::test::RunQtTests(argc, argv); }
-
-#include "dialog_test.moc"

@@ -18,9 +18,18 @@
 
 #include "report/report.h"
 #include "store/evaluation_file.h"
+#include "support/messages.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
+
+using report::Finding;
+using report::FindingKind;
+using report::Report;
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::IsEmpty;
 
 using Samples = std::vector<std::string_view>;
 
@@ -44,12 +53,6 @@ protected:
                  ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".doc");
     }
     ~EvaluationTest() override { std::filesystem::remove(file_); }
-
-    const Control& Find(const std::string& name) {
-        const Control* const control = chain.Current().FindControl(name);
-        if (control == nullptr) throw std::runtime_error("no control " + name);
-        return *control;
-    }
 
     void Pick(const std::string& name, std::string_view item) {
         const Control& list = Find(name);
@@ -80,8 +83,8 @@ protected:
         chain.Settle();
         chain.Go(ScreenId::Form3);
         if (record.NumJornadas != 0) {
-            host.ExpectBox(std::string(kRestart), MsgBoxStyle::YesNoQuestionNo, MsgBoxAnswer::Yes,
-                           "Aviso");
+            host.ExpectBox(std::string(messages::kRestart), MsgBoxStyle::YesNoQuestionNo,
+                           MsgBoxAnswer::Yes, "Aviso");
         }
         Pick("Combo1(0)", days);
         Pick("Combo1(1)", tasks);
@@ -210,11 +213,6 @@ protected:
     std::filesystem::path file_;
 
 private:
-    static constexpr std::string_view kRestart =
-        "Modificar los datos correspondientes al número de días y jornadas\r\n"
-        "supone reiniciar todo el proceso de nuevo\r\n"
-        " y perder los datos introducidos hasta el momento.\r\n"
-        "¿Desea reiniciar el proceso?";
 };
 
 }  // namespace velmora::test

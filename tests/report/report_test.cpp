@@ -19,16 +19,9 @@
 namespace velmora::test {
 namespace {
 
-using report::Finding;
-using report::FindingKind;
 using report::PreliminaryTest;
 using report::Remark;
-using report::Report;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::Field;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using Outcome = PreliminaryTest::Outcome;
 

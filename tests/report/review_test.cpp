@@ -27,13 +27,6 @@ void PrintTo(const Finding& f, std::ostream* out) {
 namespace velmora::test {
 namespace {
 
-using report::Finding;
-using report::FindingKind;
-using report::Report;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::Field;
-using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
 /// A finding at its place; task and contaminant 0 for all.
@@ -63,6 +56,45 @@ protected:
     /// Toluene and acetone, of which nothing is to be found.
     void WorkPlainDay(int day = 1) { WorkDay(day, {{1, kToluenesDay}, {2, kAcetonesDay}}); }
     void PlanPlain(int days = 1) { PlanOneTask(days, {kToluene, kAcetone}); }
+    void MakePlainDay() {
+        PlanPlain();
+        WorkPlainDay();
+    }
+
+    /// A cell of toluene's typed over and all buttons pressed again: there is nothing to find.
+    void ExpectNothingAfterTyping(int column, const char* text) {
+        MakePlainDay();
+        Type(CellName(1, column), text);
+        PressAll();
+        EXPECT_THAT(Finish().findings, IsEmpty());
+    }
+
+    void SavePlainDay() {
+        MakePlainDay();
+        Finish();
+    }
+
+    /// The same is found of two whole days, and nothing else.
+    void ExpectDays(FindingKind kind, int day, int other, const char* sheet, const char* plain) {
+        EXPECT_THAT(Finish().findings, ElementsAre(Finds(kind, day, 0, 0, sheet, plain),
+                                                   Finds(kind, other, 0, 0, sheet, plain)));
+    }
+
+    /// A figure of toluene's changed in the file of a plain day is the one thing found.
+    void ExpectFigureInDoubt(int column, const std::string& figure) {
+        SavePlainDay();
+        EXPECT_THAT(WithLine(LineOfCell(1, 1, column), '"' + figure + '"').findings,
+                    ElementsAre(Finds(FindingKind::DoesNotFollow, 1, 1, 1, figure,
+                                      Expected("toluene.index"))));
+    }
+
+    /// A change after the day is the one thing found, and the plain computation gives the index of
+    /// this key of reference.R.
+    void ExpectChange(FindingKind kind, const char* sheet, const char* plain, const char* index) {
+        const Report report = Finish();
+        EXPECT_THAT(report.findings, ElementsAre(Finds(kind, 1, 1, 1, sheet, plain, true)));
+        EXPECT_EQ(report.days.at(0).plain.highest_index.text, Expected(index));
+    }
 
     /// One day of one task with these contaminants and samples.
     Report OneDay(const std::vector<TypedAgent>& agents, const std::vector<Samples>& samples) {
@@ -84,8 +116,7 @@ protected:
 };
 
 TEST_F(ReviewTest, APlainEvaluationHasNothingToReview) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     EXPECT_THAT(Finish().findings, IsEmpty());
 }
 
@@ -98,10 +129,7 @@ TEST_F(ReviewTest, ThreePlainDaysHaveNothingToReview) {
 TEST_F(ReviewTest, DaysOfThePlanThatWereNotValidated) {
     PlanPlain(3);
     WorkPlainDay(2);
-    EXPECT_THAT(
-        Finish().findings,
-        ElementsAre(Finds(FindingKind::DayNotValidated, 1, 0, 0, "sin validar", "en el plan"),
-                    Finds(FindingKind::DayNotValidated, 3, 0, 0, "sin validar", "en el plan")));
+    ExpectDays(FindingKind::DayNotValidated, 1, 3, "sin validar", "en el plan");
 }
 
 TEST_F(ReviewTest, ADayClosedEmptyWithoutAnyButton) {
@@ -118,33 +146,24 @@ TEST_F(ReviewTest, DaysThatThePlanNoLongerHas) {
     PlanPlain(3);
     for (int day = 1; day <= 3; ++day) WorkPlainDay(day);
     FixPlan("1", "1");
-    EXPECT_THAT(
-        Finish().findings,
-        ElementsAre(Finds(FindingKind::DayBeyondPlan, 2, 0, 0, "validada", "fuera del plan"),
-                    Finds(FindingKind::DayBeyondPlan, 3, 0, 0, "validada", "fuera del plan")));
+    ExpectDays(FindingKind::DayBeyondPlan, 2, 3, "validada", "fuera del plan");
 }
 
 TEST_F(ReviewTest, HoursChangedAfterTheDayAreOneFinding) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     PlanLine(1, 1, 14, 2, 2);
-    const Report report = Finish();
-    EXPECT_THAT(report.findings,
-                ElementsAre(Finds(FindingKind::PlanChanged, 1, 1, 1, "8", "14 en el plan", true)));
-    EXPECT_EQ(report.days.at(0).plain.highest_index.text, Expected("toluene.index.14h"));
+    ExpectChange(FindingKind::PlanChanged, "8", "14 en el plan", "toluene.index.14h");
 }
 
 TEST_F(ReviewTest, HoursThatCameBackAreNone) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     PlanLine(1, 1, 6, 2, 2);
     PlanLine(1, 1, 8, 2, 2);
     EXPECT_THAT(Finish().findings, IsEmpty());
 }
 
 TEST_F(ReviewTest, ATaskAddedAfterTheDay) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     FixPlan("1", "2");
     PlanLine(1, 2, 8, 1, 1);
     TypeAgents(2, {kToluene});
@@ -153,18 +172,13 @@ TEST_F(ReviewTest, ATaskAddedAfterTheDay) {
 }
 
 TEST_F(ReviewTest, ALimitChangedAfterTheDay) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     TypeAgents(1, {{"Tolueno", "100", "384"}, kAcetone});
-    const Report report = Finish();
-    EXPECT_THAT(report.findings,
-                ElementsAre(Finds(FindingKind::AgentChanged, 1, 1, 1, "192", "100", true)));
-    EXPECT_EQ(report.days.at(0).plain.highest_index.text, Expected("toluene.index.ed100"));
+    ExpectChange(FindingKind::AgentChanged, "192", "100", "toluene.index.ed100");
 }
 
 TEST_F(ReviewTest, ContaminantsTypedAgainAlikeAreNone) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     TypeAgents(1, {kToluene, kAcetone});
     EXPECT_THAT(Finish().findings, IsEmpty());
 }
@@ -180,13 +194,7 @@ TEST_F(ReviewTest, ALimitWipedByBackspace) {
                 ElementsAre(Finds(FindingKind::CellWiped, 1, 1, 1, "en blanco", "384", true)));
 }
 
-TEST_F(ReviewTest, AResultWipedAndComputedAgainIsNone) {
-    PlanPlain();
-    WorkPlainDay();
-    Type(CellName(1, 13), "");
-    PressAll();
-    EXPECT_THAT(Finish().findings, IsEmpty());
-}
+TEST_F(ReviewTest, AResultWipedAndComputedAgainIsNone) { ExpectNothingAfterTyping(13, ""); }
 
 TEST_F(ReviewTest, ADayComputedUnderACommaIsOneFinding) {
     {
@@ -223,16 +231,11 @@ TEST_F(ReviewTest, ASampleTypedOverAfterComputing) {
 }
 
 TEST_F(ReviewTest, ASampleTypedOverAndAllButtonsPressedAgainIsNone) {
-    PlanPlain();
-    WorkPlainDay();
-    Type(CellName(1, 9), "130");
-    PressAll();
-    EXPECT_THAT(Finish().findings, IsEmpty());
+    ExpectNothingAfterTyping(9, "130");
 }
 
 TEST_F(ReviewTest, ASampleTypedOverAndItsTaskAloneValidatedAgain) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     Type(CellName(1, 9), "999");
     Press("Command1");
     Press("Command8");
@@ -241,19 +244,10 @@ TEST_F(ReviewTest, ASampleTypedOverAndItsTaskAloneValidatedAgain) {
                                   Field(&Finding::contaminant, 1))));
 }
 
-TEST_F(ReviewTest, AFigureOfTheFileChangedByHand) {
-    PlanPlain();
-    WorkPlainDay();
-    Finish();
-    EXPECT_THAT(
-        WithLine(LineOfCell(1, 1, 14), "\".16\"").findings,
-        ElementsAre(Finds(FindingKind::DoesNotFollow, 1, 1, 1, ".16", Expected("toluene.index"))));
-}
+TEST_F(ReviewTest, AFigureOfTheFileChangedByHand) { ExpectFigureInDoubt(14, ".16"); }
 
 TEST_F(ReviewTest, ASentenceOfTheFileChangedByHand) {
-    PlanPlain();
-    WorkPlainDay();
-    Finish();
+    SavePlainDay();
     EXPECT_THAT(
         WithLine(LineOfEntry(1, 397), "\"0.1\"").findings,
         ElementsAre(AllOf(Field(&Finding::kind, FindingKind::DoesNotFollow),
@@ -261,14 +255,7 @@ TEST_F(ReviewTest, ASentenceOfTheFileChangedByHand) {
                     Field(&Finding::what, "frase del índice")));
 }
 
-TEST_F(ReviewTest, AFigureThatGoesOnToTheFinalTableIsOneFinding) {
-    PlanPlain();
-    WorkPlainDay();
-    Finish();
-    EXPECT_THAT(
-        WithLine(LineOfCell(1, 1, 15), "\".91\"").findings,
-        ElementsAre(Finds(FindingKind::DoesNotFollow, 1, 1, 1, ".91", Expected("toluene.index"))));
-}
+TEST_F(ReviewTest, AFigureThatGoesOnToTheFinalTableIsOneFinding) { ExpectFigureInDoubt(15, ".91"); }
 
 TEST_F(ReviewTest, AGroupChangedInTheFileIsOneFinding) {
     OneDay(WithGroup("2"), kMixturesDay);
@@ -291,9 +278,7 @@ TEST_F(ReviewTest, ASampleOfAMixtureTypedOverIsOneFinding) {
 }
 
 TEST_F(ReviewTest, AnIndexOfTheFinalTableChangedByHand) {
-    PlanPlain();
-    WorkPlainDay();
-    Finish();
+    SavePlainDay();
     EXPECT_THAT(
         WithLine(1362 + 3, "\"0.16\"").findings,
         ElementsAre(Finds(FindingKind::DoesNotFollow, 1, 1, 1, "0.16", ".61 en la hoja del día")));
@@ -337,8 +322,7 @@ TEST_F(ReviewTest, MeansOfATaskThatWasNotValidatedAgain) {
 }
 
 TEST_F(ReviewTest, MeansOfADayWhoseTasksWereAllValidatedAgainAreNone) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     Restart();
     RecoverDay(1);
     for (const char* const button : {"Command1", "Command4", "Command5", "Command8"}) Press(button);
@@ -619,8 +603,7 @@ TEST_F(ReviewTest, AnOverallIndexThatWasNotComputed) {
 }
 
 TEST_F(ReviewTest, AValueOfAnEarlierRunInTheFinalTable) {
-    PlanPlain();
-    WorkPlainDay();
+    MakePlainDay();
     TypeAgents(1, {kToluene, {"Acetona", "1210", "0", 30, "4"}});
     WorkPlainDay();
     EXPECT_THAT(Finish().findings, ElementsAre(Field(&Finding::kind, FindingKind::SumErased),

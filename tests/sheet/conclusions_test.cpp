@@ -25,13 +25,18 @@ constexpr std::string_view kHigh = "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN
 constexpr Color kRedOf30 = 250;
 constexpr Color kRedOf15 = 255;
 
-class ConclusionsTest : public SheetTest {
+class ConclusionsTest : public DayTest {
 protected:
-    void SetUp() override { form.DiaActual = 1; }
-
     void SetIndexes(int row, std::string_view index, std::string_view indic_mas) {
         Cell(row, kIndex).Text = index;
         Cell(row, kCombinedIndex).Text = indic_mas;
+    }
+
+    /// Presses the button over a first row of these texts.
+    void Conclude(std::string_view index, std::string_view indic_mas, std::string_view prob) {
+        SetIndexes(1, index, indic_mas);
+        Cell3(1, kProb).Text = prob;
+        form.Command8_Click();
     }
 
     void SetLimits(int row, std::string_view tm, std::string_view ed, std::string_view ec) {
@@ -104,9 +109,7 @@ TEST_F(ConclusionsTest, AnIndexIsWrittenToFifteenDigits) {
 }
 
 TEST_F(ConclusionsTest, NegativeFiguresCountAsNone) {
-    SetIndexes(1, "-3", "-2");
-    Cell3(1, kProb).Text = "-1";
-    form.Command8_Click();
+    Conclude("-3", "-2", "-1");
     EXPECT_EQ(form.Text2.Text, "0");
     EXPECT_EQ(form.Text4.Text, "0");
 }
@@ -506,9 +509,7 @@ TEST_F(ConclusionsTest, AnIndexTooLargeForADoubleEndsTheProgramWithNothingWritte
 
 TEST_F(ConclusionsTest, UnderACommaAnIndexOfAHalfReadsAsNothing) {
     const WithSeparator comma(",");
-    SetIndexes(1, ",5", "0,5");
-    Cell3(1, kProb).Text = "0,1";
-    form.Command8_Click();
+    Conclude(",5", "0,5", "0,1");
     EXPECT_EQ(form.Text2.Text, "0");
     EXPECT_EQ(form.Text5.Text, kSeguraDecima);
     EXPECT_EQ(record.HojaFinal(1, 3), "0");
@@ -518,9 +519,7 @@ TEST_F(ConclusionsTest, UnderACommaAnIndexOfAHalfReadsAsNothing) {
 
 TEST_F(ConclusionsTest, UnderACommaTheAnswersAreWrittenWithIt) {
     const WithSeparator comma(",");
-    SetIndexes(1, "0.5", "");
-    Cell3(1, kProb).Text = "0.25";
-    form.Command8_Click();
+    Conclude("0.5", "", "0.25");
     EXPECT_EQ(form.Text2.Text, "0,5");
     EXPECT_EQ(form.Text4.Text, "0,25");
     EXPECT_EQ(form.Text5.Text, kTwoDaysMore);

@@ -8,10 +8,8 @@
 namespace velmora::test {
 namespace {
 
-class DailyIndexTest : public SheetTest {
+class DailyIndexTest : public DayTest {
 protected:
-    void SetUp() override { form.DiaActual = 1; }
-
     /// The group and the index of a row, as texts.
     void SetRow(int row, std::string_view group, std::string_view index) {
         Cell(row, kAdditive).Text = group;
@@ -33,6 +31,20 @@ protected:
         for (int row = 1; const auto& [group, index] : rows) SetRow(row++, group, index);
         form.Command4_Click();
         return IndicMasTo(static_cast<int>(rows.size()));
+    }
+
+    /// The same of the groups and indices of rows that are told by their numbers.
+    struct NumberedRow {
+        int row;
+        std::string_view group;
+        std::string_view index;
+    };
+    std::vector<std::string> IndicMasAt(const std::vector<NumberedRow>& rows) {
+        for (const NumberedRow& r : rows) SetRow(r.row, r.group, r.index);
+        form.Command4_Click();
+        std::vector<std::string> texts;
+        for (const NumberedRow& r : rows) texts.push_back(CombinedIndex(r.row));
+        return texts;
     }
 };
 
@@ -67,22 +79,6 @@ TEST_F(DailyIndexTest, OldTextsOfTheColumnAreCleared) {
 
 // -------------------------------------------------------------------------------------- groups
 
-TEST_F(DailyIndexTest, AGroupNumberedAsItsFirstRowSpreadsItsSum) {
-    SetRow(1, "1", ".45");
-    SetRow(2, "0", "1.2");
-    SetRow(3, "1", ".3");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.75", "1.2", "0.75", ""));
-}
-
-TEST_F(DailyIndexTest, AGroupNumberedOtherwiseKeepsItsSumOnItsFirstRow) {
-    SetRow(1, "5", ".45");
-    SetRow(2, "0", "1.2");
-    SetRow(3, "5", ".3");
-    form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(4), ElementsAre("0.75", "1.2", "", ""));
-}
-
 TEST_F(DailyIndexTest, AGroupOfOneEndsEmpty) {
     SetRow(2, "2", ".45");
     form.Command4_Click();
@@ -96,19 +92,48 @@ TEST_F(DailyIndexTest, AGroupWhoseOtherMembersHaveNoIndexIsEmptiedAndSpreadsAZer
     EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", "0"));
 }
 
-TEST_F(DailyIndexTest, AGroupWhoseFirstMemberHasNoIndexKeepsTheSumOfTheOthers) {
-    EXPECT_THAT(IndicMasOf({{"1", "."}, {"1", ".2"}, {"1", ".3"}}),
-                ElementsAre("0.5", "0.5", "0.5"));
+struct GroupCase {
+    const char* what;
+    std::vector<std::pair<std::string_view, std::string_view>> rows;  ///< group and index
+    std::vector<std::string> sums;
+};
+
+const std::vector<GroupCase> kGroupCases = {
+    {"a group numbered as its first row spreads its sum",
+     {{"1", ".45"}, {"0", "1.2"}, {"1", ".3"}, {"", ""}},
+     {"0.75", "1.2", "0.75", ""}},
+    {"a group numbered otherwise keeps its sum on its first row",
+     {{"5", ".45"}, {"0", "1.2"}, {"5", ".3"}, {"", ""}},
+     {"0.75", "1.2", "", ""}},
+    {"a group whose first member has no index keeps the sum of the others",
+     {{"1", "."}, {"1", ".2"}, {"1", ".3"}},
+     {"0.5", "0.5", "0.5"}},
+    {"19 and 20 keep their sums and never spread them",
+     {{"19", ".4"}, {"20", ".1"}, {"19", ".4"}, {"20", ".2"}},
+     {"0.8", "0.3", "", ""}},
+    {"a group above 20 is left empty", {{"21", ".4"}, {"21", ".1"}}, {"", ""}},
+    {"a number that is not whole is no group and no absence of one",
+     {{"1.5", ".4"}, {"1.5", ".1"}, {"0.5", ".1"}},
+     {"", "", ""}},
+    {"group numbers are compared as numbers",
+     {{"1", ".4"}, {"1.0", ".1"}, {"01 ", ".2"}},
+     {"0.7", "0.7", "0.7"}},
+    {"several groups are kept apart",
+     {{"1", ".1"}, {"2", "1."}, {"1", ".2"}, {"2", "2."}},
+     {"0.3", "3", "0.3", "3"}},
+};
+
+TEST_F(DailyIndexTest, TheSumOfAGroupStandsAtItsFirstMemberAndIsSpread) {
+    for (const GroupCase& group : kGroupCases) {
+        SCOPED_TRACE(group.what);
+        form.limpia(1);
+        EXPECT_EQ(IndicMasOf(group.rows), group.sums);
+    }
 }
 
 TEST_F(DailyIndexTest, AGroupRunsAcrossTheThreeTasks) {
-    SetRow(1, "1", ".1");
-    SetRow(7, "1", ".2");
-    SetRow(18, "1", ".4");
-    form.Command4_Click();
-    EXPECT_EQ(CombinedIndex(1), "0.7");
-    EXPECT_EQ(CombinedIndex(7), "0.7");
-    EXPECT_EQ(CombinedIndex(18), "0.7");
+    EXPECT_THAT(IndicMasAt({{1, "1", ".1"}, {7, "1", ".2"}, {18, "1", ".4"}}),
+                ElementsAre("0.7", "0.7", "0.7"));
 }
 
 TEST_F(DailyIndexTest, EachNumberUpTo20IsSummedAndNoHigherOne) {
@@ -122,38 +147,10 @@ TEST_F(DailyIndexTest, EachNumberUpTo20IsSummedAndNoHigherOne) {
     }
 }
 
-TEST_F(DailyIndexTest, Groups19And20KeepTheirSumsAndNeverSpreadThem) {
-    EXPECT_THAT(IndicMasOf({{"19", ".4"}, {"20", ".1"}, {"19", ".4"}, {"20", ".2"}}),
-                ElementsAre("0.8", "0.3", "", ""));
-}
-
-TEST_F(DailyIndexTest, AGroupAbove20IsLeftEmpty) {
-    EXPECT_THAT(IndicMasOf({{"21", ".4"}, {"21", ".1"}}), ElementsAre("", ""));
-}
-
-TEST_F(DailyIndexTest, ANumberThatIsNotWholeIsNoGroupAndNoAbsenceOfOne) {
-    EXPECT_THAT(IndicMasOf({{"1.5", ".4"}, {"1.5", ".1"}, {"0.5", ".1"}}), ElementsAre("", "", ""));
-}
-
-TEST_F(DailyIndexTest, GroupNumbersAreComparedAsNumbers) {
-    EXPECT_THAT(IndicMasOf({{"1", ".4"}, {"1.0", ".1"}, {"01 ", ".2"}}),
-                ElementsAre("0.7", "0.7", "0.7"));
-}
-
 TEST_F(DailyIndexTest, AMemberWithTheGroupsNumberBehindTheFirstSpreadsItsOwnEmptyCell) {
     // Group 5 stands on rows 2, 5 and 8: row 5 bears its own number, but the sum is on row 2.
-    SetRow(2, "5", ".4");
-    SetRow(5, "5", ".1");
-    SetRow(8, "5", ".2");
-    form.Command4_Click();
-    EXPECT_EQ(CombinedIndex(2), "0.7");
-    EXPECT_EQ(CombinedIndex(5), "");
-    EXPECT_EQ(CombinedIndex(8), "0");
-}
-
-TEST_F(DailyIndexTest, SeveralGroupsAreKeptApart) {
-    EXPECT_THAT(IndicMasOf({{"1", ".1"}, {"2", "1."}, {"1", ".2"}, {"2", "2."}}),
-                ElementsAre("0.3", "3", "0.3", "3"));
+    EXPECT_THAT(IndicMasAt({{2, "5", ".4"}, {5, "5", ".1"}, {8, "5", ".2"}}),
+                ElementsAre("0.7", "", "0"));
 }
 
 TEST_F(DailyIndexTest, TheRunningSumLivesInTheCellAsTextOfFifteenDigits) {

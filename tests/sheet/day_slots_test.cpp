@@ -74,11 +74,6 @@ constexpr std::array<std::string_view, 3> kTitles = {
     "Datos  relativos a la 1ª tarea", "Datos relativos a la 2ª tarea",
     "Datos relativos a la 3ª tarea"};
 
-struct Placed {
-    std::string_view name;
-    Box box;
-    std::string_view caption;
-};
 constexpr std::array<Placed, 17> kOthers = {{
     {"Command1", { 3840,  120, 4335, 255}, "Validar 1ª tarea"},
     {"Command2", { 3840, 2400, 6015, 255}, "Validar 2ª tarea"},
@@ -102,35 +97,17 @@ constexpr std::array<Placed, 17> kOthers = {{
 
 class SheetLayoutTest : public SheetTest {
 protected:
-    void ExpectPlaced(const std::string& name, const Box& box) {
-        const Control* control = form.FindControl(name);
-        ASSERT_NE(control, nullptr) << name;
-        EXPECT_EQ(control->row.box.left, box.left) << name;
-        EXPECT_EQ(control->row.box.top, box.top) << name;
-        EXPECT_EQ(control->row.box.width, box.width) << name;
-        EXPECT_EQ(control->row.box.height, box.height) << name;
-    }
-
     const Look& LookOf(const std::string& name) { return form.FindControl(name)->row.look; }
 };
 
-TEST_F(SheetLayoutTest, EachCellOfTheMainGridStandsInItsColumnAndRow) {
+TEST_F(SheetLayoutTest, EachCellOfBothGridsStandsInItsColumnAndRow) {
     for (int row = 1; row <= 18; ++row) {
-        for (int column = 0; column < 18; ++column) {
-            const Column& c = kColumns.at(static_cast<std::size_t>(column));
-            ExpectPlaced(Name(row, column),
-                         {c.left, kTops.at(static_cast<std::size_t>(row - 1)), c.width, 285});
-        }
-    }
-}
-
-TEST_F(SheetLayoutTest, EachCellOfTheRightHandGridStandsInItsColumnAndRow) {
-    for (int row = 1; row <= 18; ++row) {
-        for (int column = 0; column < 4; ++column) {
-            const Column& c = kColumns3.at(static_cast<std::size_t>(column));
-            ExpectPlaced(Name3(row, column),
-                         {c.left, kTops.at(static_cast<std::size_t>(row - 1)), c.width, 285});
-        }
+        const auto expect = [&](const std::string& cell, const Column& c) {
+            ExpectPlace(Find(cell),
+                        {c.left, kTops.at(static_cast<std::size_t>(row - 1)), c.width, 285});
+        };
+        for (int column = 0; const Column& c : kColumns) expect(Name(row, column++), c);
+        for (int column = 0; const Column& c : kColumns3) expect(Name3(row, column++), c);
     }
 }
 
@@ -145,27 +122,18 @@ TEST_F(SheetLayoutTest, EachNameIsThatOfTheCellWithItsIndex) {
     }
 }
 
-TEST_F(SheetLayoutTest, TheHeadingsOfTheMainGridAreRepeatedForEachTask) {
-    for (int tarea = 1; tarea <= 3; ++tarea) {
-        const int top = kHeadingTops.at(static_cast<std::size_t>(tarea - 1));
-        for (int column = 0; column < 18; ++column) {
-            const int index = (tarea - 1) * 18 + column;
-            const Column& c = kColumns.at(static_cast<std::size_t>(column));
-            EXPECT_EQ(form.Label7(index).Caption, c.heading) << index;
-            ExpectPlaced(Indexed("Label7", index), {c.left, top, c.width, 255});
+TEST_F(SheetLayoutTest, TheHeadingsOfBothGridsAreRepeatedForEachTask) {
+    const auto expect = [this](std::string_view array, int tarea, const auto& columns) {
+        int index = (tarea - 1) * static_cast<int>(columns.size());
+        for (const Column& c : columns) {
+            const int top = kHeadingTops.at(static_cast<std::size_t>(tarea - 1));
+            const std::string name = Indexed(array, index++);
+            ExpectPlaced(Find(name), {name, {c.left, top, c.width, 255}, c.heading});
         }
-    }
-}
-
-TEST_F(SheetLayoutTest, TheHeadingsOfTheRightHandGridAreRepeatedForEachTask) {
+    };
     for (int tarea = 1; tarea <= 3; ++tarea) {
-        const int top = kHeadingTops.at(static_cast<std::size_t>(tarea - 1));
-        for (int column = 0; column < 4; ++column) {
-            const int index = (tarea - 1) * 4 + column;
-            const Column& c = kColumns3.at(static_cast<std::size_t>(column));
-            EXPECT_EQ(form.Label3(index).Caption, c.heading) << index;
-            ExpectPlaced(Indexed("Label3", index), {c.left, top, c.width, 255});
-        }
+        expect("Label7", tarea, kColumns);
+        expect("Label3", tarea, kColumns3);
     }
 }
 
@@ -173,23 +141,12 @@ TEST_F(SheetLayoutTest, TheTaskTitlesAreTheLastOfTheirArrayAndOnlyTheFirstHasTwo
     for (int tarea = 1; tarea <= 3; ++tarea) {
         const auto place = static_cast<std::size_t>(tarea - 1);
         EXPECT_EQ(form.Label7(53 + tarea).Caption, kTitles.at(place));
-        ExpectPlaced(Indexed("Label7", 53 + tarea), {120, kTitleTops.at(place), 3615, 255});
+        ExpectPlace(Find(Indexed("Label7", 53 + tarea)), {120, kTitleTops.at(place), 3615, 255});
     }
 }
 
 TEST_F(SheetLayoutTest, TheOtherControlsStandWhereTheyBelongWithTheirTexts) {
-    for (const Placed& placed : kOthers) {
-        const std::string name(placed.name);
-        ExpectPlaced(name, placed.box);
-        const Control* control = form.FindControl(name);
-        if (const auto* button = std::get_if<Button*>(&control->state)) {
-            EXPECT_EQ((*button)->Caption, placed.caption) << name;
-        } else if (const auto* label = std::get_if<Label*>(&control->state)) {
-            EXPECT_EQ((*label)->Caption, placed.caption) << name;
-        } else {
-            EXPECT_EQ(std::get<TextCell*>(control->state)->Text, placed.caption) << name;
-        }
-    }
+    for (const Placed& placed : kOthers) ExpectPlaced(Find(std::string(placed.name)), placed);
 }
 
 TEST_F(SheetLayoutTest, AnElementThatAnArrayOfControlsLacksIsASubscriptError) {
@@ -628,37 +585,21 @@ TEST_F(IntroTest, ATaskWithoutSamplesShowsItsHeadingsAndTitleWithNoRows) {
     EXPECT_EQ(Openness(form.Command1), 2);
 }
 
-TEST_F(IntroTest, WithOneTaskLeavesTheOtherTwoBlank) {
+TEST_F(IntroTest, TheTasksThatThePlanLacksStayBlankAndOfFourTwoAreLaidOut) {
     SetDay(1, {2, 3, 4});
-    record.NumTareas = 1;
-    Choose("introprimero");
-    ExpectLaidOut({2, 0, 0});
-    ExpectHeadings({true, false, false});
-}
-
-TEST_F(IntroTest, WithTwoTasksLeavesTheThirdBlank) {
-    SetDay(1, {2, 3, 4});
-    record.NumTareas = 2;
-    Choose("introprimero");
-    ExpectLaidOut({2, 3, 0});
-    ExpectHeadings({true, true, false});
-}
-
-TEST_F(IntroTest, WithFourTasksLaysOutTwo) {
-    SetDay(1, {2, 3, 4});
-    record.NumTareas = 4;
-    Choose("introprimero");
-    ExpectLaidOut({2, 3, 0});
-    ExpectHeadings({true, true, false});
-}
-
-TEST_F(IntroTest, WithANegativeNumberOfTasksStaysBlank) {
-    SetDay(1, {2, 3, 4});
-    record.NumTareas = -1;
-    Choose("introprimero");
-    ExpectLaidOut({0, 0, 0});
-    ExpectHeadings({false, false, false});
-    EXPECT_EQ(Openness(form.Command1), 0);
+    const auto expect = [this](int tasks, const std::array<int, 3>& rows,
+                               const std::array<bool, 3>& headings) {
+        SCOPED_TRACE(tasks);
+        record.NumTareas = tasks;
+        Choose("introprimero");
+        ExpectLaidOut(rows);
+        ExpectHeadings(headings);
+        EXPECT_EQ(Openness(form.Command1), tasks < 0 ? 0 : 2);
+    };
+    expect(1, {2, 0, 0}, {true, false, false});
+    expect(2, {2, 3, 0}, {true, true, false});
+    expect(4, {2, 3, 0}, {true, true, false});
+    expect(-1, {0, 0, 0}, {false, false, false});
 }
 
 TEST_F(IntroTest, OpensCommand1AndNoOtherButton) {
@@ -909,34 +850,19 @@ TEST_F(RecuperaTest, OfThreeTasksOpensCommand1AndCommand2ButNotCommand3) {
     EXPECT_THAT(OpenButtons(form), ElementsAre(2, 2, 0, 0, 0, 0, 0, 2));
 }
 
-TEST_F(RecuperaTest, OfTwoTasksOpensTheSameButtons) {
-    record.NumTareas = 2;
-    Choose("recupprimerdia");
-    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 2, 0, 0, 0, 0, 0, 2));
-    ExpectRows({2, 2, 0});
-}
-
-TEST_F(RecuperaTest, OfOneTaskOpensCommand1AndCommand8) {
-    record.NumTareas = 1;
-    Choose("recupprimerdia");
-    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 2));
-    ExpectRows({2, 0, 0});
-    ExpectSlot(1);
-}
-
-TEST_F(RecuperaTest, OfFourTasksLaysOutTwo) {
-    record.NumTareas = 4;
-    Choose("recupprimerdia");
-    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 2, 0, 0, 0, 0, 0, 2));
-    ExpectRows({2, 2, 0});
-}
-
-TEST_F(RecuperaTest, OfANegativeNumberOfTasksLaysOutTheFirst) {
-    record.NumTareas = -1;  // only 0 stops it
-    Choose("recupprimerdia");
-    EXPECT_THAT(OpenButtons(form), ElementsAre(2, 0, 0, 0, 0, 0, 0, 2));
-    ExpectRows({2, 0, 0});
-    ExpectSlot(1);
+TEST_F(RecuperaTest, OpensCommand8AndLaysOutOneTaskOrTwo) {
+    const auto expect = [this](int tasks, int second_button, const std::array<int, 3>& rows) {
+        SCOPED_TRACE(tasks);
+        record.NumTareas = tasks;
+        Choose("recupprimerdia");
+        EXPECT_THAT(OpenButtons(form), ElementsAre(2, second_button, 0, 0, 0, 0, 0, 2));
+        ExpectRows(rows);
+        if (second_button == 0) ExpectSlot(1);
+    };
+    expect(2, 2, {2, 2, 0});
+    expect(1, 0, {2, 0, 0});
+    expect(4, 2, {2, 2, 0});
+    expect(-1, 0, {2, 0, 0});  // only 0 stops it
 }
 
 TEST_F(RecuperaTest, ShowsTheConclusionAreaStillLocked) {

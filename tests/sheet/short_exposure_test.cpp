@@ -34,10 +34,8 @@ struct RowTexts {
     std::string_view gsd = "";
 };
 
-class ShortExposureTest : public SheetTest {
+class ShortExposureTest : public DayTest {
 protected:
-    void SetUp() override { form.DiaActual = 1; }
-
     void Click(const Twin& twin) { form.FindControl(twin.button)->events.Click(); }
 
     void Set(int row, const RowTexts& texts) {
@@ -66,6 +64,14 @@ protected:
     int Row(int r) const { return T().Row(r); }
     void Click() { ShortExposureTest::Click(T()); }
     void SetContaminants(int n) { record.NumContaminantes(T().tarea) = n; }
+
+    /// What the press makes of a contaminant that is the task's only one.
+    std::vector<std::string> Judged(const RowTexts& texts) {
+        SetContaminants(1);
+        Set(Row(1), texts);
+        Click();
+        return Right(Row(1));
+    }
 };
 
 INSTANTIATE_TEST_SUITE_P(Buttons, ExposureButtonTest, ::testing::ValuesIn(kTwins),
@@ -84,19 +90,15 @@ TEST_P(ExposureButtonTest, WithoutContaminantsNoCellIsTouched) {
 }
 
 TEST_P(ExposureButtonTest, WithoutShortLimitThreeTimesTheDailyOneTakesItsPlace) {
-    SetContaminants(1);
-    Set(Row(1), {.ed = "10", .mg = ".61", .gsd = "1.5"});
-    Click();
     // Python: 30 / 0.61 to the curves, the first of which, 2.51, is above 1.5.
-    EXPECT_THAT(Right(Row(1)), ElementsAre("30", "0.61", "1.5", "0.001"));
+    EXPECT_THAT(Judged({.ed = "10", .mg = ".61", .gsd = "1.5"}),
+                ElementsAre("30", "0.61", "1.5", "0.001"));
 }
 
 TEST_P(ExposureButtonTest, TheShortLimitIsTakenWhenThereIsOne) {
-    SetContaminants(1);
-    Set(Row(1), {.ed = "10", .ec = "25", .mg = "2.5", .gsd = "1.7"});
-    Click();
     // A ratio of 10 has its first curve at 1.7252.
-    EXPECT_THAT(Right(Row(1)), ElementsAre("25", "2.5", "1.7", "0.001"));
+    EXPECT_THAT(Judged({.ed = "10", .ec = "25", .mg = "2.5", .gsd = "1.7"}),
+                ElementsAre("25", "2.5", "1.7", "0.001"));
 }
 
 TEST_P(ExposureButtonTest, AShortLimitThatReadsZeroIsNone) {
@@ -171,10 +173,8 @@ TEST_P(ExposureButtonTest, AContaminantAloneInItsGroupIsJudgedByItself) {
 }
 
 TEST_P(ExposureButtonTest, AContaminantAloneInItsGroupTakesItsShortLimitToo) {
-    SetContaminants(1);
-    Set(Row(1), {.group = "4", .ed = "10", .ec = "25", .mg = "2.5", .gsd = "1.7"});
-    Click();
-    EXPECT_THAT(Right(Row(1)), ElementsAre("25", "2.5", "1.7", "0.001"));
+    EXPECT_THAT(Judged({.group = "4", .ed = "10", .ec = "25", .mg = "2.5", .gsd = "1.7"}),
+                ElementsAre("25", "2.5", "1.7", "0.001"));
 }
 
 TEST_F(ShortExposureTest, Command6_AContaminantAloneInItsGroupIsNoMixture) {
@@ -511,10 +511,8 @@ TEST_P(ExposureButtonTest, EachClassOfProbabilityIsWrittenAsItIs) {
 }
 
 TEST_P(ExposureButtonTest, ALimitOfZeroHasTheClassZero) {
-    SetContaminants(1);
-    Set(Row(1), {.ed = "0", .ec = "", .mg = "1.", .gsd = "2."});
-    Click();
-    EXPECT_THAT(Right(Row(1)), ElementsAre("0", "1", "2", "0"));
+    EXPECT_THAT(Judged({.ed = "0", .ec = "", .mg = "1.", .gsd = "2."}),
+                ElementsAre("0", "1", "2", "0"));
 }
 
 TEST_P(ExposureButtonTest, ALimitCellThatHoldsABlankIsNotEmpty) {
@@ -772,10 +770,8 @@ TEST_P(ExposureButtonTest, ANegativeCountOfContaminantsTouchesNoCell) {
 
 TEST_P(ExposureButtonTest, UnderACommaAValueOfTwoAndAHalfReadsAsTwo) {
     const WithSeparator comma(",");
-    SetContaminants(1);
-    Set(Row(1), {.ec = "2,5", .mg = "1,9", .gsd = "1,1"});
-    Click();
-    EXPECT_THAT(Right(Row(1)), ElementsAre("2", "1", "1", "0,001"));
+    EXPECT_THAT(Judged({.ec = "2,5", .mg = "1,9", .gsd = "1,1"}),
+                ElementsAre("2", "1", "1", "0,001"));
 }
 
 TEST_P(MixtureTest, UnderACommaTheFiguresOfAMixtureAreReadBackCut) {

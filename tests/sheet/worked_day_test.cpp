@@ -269,23 +269,12 @@ TEST_F(ThreeTasksTest, EachPressOpensTheNextButtonUpToTheConclusions) {
         Type(Index(row, kC1), "2");
         Type(Index(row, kC1 + 1), "8");
     }
-    EXPECT_EQ(OpenButtons(), "1");
-    Push("Command1");
-    EXPECT_EQ(OpenButtons(), "12");
-    Push("Command2");
-    EXPECT_EQ(OpenButtons(), "123");
-    Push("Command3");
-    EXPECT_EQ(OpenButtons(), "1234");
-    Push("Command4");
-    EXPECT_EQ(OpenButtons(), "12345");
-    Push("Command5");
-    EXPECT_EQ(OpenButtons(), "123456");
-    Push("Command6");
-    EXPECT_EQ(OpenButtons(), "1234567");
-    Push("Command7");
-    EXPECT_EQ(OpenButtons(), "12345678");
-    Push("Command8");
-    EXPECT_EQ(OpenButtons(), "12345678");
+    const std::string buttons = "12345678";
+    for (std::size_t n = 1; n <= buttons.size(); ++n) {
+        EXPECT_EQ(OpenButtons(), buttons.substr(0, n));
+        Push(std::string("Command") + buttons[n - 1]);
+    }
+    EXPECT_EQ(OpenButtons(), buttons);
     for (const int row : {1, 7, 13}) {
         EXPECT_EQ(Cell(row, kMmp).Text, "4.");
         EXPECT_EQ(Cell(row, kCombinedIndex).Text, ".5");

@@ -149,4 +149,9 @@ Widget& Robot::Find(std::string_view name) const {
     return *widget;
 }
 
+/// The box that a style of the logic stands for.
+Robot::Box BoxOf(std::string text, MsgBoxStyle style,
+                 QMessageBox::StandardButton answer = QMessageBox::Ok,
+                 std::string title = "Velmora");
+
 }  // namespace velmora

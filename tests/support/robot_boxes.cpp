@@ -190,4 +190,31 @@ void Robot::ClickButton(QAbstractButton* button) {
     ClickAt(*button, button->rect().center());
 }
 
+Robot::Box BoxOf(std::string text, MsgBoxStyle style, QMessageBox::StandardButton answer,
+                 std::string title) {
+    struct Style {
+        MsgBoxStyle style;
+        QMessageBox::StandardButtons buttons;
+        QMessageBox::Icon icon;
+        QMessageBox::StandardButton preset;
+    };
+    constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
+    // clang-format off
+    static const std::array<Style, 5> kStyles = {{
+        {MsgBoxStyle::Ok,           QMessageBox::Ok, QMessageBox::NoIcon,      QMessageBox::Ok},
+        {MsgBoxStyle::YesNo,              kYesNo,          QMessageBox::NoIcon,      QMessageBox::Yes},
+        {MsgBoxStyle::YesNoInformation,   kYesNo,          QMessageBox::Information, QMessageBox::Yes},
+        {MsgBoxStyle::YesNoQuestionNo,    kYesNo,          QMessageBox::Question,    QMessageBox::No},
+        {MsgBoxStyle::YesNoInformationNo, kYesNo,          QMessageBox::Information, QMessageBox::No},
+    }};
+    // clang-format on
+    const auto found = std::ranges::find(kStyles, style, &Style::style);
+    return {.text = std::move(text),
+            .answer = answer,
+            .icon = found->icon,
+            .buttons = found->buttons,
+            .preset = found->preset,
+            .title = std::move(title)};
+}
+
 }  // namespace velmora

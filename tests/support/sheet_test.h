@@ -69,7 +69,7 @@ protected:
     static std::string Name3(int row, int column) { return Indexed("Text3", Index3(row, column)); }
 
     /// Puts texts into C1, C2 and so on of a row.
-    void SetSamples(int row, std::initializer_list<std::string_view> texts) {
+    void SetSamples(int row, const std::vector<std::string_view>& texts) {
         int column = kC1;
         for (const std::string_view text : texts) Cell(row, column++).Text = text;
     }
@@ -133,6 +133,12 @@ private:
         void operator()(Button* button) const { button->Visible = button->Enabled = true; }
         void operator()(Picture) const {}
     };
+};
+
+/// A sheet that stands on its first day.
+class DayTest : public SheetTest {
+protected:
+    DayTest() { form.DiaActual = 1; }
 };
 
 }  // namespace velmora::test

@@ -53,6 +53,12 @@ protected:
         found->Click();
     }
 
+    const Control& Find(const std::string& name) {
+        const Control* const control = chain.Current().FindControl(name);
+        if (control == nullptr) throw std::runtime_error("no control " + name);
+        return *control;
+    }
+
     WithSeparator separator{"."};
     EvaluacionRecord record;
     ScriptedHost host;
@@ -69,6 +75,31 @@ void ExpectError(ErrorKind kind, Step&& step) {
         ADD_FAILURE() << "no run-time error";
     } catch (const ErrorEjecucion& error) {
         EXPECT_EQ(error.what(), MessageOf(kind));
+    }
+}
+
+inline void ExpectPlace(const Control& control, const Box& box) {
+    EXPECT_EQ(control.row.box.left, box.left) << control.name;
+    EXPECT_EQ(control.row.box.top, box.top) << control.name;
+    EXPECT_EQ(control.row.box.width, box.width) << control.name;
+    EXPECT_EQ(control.row.box.height, box.height) << control.name;
+}
+
+/// A control in its place, with its caption or starting text.
+struct Placed {
+    std::string_view name;
+    Box box;
+    std::string_view text;
+};
+
+inline void ExpectPlaced(const Control& control, const Placed& expected) {
+    ExpectPlace(control, expected.box);
+    if (const auto* const label = std::get_if<Label*>(&control.state)) {
+        EXPECT_EQ((*label)->Caption, expected.text) << control.name;
+    } else if (const auto* const button = std::get_if<Button*>(&control.state)) {
+        EXPECT_EQ((*button)->Caption, expected.text) << control.name;
+    } else {
+        EXPECT_EQ(std::get<TextCell*>(control.state)->Text, expected.text) << control.name;
     }
 }
 
