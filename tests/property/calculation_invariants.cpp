@@ -271,14 +271,25 @@ int CellOfLimit(int task, int first) {
     return task == 2 && first >= 3 ? right - 1 : right;
 }
 
-Verdict AMixturesLimitLiesBetweenThoseOfItsMembers(const Step& s) {
+/// What the judge says of the groups of the task evaluated, the first broken one before all.
+template <class Judge>
+Verdict OfEachGroup(const Step& s, Judge judge) {
     const int task = EvaluatedTask(s);
     if (task == 0 || !s.Lives() || !IsPlain(s)) return Verdict::PassedOver();
-    const auto Text1 = s.before.Cells("Text1");
-    const auto Text3 = s.after.Cells("Text3");
-    bool any = false;
+    Verdict of_all = Verdict::PassedOver();
     for (const Group& group :
          GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Value())) {
+        const Verdict verdict = judge(task, group);
+        if (verdict.IsBroken()) return verdict;
+        if (verdict.Applies()) of_all = verdict;
+    }
+    return of_all;
+}
+
+Verdict AMixturesLimitLiesBetweenThoseOfItsMembers(const Step& s) {
+    const auto Text1 = s.before.Cells("Text1");
+    const auto Text3 = s.after.Cells("Text3");
+    return OfEachGroup(s, [&](int task, const Group& group) {
         std::vector<double> limits;
         bool plain = true;
         double means = 0;
@@ -295,30 +306,25 @@ Verdict AMixturesLimitLiesBetweenThoseOfItsMembers(const Step& s) {
         // The row above has a class of its own to write where a limit has strayed.
         const bool overwritten =
             first > 1 && cell == Prob && !Text3(At3(task, first - 1, Col::kEcPlus)).Text.empty();
-        if (!plain || means == 0 || overwritten) continue;
-        any = true;
+        if (!plain || means == 0 || overwritten) return Verdict::PassedOver();
         const auto [least, most] = std::ranges::minmax(limits);
         const double limit = Shows(Text3(cell).Text);
         if (limit < least * (1 - 1e-9) || limit > most * (1 + 1e-9)) {
             return Verdict::Broken("Text3(", cell, ") shows ", limit, ", not between ", least,
                                    " and ", most);
         }
-    }
-    return any ? Verdict::Holds() : Verdict::PassedOver();
+        return Verdict::Holds();
+    });
 }
 
 Verdict AMixturesMeanLiesBetweenItsSums(const Step& s) {
-    const int task = EvaluatedTask(s);
-    if (task == 0 || !s.Lives() || !IsPlain(s)) return Verdict::PassedOver();
     const auto Text1 = s.before.Cells("Text1");
     const auto Text3 = s.after.Cells("Text3");
-    bool any = false;
-    for (const Group& group :
-         GroupsOf(s.before, task, s.record_before.NumContaminantes(task).Value())) {
+    return OfEachGroup(s, [&](int task, const Group& group) {
         const int number =
             static_cast<int>(Value(Text1(At(task, group.members.front(), Col::kNumber)).Text));
-        if (number != group.members.front()) continue;  // a number that came from a file
-        any = true;
+        if (number != group.members.front())
+            return Verdict::PassedOver();  // a number that came from a file
         const auto [least, most] = std::ranges::minmax(group.sums);
         const double mean = s.record_after.MGmas(s.before.Day(), task, number).Value();
         const double deviation = s.record_after.GSDmas(s.before.Day(), task, number).Value();
@@ -332,8 +338,8 @@ Verdict AMixturesMeanLiesBetweenItsSums(const Step& s) {
             !Agree(Shows(Text3(At3(task, number, Col::kGsdPlus)).Text), deviation)) {
             return Verdict::Broken("the row of contaminant ", number, " shows something else");
         }
-    }
-    return any ? Verdict::Holds() : Verdict::PassedOver();
+        return Verdict::Holds();
+    });
 }
 
 Verdict AProbabilityIsAClassAndTheRightOneAtBothEnds(const Step& s) {
@@ -447,12 +453,15 @@ Verdict TheFinalTableTakesTheIndicesAndClassesThatAreThere(const Step& s) {
     return Verdict::Holds();
 }
 
-constexpr std::array<Invariant, 12> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kCalculationInvariants = {
     {"A validation is refused by the first of its rules that is broken, with its own message.",
      AValidationIsRefusedByItsFirstBrokenRule},
     {"A validation gives each row in use a mean that suits its samples, and the index of it.",
      AValidationGivesEachRowItsMeanAndIndex},
-    {"Indic.+ is the row's own index or the sum of its group, where the group's number lets it.",
+    {"Indic.+ is the row's own index or the sum of its group, where the group's number lets "
+     "it.",
      TheDailyIndexSumsEachGroupOnce},
     {"MG and GSD on the sheet are those of the record.",
      TheDailyIndexShowsTheStatisticsOfTheRecord},
@@ -472,10 +481,6 @@ constexpr std::array<Invariant, 12> kInvariants = {{
      TheFirstSampleOverItsLimitIsMarkedAndAnswered},
     {"HojaFinal takes the day's indices and classes that are there and keeps the others.",
      TheFinalTableTakesTheIndicesAndClassesThatAreThere},
-}};
-
-}  // namespace
-
-std::span<const Invariant> CalculationInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

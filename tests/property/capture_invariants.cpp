@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "property/invariant.h"
 #include "property/judging.h"
+#include "support/messages.h"
 
 namespace velmora::property {
 
@@ -147,16 +148,15 @@ std::string_view RefusalOfTheEntry(const Step& s) {
     std::array<double, 8> picked{};
     for (int i = 2; i <= 7; ++i) {
         const std::string& text = s.before.List("Combo1", i).Text;
-        if (text.empty()) return "Antes de validar introduzca  todos los datos";
+        if (text.empty()) return messages::kEntryIncomplete;
         picked.at(static_cast<std::size_t>(i)) = Value(text);
     }
     if (picked[2] > s.record_before.NumJornadas.Value() ||
         picked[3] > s.record_before.NumTareas.Value()) {
-        return "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores "
-               "asignados";
+        return messages::kEntryIncoherent;
     }
     if (picked[5] + picked[6] != picked[7]) {
-        return "El número total de contaminantes es  la suma de los expresados para 30' y 15' ";
+        return messages::kSumDiffers;
     }
     return {};
 }
@@ -264,18 +264,18 @@ Verdict APickOfATaskEmptiesTheRows(const Step& s) {
 /// The message with which a button of Form4 is refused; empty when it does its work.
 std::string_view RefusalOfTheTask(const Step& s) {
     const std::string& task = s.before.List("Combo1").Text;
-    if (task.empty()) return " Seleccione una tarea";
+    if (task.empty()) return messages::kNoTask;
     if (Value(task) > s.record_before.NumTareas.Value()) {
-        return " El número de tareas seleccionado no es coherente";
+        return messages::kTaskAbove;
     }
     if (s.action.target == "Command3") return {};
     const int rows = s.record_before.NumContaminantes(static_cast<int>(Value(task))).Value();
     for (int i = 0; i < 5 * rows; ++i) {
-        if (s.before.Cells("Text1")(i).Text.empty()) return " Cumplimente todos los datos";
+        if (s.before.Cells("Text1")(i).Text.empty()) return messages::kRowsIncomplete;
     }
     for (int i = 0; i < rows; ++i) {
         if (s.before.List("Combo13", i).Text.empty() || s.before.Cells("Text3")(i).Text.empty()) {
-            return " Cumplimente todos los datos";
+            return messages::kRowsIncomplete;
         }
     }
     return {};
@@ -364,7 +364,9 @@ Verdict TheRowsHoldOnlyWhatTheKeysLetThrough(const Step& s) {
     return Verdict::Holds();
 }
 
-constexpr std::array<Invariant, 13> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kCaptureInvariants = {
     {"Form2 shows DatosEmpresa after a restore, whatever was read.",
      ARestoreShowsDatosEmpresaWhateverWasRead},
     {"Form2 opens with DatosEmpresa once there is a name, and otherwise as it was laid out.",
@@ -381,7 +383,8 @@ constexpr std::array<Invariant, 13> kInvariants = {{
      TheLimitOfSixIsToldWhenTheLaterCountIsPicked},
     {"A fixed plan asks before it is reopened, and only a Yes reopens it.",
      APlanIsReopenedOnlyByAYes},
-    {"Form4 has open as many rows as the task picked has contaminants, and hidden cells are empty.",
+    {"Form4 has open as many rows as the task picked has contaminants, and hidden cells are "
+     "empty.",
      TheRowsOfTheTaskPickedAreOpenAndNoOther},
     {"A pick of a task empties the rows and shows the headings.", APickOfATaskEmptiesTheRows},
     {"A task's list is refused, stored and shown as its rows tell.",
@@ -390,10 +393,6 @@ constexpr std::array<Invariant, 13> kInvariants = {{
      ADoubleClickSwitchesTheSamplingTime},
     {"The rows of Form4 hold only what their keys let through.",
      TheRowsHoldOnlyWhatTheKeysLetThrough},
-}};
-
-}  // namespace
-
-std::span<const Invariant> CaptureInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

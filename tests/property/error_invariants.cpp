@@ -260,11 +260,14 @@ Verdict OnlyAConfirmedSalirEndsTheProcess(const Step& s) {
     return salir ? Verdict::Holds() : Verdict::PassedOver();
 }
 
-constexpr std::array<Invariant, 7> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kErrorInvariants = {
     {"Nothing but a run-time error is ever thrown.", NothingElseIsThrown},
     {"An array lacks an element only for a plan beyond its bounds or a row without its number.",
      ASubscriptErrorNeedsAnOddPlan},
-    {"A plan with more days, tasks or samples than there are rows ends the program when laid out.",
+    {"A plan with more days, tasks or samples than there are rows ends the program when laid "
+     "out.",
      APlanBeyondItsBoundsEndsTheProgram},
     {"A run-time error comes only where the rules name it.", AnErrorComesOnlyWhereItIsNamed},
     {"A row in use with a single usable sample ends the program, and no other does.",
@@ -273,10 +276,6 @@ constexpr std::array<Invariant, 7> kInvariants = {{
      AShortExposureFailsOnlyAsToldAndAlwaysThen},
     {"The process ends by a Salir that isn't answered No, with status 0, and by nothing else.",
      OnlyAConfirmedSalirEndsTheProcess},
-}};
-
-}  // namespace
-
-std::span<const Invariant> ErrorInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

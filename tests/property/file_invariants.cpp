@@ -135,7 +135,9 @@ Verdict ARestoreTakesWhatTheFileSuppliesAndNothingElse(const Step& s) {
     return fault.empty() ? Verdict::Holds() : Verdict::Broken(fault, " isn't the file's");
 }
 
-constexpr std::array<Invariant, 5> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kFileInvariants = {
     {"Files change by saving alone.", FilesChangeBySavingAlone},
     {"The file dialog has the title, extension, flags and name that its action tells.",
      TheDialogIsSetAsItsActionTells},
@@ -144,10 +146,6 @@ constexpr std::array<Invariant, 5> kInvariants = {{
      ASavedFileGivesTheSavedPartBackAndTheSameBytesAgain},
     {"A restore takes the lines that the file supplies and leaves the rest of the record.",
      ARestoreTakesWhatTheFileSuppliesAndNothingElse},
-}};
-
-}  // namespace
-
-std::span<const Invariant> FileInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

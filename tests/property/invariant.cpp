@@ -5,10 +5,10 @@ namespace velmora::property {
 const std::vector<Invariant>& Invariants() {
     static const std::vector<Invariant> all = [] {
         std::vector<Invariant> gathered;
-        for (const auto& group :
-             {ErrorInvariants(), ScreenInvariants(), RecordInvariants(), CaptureInvariants(),
-              SheetInvariants(), CalculationInvariants(), ResultInvariants(), FileInvariants()}) {
-            gathered.insert(gathered.end(), group.begin(), group.end());
+        for (const auto* const group :
+             {&kErrorInvariants, &kScreenInvariants, &kRecordInvariants, &kCaptureInvariants,
+              &kSheetInvariants, &kCalculationInvariants, &kResultInvariants, &kFileInvariants}) {
+            gathered.insert(gathered.end(), group->begin(), group->end());
         }
         return gathered;
     }();

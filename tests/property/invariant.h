@@ -42,14 +42,14 @@ struct Invariant {
     Verdict (*judge)(const Step&);
 };
 
-std::span<const Invariant> ErrorInvariants();
-std::span<const Invariant> ScreenInvariants();
-std::span<const Invariant> RecordInvariants();
-std::span<const Invariant> CaptureInvariants();
-std::span<const Invariant> SheetInvariants();
-std::span<const Invariant> CalculationInvariants();
-std::span<const Invariant> ResultInvariants();
-std::span<const Invariant> FileInvariants();
+extern const std::vector<Invariant> kErrorInvariants;
+extern const std::vector<Invariant> kScreenInvariants;
+extern const std::vector<Invariant> kRecordInvariants;
+extern const std::vector<Invariant> kCaptureInvariants;
+extern const std::vector<Invariant> kSheetInvariants;
+extern const std::vector<Invariant> kCalculationInvariants;
+extern const std::vector<Invariant> kResultInvariants;
+extern const std::vector<Invariant> kFileInvariants;
 
 /// All of them. What ends the process stands first.
 const std::vector<Invariant>& Invariants();

@@ -202,21 +202,20 @@ Verdict AStepRepeatedChangesNothing(const Step& s) {
     return Verdict::Broken(s.after.DifferencesFrom(s.before).front(), " changed");
 }
 
-constexpr std::array<Invariant, 6> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kRecordInvariants = {
     {"A refused action changes nothing in the record.", ARefusedActionChangesNothingInTheRecord},
     {"Each action writes its own part of the record and no other.",
      EachActionWritesItsOwnPartOfTheRecord},
     {"A record that the program's own screens made keeps within its ranges.",
      TheRecordKeepsWithinItsRanges},
-    {"Leaving Form2 by continuar stores each box as it stands, or three dashes for an empty one.",
+    {"Leaving Form2 by continuar stores each box as it stands, or three dashes for an empty "
+     "one.",
      NoElementOfDatosEmpresaIsEmptyOnceStored},
     {"What an action does hangs on what the screen shows and on the record alone.",
      AnOutcomeHangsOnWhatIsShownAndTheRecordAlone},
     {"A step repeated at once changes nothing more.", AStepRepeatedChangesNothing},
-}};
-
-}  // namespace
-
-std::span<const Invariant> RecordInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

@@ -103,7 +103,9 @@ Verdict TheOverallIndexIsTheGeometricMeanOfTheDays(const Step& s) {
     return any ? Verdict::Holds() : Verdict::PassedOver();
 }
 
-constexpr std::array<Invariant, 4> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kResultInvariants = {
     {"The numbers of the final table's rows change by typing alone.",
      OnlyTypingChangesTheNumbersOfTheRows},
     {"The final table is hidden until it is validated, and then shows the rows in use.",
@@ -112,10 +114,6 @@ constexpr std::array<Invariant, 4> kInvariants = {{
      TheTableShowsHojaFinalAndDashesForWhatIsEmpty},
     {"IG is the geometric mean of the three days, where the first two have an index.",
      TheOverallIndexIsTheGeometricMeanOfTheDays},
-}};
-
-}  // namespace
-
-std::span<const Invariant> ResultInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

@@ -9,39 +9,16 @@
 #include "core/numbers.h"
 #include "property/invariant.h"
 #include "property/judging.h"
+#include "support/menus.h"
+#include "support/messages.h"
 
 namespace velmora::property {
 
 namespace {
 
 using enum ScreenId;
+using namespace messages;
 using Kind = Action::Kind;
-
-constexpr std::string_view kExit = "¿Está seguro de que quiere salir?";
-constexpr std::string_view kPrinting =
-    "\r\n¿Desea continuar?\r\n \r\nPulsar 'Si' no admite cancelación posterior";
-constexpr std::string_view kOddDay =
-    " El número de día seleccionado no es coherente con los datos introducidos";
-constexpr std::string_view kNoName = "Debe cumplimentarse por lo menos el nombre de la empresa";
-constexpr std::string_view kIncompletePlan =
-    " Aún le faltan datos por introducir y sin ellos\r\n"
-    "  el programa no funcionará correctamente\r\n"
-    "¿Está seguro de que quiere continuar ?";
-constexpr std::string_view kStartAgain =
-    "Modificar los datos correspondientes al número de días y jornadas\r\n"
-    "supone reiniciar todo el proceso de nuevo\r\n"
-    " y perder los datos introducidos hasta el momento.\r\n"
-    "¿Desea reiniciar el proceso?";
-constexpr std::string_view kGoBack =
-    "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
-    "¿Está seguro de que quiere regresar?";
-constexpr std::string_view kLongTask =
-    " El número de tareas seleccionado no es coherente con el valor asignado inicialmente";
-constexpr std::string_view kShortTask = " El número de tareas seleccionado no es coherente";
-constexpr std::string_view kIncoherentEntry =
-    "El número de Jornadas y Tareas seleccionado debe ser coherente con los valores asignados";
-constexpr std::string_view kSumDiffers =
-    "El número total de contaminantes es  la suma de los expresados para 30' y 15' ";
 
 // clang-format off
 constexpr auto kBoxes = std::to_array<KnownBox>({
@@ -51,11 +28,11 @@ constexpr auto kBoxes = std::to_array<KnownBox>({
     {Form4, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
     {Form5, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
     {Form6, "salir",             kExit,                              MsgBoxStyle::YesNoInformation},
-    {Form2, "imprimir",          "Se imprimirá la pantalla",         MsgBoxStyle::YesNo},
-    {Form3, "imprimir",          "Se imprimirá la pantalla",         MsgBoxStyle::YesNo},
-    {Form4, "imprimir",          "Se imprimirá pantalla",            MsgBoxStyle::YesNo},
-    {Form5, "imprimir",          "Se imprimirán todos los datos en pantalla", MsgBoxStyle::YesNo},
-    {Form6, "imprimir",          "Se imprimirán los resultados en  pantalla", MsgBoxStyle::YesNo},
+    {Form2, "imprimir",          kPrints[0].notice,                 MsgBoxStyle::YesNo},
+    {Form3, "imprimir",          kPrints[1].notice,                 MsgBoxStyle::YesNo},
+    {Form4, "imprimir",          kPrints[2].notice,                 MsgBoxStyle::YesNo},
+    {Form5, "imprimir",          kPrints[3].notice,                 MsgBoxStyle::YesNo},
+    {Form6, "imprimir",          kPrints[4].notice,                 MsgBoxStyle::YesNo},
     {Form2, "datosiniciales",    kNoName,                            MsgBoxStyle::Ok},
     {Form2, "contaminantes",     kNoName,                            MsgBoxStyle::Ok},
     {Form2, "calculos",          kNoName,                            MsgBoxStyle::Ok},
@@ -64,25 +41,25 @@ constexpr auto kBoxes = std::to_array<KnownBox>({
     {Form3, "contaminantes",     kIncompletePlan,                    MsgBoxStyle::YesNoInformationNo},
     {Form3, "pagina5",           kIncompletePlan,                    MsgBoxStyle::YesNoInformationNo},
     {Form3, "resultadofinal",    kIncompletePlan,                    MsgBoxStyle::YesNoInformationNo},
-    {Form3, "Combo1(0)",         kStartAgain,                        MsgBoxStyle::YesNoQuestionNo, "Aviso"},
-    {Form3, "Combo1(1)",         kStartAgain,                        MsgBoxStyle::YesNoQuestionNo, "Aviso"},
-    {Form3, "Combo1(6)",         "La suma total de contaminantes de 30' y de 15' ha de ser menor o igual que 6", MsgBoxStyle::Ok},
-    {Form3, "Command1",          "Indique el número de Jornadas y de Tareas ",   MsgBoxStyle::Ok},
-    {Form3, "Command2",          "Antes de validar introduzca  todos los datos", MsgBoxStyle::Ok},
-    {Form3, "Command2",          kIncoherentEntry,                   MsgBoxStyle::Ok},
+    {Form3, "Combo1(0)",         kRestart,                        MsgBoxStyle::YesNoQuestionNo, "Aviso"},
+    {Form3, "Combo1(1)",         kRestart,                        MsgBoxStyle::YesNoQuestionNo, "Aviso"},
+    {Form3, "Combo1(6)",         kSumAboveSix,                       MsgBoxStyle::Ok},
+    {Form3, "Command1",          kNoPick,                            MsgBoxStyle::Ok},
+    {Form3, "Command2",          kEntryIncomplete,                   MsgBoxStyle::Ok},
+    {Form3, "Command2",          kEntryIncoherent,                   MsgBoxStyle::Ok},
     {Form3, "Command2",          kSumDiffers,                        MsgBoxStyle::Ok},
-    {Form4, "Combo1",            kLongTask,                          MsgBoxStyle::Ok},
-    {Form4, "Command1",          " Seleccione una tarea",            MsgBoxStyle::Ok},
-    {Form4, "Command1",          kShortTask,                         MsgBoxStyle::Ok},
-    {Form4, "Command1",          " Cumplimente todos los datos",     MsgBoxStyle::Ok},
-    {Form4, "Command3",          " Seleccione una tarea",            MsgBoxStyle::Ok},
-    {Form4, "Command3",          kShortTask,                         MsgBoxStyle::Ok},
-    {Form5, "introprimero",      kOddDay,                            MsgBoxStyle::Ok},
-    {Form5, "introsegundo",      kOddDay,                            MsgBoxStyle::Ok},
-    {Form5, "introtercero",      kOddDay,                            MsgBoxStyle::Ok},
-    {Form5, "recupprimerdia",    kOddDay,                            MsgBoxStyle::Ok},
-    {Form5, "recupsegundodia",   kOddDay,                            MsgBoxStyle::Ok},
-    {Form5, "recuptercerdia",    kOddDay,                            MsgBoxStyle::Ok},
+    {Form4, "Combo1",            kTaskAboveOnPick,                          MsgBoxStyle::Ok},
+    {Form4, "Command1",          kNoTask,                            MsgBoxStyle::Ok},
+    {Form4, "Command1",          kTaskAbove,                         MsgBoxStyle::Ok},
+    {Form4, "Command1",          kRowsIncomplete,                    MsgBoxStyle::Ok},
+    {Form4, "Command3",          kNoTask,                            MsgBoxStyle::Ok},
+    {Form4, "Command3",          kTaskAbove,                         MsgBoxStyle::Ok},
+    {Form5, "introprimero",      kIncoherentDay,                            MsgBoxStyle::Ok},
+    {Form5, "introsegundo",      kIncoherentDay,                            MsgBoxStyle::Ok},
+    {Form5, "introtercero",      kIncoherentDay,                            MsgBoxStyle::Ok},
+    {Form5, "recupprimerdia",    kIncoherentDay,                            MsgBoxStyle::Ok},
+    {Form5, "recupsegundodia",   kIncoherentDay,                            MsgBoxStyle::Ok},
+    {Form5, "recuptercerdia",    kIncoherentDay,                            MsgBoxStyle::Ok},
     {Form5, "Command1",          "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok},
     {Form5, "Command2",          "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok},
     {Form5, "Command3",          "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok},
@@ -149,41 +126,12 @@ constexpr auto kDayCaptions = std::to_array<std::pair<std::string_view, std::str
     {"recuptercerdia",  "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : TERCER DIA"},
 });
 
-/// The menu bars: names with captions, "!" behind those with a handler, lists in brackets.
-constexpr std::array<std::string_view, 6> kMenus = {
-    "Vacio1=;Vacio2=;Nuevaempresa=Iniciar!;Vacio3=;vacio4=;salir=Salir!;",
-    "vacio1=;vacio2=;continuar=Continuar[datosiniciales=Datos iniciales: Jornadas y Tareas!;"
-    "contaminantes=Contaminantes!;calculos=Cálculos!;resulatadofinal=Resultado final!;];vacio30=;"
-    "vacio32=;Regresar=Regresar!;vacio40=;vacio50=;recuperardatos=Recuperar datos!;vacio51=;"
-    "vacio52=;imprimir=Imprimir!;vacio53=;vacio54=;salir=Salir!;",
-    "vacio1=;vacio2=;continuar=Continuar/Regresar[contaminantes=Contaminantes!;pagina5=Cálculos!;"
-    "datosdeempresa=Datos de empresa!;resultadofinal=Resultado final!;];vacio8=;vacio9=;"
-    "imprimir=Imprimir!;vacio20=;vacio22=;salir=Salir!;",
-    "vacio1=;vacio7=;continuar=Continuar/Regresar[pagina5=Cálculos!;"
-    "datosiniciales=Datos iniciales: Jornadas y Tareas!;datosdeempresa=Datos de empresa!;"
-    "resultadosfinales=Resultado final!;];vacio10=;vacio11=;imprimir=Imprimir!;vacio22=;vacio23=;"
-    "salir=Salir!;",
-    "vacio1=;vacio2=;introducirdatos=Introducir datos[introprimero=Primer dia!;"
-    "introsegundo=Segundo dia!;introtercero=Tercer dia!;];vacio3=;vacio4=;"
-    "recuperar=Recuperar datos/cálculos[recupprimerdia=Primer dia!;recupsegundodia=Segundo dia!;"
-    "recuptercerdia=Tercer dia!;];vacio5=;vacio6=;continuar=Continuar/Regresar["
-    "datosiniciales=Datos iniciales: Jornadas y Tareas!;contaminantes=Contaminantes!;"
-    "resultadosfinales=Resultado final!;datosempresa=Datos de empresa!;];vacio9=;vacio14=;"
-    "imprimir=Imprimir!;vacio15=;salir=Salir!;",
-    "vacio1=;vacio2=;regresar=Continuar/Regresar![calculos=Cálculos!;contaminantes=Contaminantes!;"
-    "datosiniciales=Datos  iniciales: Jornadas y Tareas!;datosdeempresa=Datos de empresa!;];"
-    "vacio10=;vacio11=;guardararchivo=Guardar en disco !;vacio21=;vacio22=;imprimir=Imprimir!;"
-    "vacio30=;vacio32=;salir=Salir!;",
-};
-
-/// The pages of each screen's print dialog, `Form2` first.
-constexpr std::array<std::pair<int, int>, 5> kPages = {{{0, 2}, {0, 1000}, {0, 1000}, {0, 1000}, {1, 1000}}};
 // clang-format on
 
 bool IsKnown(const Step& s, const ShownBox& box) {
     return std::ranges::any_of(kBoxes, [&](const KnownBox& known) {
-        std::string prompt(known.prompt);
-        if (known.cause == "imprimir") prompt += kPrinting;
+        const bool prints = known.cause == "imprimir";
+        const std::string prompt = prints ? PrintQuestion(known.prompt) : std::string(known.prompt);
         return known.screen == s.before.Id() && known.cause == s.action.target &&
                prompt == box.prompt && known.style == box.style && known.title == box.title;
     });
@@ -352,15 +300,16 @@ Verdict PrintingPrintsOnceOnYesAndChangesNothing(const Step& s) {
     if (!chosen) return Verdict::PassedOver();
     if (!(s.after == s.before)) return Verdict::Broken("the screen changed");
     if (due == 0) return Verdict::Holds();
-    const auto& [first, last] = kPages.at(static_cast<std::size_t>(s.before.Id()) - 2);
+    const Print& print = kPrints.at(static_cast<std::size_t>(s.before.Id()) - 2);
     const CommonDialog& dialog = dialogs.front();
-    if (dialog.FromPage != first || dialog.ToPage != last) return Verdict::Broken("other pages");
+    if (dialog.FromPage != print.first_page || dialog.ToPage != print.last_page)
+        return Verdict::Broken("other pages");
     return dialog.Flags == 524288 ? Verdict::Holds() : Verdict::Broken("flags ", dialog.Flags);
 }
 
 Verdict MenusStandAsTheyWere(const Step& s) {
     if (!s.menu) return Verdict::PassedOver();
-    const std::string_view due = kMenus.at(static_cast<std::size_t>(s.after.Id()) - 1);
+    const std::string_view due = MenuOf(s.after.Id());
     return s.menu == due ? Verdict::Holds() : Verdict::Broken("it is ", *s.menu);
 }
 
@@ -404,7 +353,9 @@ Verdict AListHoldsNothingOrOneOfItsItems(const Step& s) {
     return any ? Verdict::Holds() : Verdict::PassedOver();
 }
 
-constexpr std::array<Invariant, 15> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kScreenInvariants = {
     {"An action shows at most one box.", AnActionShowsAtMostOneBox},
     {"Every box is one of its screen's, with its text, style and title.", EveryBoxIsOneOfItsScreen},
     {"A move goes where its entry leads, past its guard, and nothing else moves.",
@@ -427,11 +378,7 @@ constexpr std::array<Invariant, 15> kInvariants = {{
     {"Writing in a cell, or picking in a list of a row, leaves the rest of the screen.",
      TypingAndPickingInAListLeaveTheRestOfTheScreen},
     {"A list holds nothing or one of its items.", AListHoldsNothingOrOneOfItsItems},
-}};
-
-}  // namespace
-
-std::span<const Invariant> ScreenInvariants() { return kInvariants; }
+};
 std::span<const KnownBox> KnownBoxes() { return kBoxes; }
 
 }  // namespace velmora::property

@@ -371,7 +371,9 @@ Verdict TheFiveAnswersKeepTheirTextUntilWritten(const Step& s) {
     return Verdict::Holds();
 }
 
-constexpr std::array<Invariant, 14> kInvariants = {{
+}  // namespace
+
+const std::vector<Invariant> kSheetInvariants = {
     {"The five answers of the sheet are always locked.", TheFiveAnswersAreAlwaysLocked},
     {"A sheet without a day is hidden, locked and empty, its buttons closed.",
      ABlankSheetIsHiddenLockedAndEmpty},
@@ -388,7 +390,8 @@ constexpr std::array<Invariant, 14> kInvariants = {{
      OnlySamplesBearAMarkAndOnlyTheLastButtonMakesOne},
     {"A validation empties the answer on limits and takes the marks of its task.",
      ARightValidationTakesTheMarksOfItsTask},
-    {"A day is refused exactly when the plan lacks it, and is the day of the sheet all the same.",
+    {"A day is refused exactly when the plan lacks it, and is the day of the sheet all the "
+     "same.",
      ADayIsRefusedExactlyWhenThePlanLacksIt},
     {"The day of the sheet changes by the entries of the two day menus alone.",
      ADayOnlyChangesByItsEntries},
@@ -397,10 +400,6 @@ constexpr std::array<Invariant, 14> kInvariants = {{
      ADaysSlotIsWhatTheSheetShowsOnceValidatedOrRecovered},
     {"Beginning a day keeps the texts of the five answers.",
      TheFiveAnswersKeepTheirTextUntilWritten},
-}};
-
-}  // namespace
-
-std::span<const Invariant> SheetInvariants() { return kInvariants; }
+};
 
 }  // namespace velmora::property

@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "property/say.h"
 #include "support/files.h"
+#include "support/menus.h"
 
 namespace velmora::property {
 
@@ -52,17 +53,6 @@ std::string MeaninglessBytes(int count) {
     std::string bytes;
     for (int i = 0; i < count; ++i) bytes += static_cast<char>(random() % 256);
     return bytes;
-}
-
-std::string TextOf(const std::vector<MenuEntry>& menu) {
-    std::string text;
-    for (const MenuEntry& entry : menu) {
-        text.append(entry.name).append("=").append(entry.caption);
-        if (entry.Click) text += '!';
-        if (!entry.list.empty()) text.append("[").append(TextOf(entry.list)).append("]");
-        text += ';';
-    }
-    return text;
 }
 
 bool RunsAClick(const Action& action) {
