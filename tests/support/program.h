@@ -11,6 +11,11 @@
 
 namespace velmora {
 
+inline ScreenChain& Started(ScreenChain& chain) {
+    chain.Go(ScreenId::Form1);
+    return chain;
+}
+
 /// One run of the program from its start, put together as `velmora` is, and the robot that uses it.
 /// Its end is noted instead of ending this process.
 struct Program {
@@ -22,15 +27,9 @@ struct Program {
     EvaluacionRecord record;
     QtHost host;
     ScreenChain chain{[this](ScreenId id) { return MakeScreen(id, {record, chain, host}); }};
-    Window window{Started(), host};
+    Window window{Started(chain), host};
     Robot robot{window};
     std::optional<int> exit_status;  ///< once the program has ended
-
-private:
-    ScreenChain& Started() {
-        chain.Go(ScreenId::Form1);
-        return chain;
-    }
 };
 
 }  // namespace velmora
