@@ -98,6 +98,7 @@ try_left_out() {
 
 export VELMORA_ZIP=$zip VELMORA_INSTALLER=$installer
 say "What the programs are made of"
+(cd "$build/dist" && sha256sum --quiet --check SHA256SUMS)
 hardened
 /usr/bin/python3 -B tests/windows/resources_test.py
 say "The guided example"

@@ -62,6 +62,21 @@ class Product(unittest.TestCase):
         self.assertEqual(report.read_bytes(),
                          (EXAMPLES / "tres-dias-tres-tareas.html").read_bytes())
 
+    def test_in_a_console_it_takes_orders_and_names_one_by_one(self):
+        program = str(self.root / "velmora-informe.exe")
+        status, told = self.windows.ask(program, "--resumen", str(self.plan))
+        self.assertEqual(status, 0)
+        self.assertTrue(told.endswith("plan.doc\r\n"), told)
+        every = str(self.plan.with_stem("*"))
+        self.assertEqual(self.windows.ask(program, "--resumen", every), (1, ""))
+
+    def test_the_licence_of_each_part_is_there(self):
+        licences = self.root / "licencias"
+        parts = (licences / "contenido.txt").read_text().splitlines()[1:]
+        texts = {part.split()[-1] for part in parts}
+        self.assertIn("qt.txt", texts)
+        self.assertLessEqual(texts, {path.name for path in licences.iterdir()})
+
     def test_it_leaves_nothing_of_its_own(self):
         before = self.windows.files()
         self.evaluate(self.root / "velmora.exe", "otra.doc")
@@ -83,8 +98,12 @@ class Installer(unittest.TestCase):
         files, registry = windows.files(), windows.registry()
         self.assertEqual(windows.run(str(INSTALLER), "/S"), 0)
         (program,) = windows.drive.rglob("Programs/Velmora/velmora.exe")
-        menu = {path.name for path in windows.drive.rglob("*.lnk") if "Velmora" in str(path)}
-        self.assertEqual(menu, {"Velmora.lnk", "Informes de Velmora.lnk", "Guía de Velmora.lnk"})
+        menu = {path.name: path.read_bytes() for path in windows.drive.rglob("Velmora/*.lnk")}
+        opens = {"Velmora.lnk": b"velmora.exe", "Informes de Velmora.lnk": b"velmora-informe.exe",
+                 "Guía de Velmora.lnk": b"guia.html"}
+        self.assertEqual(menu.keys(), opens.keys())
+        for name, opened in opens.items():
+            self.assertIn(rb"\Programs\Velmora" + b"\\" + opened, menu[name])
         self.assertRegex("\n".join(windows.registry()), "(?i)uninstall.*velmora")
 
         velmora = Velmora(windows, str(program))
