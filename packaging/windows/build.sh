@@ -25,6 +25,8 @@ record_drawings() {
 }
 
 build_programs() {
+    # Another toolkit than that of the last build: nothing of it is kept.
+    grep -sqxF "VELMORA_WINDOWS_QT:PATH=$qt" $build/CMakeCache.txt || rm -rf $build
     [ -f $build/build.ninja ] || cmake --preset windows -DVELMORA_MUSL="$musl" -DVELMORA_WINDOWS_QT="$qt" \
         -DVELMORA_DRAWINGS="$PWD/$build-drawings/recorded" >/dev/null
     # What the program carries inside bears a date: one for all commits, or what an earlier build left
