@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kQuarters = 4;
 constexpr double kGrowth = 1.01;
+constexpr long kKept = 100;  // bytes, each time
 
 std::atomic<int> objects{0};
 
@@ -74,14 +75,6 @@ constexpr std::array<Judged, 3> kCounts = {{{"widgets", &Reading::widgets},
                                             {"objects", &Reading::objects},
                                             {"open files", &Reading::files}}};
 
-struct Memory {
-    const char* name;
-    long Reading::*field;
-};
-
-constexpr std::array<Memory, 2> kMemory = {
-    {{"resident memory", &Reading::rss}, {"allocated memory", &Reading::heap}}};
-
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool kMemoryIsJudged = false;
 #else
@@ -107,7 +100,7 @@ bool MemoryIsJudged() { return kMemoryIsJudged; }
 Reading Take(int done) {
     return {done,
             ResidentKib(),
-            static_cast<long>(Allocated() / 1024),
+            static_cast<long>(Allocated()),
             static_cast<int>(QApplication::allWidgets().size()),
             objects,
             OpenFiles()};
@@ -118,7 +111,7 @@ void Print(std::ostream& out, const std::vector<Reading>& readings) {
     for (std::size_t quarter = 0; quarter < kQuarters; ++quarter) {
         const std::vector<Reading> part = Quarter(readings, quarter);
         out << std::setw(10) << part.back().done << std::setw(14) << Median(part, &Reading::rss)
-            << std::setw(15) << Median(part, &Reading::heap) << std::setw(9)
+            << std::setw(15) << Median(part, &Reading::heap) / 1024 << std::setw(9)
             << Least(part, &Reading::widgets) << std::setw(9) << Least(part, &Reading::objects)
             << std::setw(12) << Least(part, &Reading::files) << '\n';
     }
@@ -133,13 +126,14 @@ std::vector<std::string> Faults(const std::vector<Reading>& readings) {
             faults.push_back(std::string(count.name) + " grow");
         }
     }
-    for (const Memory& memory : kMemory) {
-        const auto before = static_cast<double>(Median(second, memory.field));
-        const auto after = static_cast<double>(Median(last, memory.field));
-        if (kMemoryIsJudged && after > before * kGrowth) {
-            faults.push_back(std::string(memory.name) + " grows");
-        }
+    if (!kMemoryIsJudged) return faults;
+    const auto resident = static_cast<double>(Median(second, &Reading::rss));
+    if (static_cast<double>(Median(last, &Reading::rss)) > resident * kGrowth) {
+        faults.emplace_back("resident memory grows");
     }
+    const int times = last.back().done - second.back().done;
+    const long kept = Median(last, &Reading::heap) - Median(second, &Reading::heap);
+    if (kept > kKept * times) faults.emplace_back("allocated memory grows");
     return faults;
 }
 

@@ -11,7 +11,7 @@ namespace velmora::endurance {
 struct Reading {
     int done;     ///< moves or evaluations so far
     long rss;     ///< resident memory, KiB
-    long heap;    ///< allocated by the program and the toolkit, KiB
+    long heap;    ///< allocated by the program and the toolkit, bytes
     int widgets;  ///< of the toolkit, shown or hidden
     int objects;  ///< of the toolkit, with a parent or without
     int files;    ///< open ones
@@ -32,10 +32,10 @@ bool MemoryIsJudged();
 void Print(std::ostream& out, const std::vector<Reading>& readings);
 
 /// What isn't flat. The first quarter of the readings is the warm-up; the last one's median of
-/// resident and of allocated memory may be 1 % above that of the second, and the least widgets,
-/// objects and files of the last may not be above those of the second: what comes and goes makes a
-/// reading larger, what stays makes all of them so. A sanitizer keeps what was freed, so memory
-/// isn't judged under one.
+/// resident memory may be 1 % above that of the second, that of allocated memory 100 bytes for each
+/// time in between, and the least widgets, objects and files of the last may not be above those of
+/// the second: what comes and goes makes a reading larger, what stays makes all of them so. A
+/// sanitizer keeps what was freed, so memory isn't judged under one.
 std::vector<std::string> Faults(const std::vector<Reading>& readings);
 
 }  // namespace velmora::endurance
