@@ -220,6 +220,22 @@ TEST_F(ScreensTest, ANumberThatIsNoScreensMakesNone) {
     EXPECT_EQ(MakeScreen(static_cast<ScreenId>(7), Environment{record, chain, host}), nullptr);
 }
 
+TEST_F(ScreensTest, APageIsThatOfTheCompanyAndTheCodeThatAreKnownOnItsScreen) {
+    record.DatosEmpresa(1) = "Acme";
+    record.DatosEmpresa(19) = "HI-27/3";
+    const auto owner = [this] {
+        const PageOwner known = OwnerOf(chain.Current(), record);
+        return known.company + ", " + known.code;
+    };
+    chain.Go(ScreenId::Form6);
+    EXPECT_EQ(owner(), "Acme, HI-27/3");
+    chain.Go(ScreenId::Form2);
+    auto& form2 = dynamic_cast<Form2&>(chain.Current());
+    form2.Text1(1).Text = "Otra";
+    form2.Text1(19).Text = "HI-28/1";
+    EXPECT_EQ(owner(), "Otra, HI-28/1") << "as typed, whether it is in the record yet or not";
+}
+
 // Menus
 
 TEST_F(ScreensTest, EachBarHasItsEntriesSpacersAndListsInOrder) {
