@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <map>
 #include <optional>
 
 #include "qt/window_test.h"
@@ -12,6 +13,8 @@
 namespace velmora::test {
 namespace {
 
+using ::testing::_;
+using ::testing::Pair;
 using By = Robot::By;
 
 struct Answered {
@@ -123,21 +126,21 @@ TEST_F(BoxTest, ItsTitleIsTheOneGiven) {
     Show("x", MsgBoxStyle::YesNoQuestionNo, "Aviso");
 }
 
-TEST_F(BoxTest, ItsButtonsAreSpanish) {
-    std::vector<std::string> captions;
+TEST_F(BoxTest, ItsButtonsAreSpanishAndStandInTheirOrder) {
+    std::map<int, std::string> captions;  // by their place from the left
     robot.on_modal = [&](QDialog& modal) {
         for (const QAbstractButton* const button : modal.findChildren<QAbstractButton*>()) {
-            captions.push_back(button->text().remove(QLatin1Char('&')).toStdString());
+            captions[button->x()] = button->text().remove(QLatin1Char('&')).toStdString();
         }
     };
     robot.ExpectBox(BoxOf("x", MsgBoxStyle::YesNo, QMessageBox::No));
     Show("x", MsgBoxStyle::YesNo);
-    EXPECT_THAT(captions, ::testing::UnorderedElementsAre("Sí", "No"));
+    EXPECT_THAT(captions, ElementsAre(Pair(_, "Sí"), Pair(_, "No")));
 
     captions.clear();
     robot.ExpectBox(BoxOf("x", MsgBoxStyle::Ok));
     Show("x", MsgBoxStyle::Ok);
-    EXPECT_THAT(captions, ::testing::ElementsAre("Aceptar"));
+    EXPECT_THAT(captions, ElementsAre(Pair(_, "Aceptar")));
 }
 
 TEST_F(BoxTest, NothingOfTheWindowIsReachedWhileItIsOpen) {

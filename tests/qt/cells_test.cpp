@@ -64,7 +64,10 @@ protected:
                 auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
                 if (menu == nullptr) return;
                 for (const QAction* const action : menu->actions()) {
-                    if (!action->isSeparator()) captions.push_back(action->text().toStdString());
+                    const char* const closed = action->isEnabled() ? "" : " (closed)";
+                    if (!action->isSeparator()) {
+                        captions.push_back(action->text().toStdString() + closed);
+                    }
                 }
                 menu->close();
             };
@@ -197,6 +200,9 @@ TEST_P(FilteredCellTest, AnInputMethodChangesNothing) {
 TEST_P(FilteredCellTest, ItsContextMenuCopiesAndSelectsAndNothingMore) {
     std::vector<std::string> entries = {"Copiar", "Seleccionar todo"};
     if (GetParam().screen != ScreenId::Form3) entries.push_back("Copiar toda la tabla");
+    EXPECT_THAT(ContextMenuOf(cell), ElementsAreArray(entries));
+    Edit(cell).deselect();
+    entries.front() = "Copiar (closed)";
     EXPECT_THAT(ContextMenuOf(cell), ElementsAreArray(entries));
     ExpectUntouched("the context menu");
 }

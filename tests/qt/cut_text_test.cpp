@@ -10,6 +10,7 @@
 #include "capture/form2.h"
 #include "capture/form4.h"
 #include "qt/window_test.h"
+#include "sheet/form5.h"
 
 namespace velmora::test {
 namespace {
@@ -64,6 +65,18 @@ TEST_F(CutTextTest, ItShowsItsBeginningWhenTheFocusComes) {
     robot.Key(Qt::Key_End);
     robot.Type("x");
     EXPECT_TRUE(robot.Text("Text1(4)").ends_with("Mx"));
+}
+
+TEST_F(CutTextTest, ItsToolTipSaysTheWholeAndThenItsOwnWords) {
+    const QString figure(40, u'1');
+    OpenSheet(1, 1, 1).Text1(7).Text = figure.toStdString();
+    window->ShowChanges();
+    auto& cell = robot.Find<QLineEdit>("Text1(7)");
+    QHelpEvent event(QEvent::ToolTip, {2, 2}, cell.mapToGlobal(QPoint(2, 2)));
+    QCoreApplication::sendEvent(&cell, &event);
+    EXPECT_EQ(QToolTip::text(),
+              figure + QStringLiteral("\nLos decimales, con punto y con un cero delante: 0.5"));
+    QToolTip::hideText();
 }
 
 /// A list whose text, that of a file, isn't among its items.

@@ -52,6 +52,20 @@ TEST_P(DrawingTest, ItsStrokesGiveThePixelsOfItsSource) {
     }
 }
 
+TEST_P(DrawingTest, OnADenserDisplayItIsAsSharpAsOneOfTwiceTheSize) {
+    Drawing drawing(QString::fromStdString(GetParam()));
+    const QSize size(200, 150);
+    QImage dense(2 * size, QImage::Format_ARGB32_Premultiplied);
+    dense.fill(Qt::white);
+    dense.setDevicePixelRatio(2);
+    QPainter painter(&dense);
+    drawing.Draw(painter, QRect(QPoint(), size));
+    painter.end();
+    const QImage twice =
+        Painted(2 * size, [&](QPainter& large) { drawing.Draw(large, QRect(QPoint(), 2 * size)); });
+    EXPECT_EQ(LargestDifference(dense, twice), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Each, DrawingTest,
                          testing::Values("splash", "velmora", "fondo2", "fondo3", "fondo4",
                                          "fondo5", "fondo6"),

@@ -224,6 +224,8 @@ TEST_F(FocusTest, UpAndDownGoByARowFromTaskToTask) {
     robot.Click("Text3(0)");
     robot.Key(Qt::Key_Down);
     EXPECT_EQ(robot.Focused(), "Text3(4)");
+    robot.Key(Qt::Key_Up, Qt::KeypadModifier);
+    EXPECT_EQ(robot.Focused(), "Text3(0)") << "the arrows of the number pad";
 }
 
 TEST_F(FocusTest, UpAndDownGoByARowInTheOtherGrids) {

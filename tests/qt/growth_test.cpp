@@ -380,16 +380,25 @@ constexpr std::array<Face, 3> kFaces = {{
 }};
 // clang-format on
 
+int WidthOfInk(QLabel& label) {
+    QImage picture(label.size(), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter(&picture).drawPixmap(0, 0, label.grab());
+    return WidthOfInk(picture);
+}
+
+TEST_F(GrowingThings, TheLettersOfTheScreenThatIsShownGrow) {
+    const Twice ink = Measure([&] { return WidthOfInk(robot.Find<QLabel>("Label4")); });
+    EXPECT_NEAR(ink.twice, 2 * ink.once, ink.once / 10);
+}
+
 TEST_F(GrowthTest, LabelsAreShownInTheFaceThatTheyAskForOrItsStandIn) {
     const QStringList installed = QFontDatabase::families();
     for (const auto& [screen, control, faces] : kFaces) {
         Open(screen);
         Resize(1237, 910);
         auto& label = robot.Find<QLabel>(control);
-        QImage picture(label.size(), QImage::Format_RGB32);
-        picture.fill(Qt::white);
-        QPainter(&picture).drawPixmap(0, 0, label.grab());
-        const int shown = WidthOfInk(picture);
+        const int shown = WidthOfInk(label);
         for (const Face& other : kFaces) {
             const auto face = std::ranges::find_if(other.faces, [&](const char* name) {
                 return installed.contains(QLatin1String(name));

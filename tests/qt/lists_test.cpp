@@ -56,6 +56,23 @@ protected:
     }
 };
 
+TEST_F(ListTest, TheLongestListOpensWithAllItsItems) {
+    auto& form3 = Open<Form3>(ScreenId::Form3);
+    window->Run([&] {
+        form3.Combo1(4).Visible = true;
+        form3.Combo1(4).Locked = false;
+    });
+    QComboBox& list = Box("Combo1(4)");
+    ASSERT_GT(list.count(), 10);
+    robot.Act("opening the list", [&] {
+        list.showPopup();
+        const QRect room = list.view()->viewport()->rect();
+        const QModelIndex last = list.model()->index(list.count() - 1, 0);
+        EXPECT_TRUE(room.contains(list.view()->visualRect(last)));
+        list.hidePopup();
+    });
+}
+
 /// The contaminants of a plan of three tasks, of two contaminants each.
 class TaskListTest : public ListTest {
 protected:

@@ -228,6 +228,18 @@ TEST_P(EachScreensPictureTest, TheDrawingIsAsSharpAfterAResizeAsOnANewScreen) {
     EXPECT_TRUE(Background() == resized);
 }
 
+TEST_P(EachScreensPictureTest, ItsEndsGoOnWhereTheWindowIsTooTall) {
+    window->resize(825, 1200);
+    QCoreApplication::processEvents();
+    const QRect drawing = window->findChild<Canvas*>()->ScreenRect();
+    const QImage seen = Background();
+    ASSERT_LT(drawing.bottom() + 100, seen.height());
+    const QPoint foot(seen.width() / 2, drawing.bottom() - 1);
+    EXPECT_LT(seen.pixelColor(foot.x(), seen.height() - 1).lightness(), 60) << "dark as the foot";
+    EXPECT_GT(seen.pixelColor(foot.x(), 0).lightness(), 240) << "light as the top";
+    EXPECT_LT(seen.pixelColor(foot).lightness(), 60);
+}
+
 INSTANTIATE_TEST_SUITE_P(OnTheWindow, EachScreensPictureTest,
                          ::testing::Values(ScreenId::Form2, ScreenId::Form3, ScreenId::Form4,
                                            ScreenId::Form5, ScreenId::Form6),

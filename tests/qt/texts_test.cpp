@@ -77,6 +77,21 @@ TEST_F(TextTest, EveryQuestionAboutAPartEnds) {
     }
 }
 
+TEST_F(TextTest, ALettersPlaceIsWhereItsInkIs) {
+    const QAccessibleTextInterface& spoken = Spoken(QStringLiteral("    l    "));
+    auto& cell = robot.Find<QLineEdit>("Text1(1)");
+    cell.clearFocus();  // so that no blinking cursor is among the ink
+    const QImage seen = cell.grab().toImage();
+    const QRect letter = spoken.characterRect(4).adjusted(-1, 0, 1, 0);  // to a pixel
+    int ink = 0;
+    for (int x = 2; x < seen.width() - 2; ++x) {
+        if (seen.pixelColor(x, seen.height() / 2).lightness() > 128) continue;
+        ++ink;
+        EXPECT_TRUE(letter.contains(cell.mapToGlobal(QPoint(x, seen.height() / 2)))) << x;
+    }
+    EXPECT_GT(ink, 0);
+}
+
 /// An image, named by a text as markup would.
 class MarkupTest : public TextTest {
 protected:
