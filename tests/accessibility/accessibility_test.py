@@ -297,7 +297,10 @@ class Lists(DesktopTest):
         self.program.pick("Número de tareas en cada jornada", "2")
         role = self.program.atspi.Role.COMBO_BOX
         box = self.program.find("Número de tareas en cada jornada", role)
+        expanded = self.program.atspi.StateType.EXPANDED
+        self.assertFalse(box.get_state_set().contains(expanded))
         self.program.act(box, "ShowMenu")
+        wait_for("the list told as open", lambda: box.get_state_set().contains(expanded))
         selected = self.program.atspi.StateType.SELECTED
         items = [n for n in self.program.everything(box) if n.get_role_name() == "list item"]
         self.assertEqual([n.get_name() for n in items], ["1", "2", "3"])

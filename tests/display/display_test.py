@@ -53,6 +53,12 @@ class Caption(unittest.TestCase):
             wait_for(caption, lambda: program.title() == caption)
             self.assertIn(caption, [name for _, name, _, _ in windows()])
 
+    def test_the_window_bears_an_icon(self):
+        program = desktop.Program(os.environ["VELMORA"])
+        self.addCleanup(program.close)
+        identity = next(i for i, name, _, _ in windows() if "Velmora" in name)
+        self.assertIn("Icon (48 x 48)", told("xprop", "-id", identity, "_NET_WM_ICON"))
+
 
 class FirstWindow(unittest.TestCase):
     """Under a window manager, on displays of many sizes."""
