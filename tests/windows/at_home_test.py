@@ -11,7 +11,7 @@ from pathlib import Path
 
 from desktop import (
     EXAMPLES, PROGRAMS, TREE, WORK, Velmora, Windows, active, press, take_picture, unpack, wait_for,
-    wait_for_keyboard, xdotool,
+    wait_for_keyboard,
 )
 
 sys.path.insert(0, str(TREE / "tests/printing"))

@@ -7,7 +7,6 @@ folder; LC_ALL=es_ES.UTF-8 and a display with a window manager.
 
 import os
 import re
-import shutil
 import subprocess
 import time
 import zipfile
