@@ -31,27 +31,26 @@ struct Field {
 
 // clang-format off
 constexpr std::array<Field, 19> kFields = {{
-    { 1,  0,  480, false, kRed,     "Nombre de la empresa ",             "Nombre de la empresa, imprescindible"},
-    { 4,  3,  840, false, kBlue,     "Calle/ Ctra./ Avedida/ Plaza",      "Calle, carretera, avenida o plaza"},
-    { 3,  2, 1200, false, kBlue,     "Parcela",                           "Parcela"},
-    { 5,  4, 1560, false, kBlue,     "Número",                            "Número"},
-    { 2,  1, 1920, false, kBlue,     "Poligono Industrial",               "Polígono industrial"},
-    { 6,  5, 2280, false, kBlue,     "Localidad",                         "Localidad"},
-    { 7,  6, 2640, false, kBlue,     "Provincia",                         "Provincia"},
-    {11, 10, 3000, false, kBlue,     "Teléfono / Fax",                    "Teléfono o fax"},
-    {10,  9, 3360, false, kBlue,     "Número  C.I.F.",                    "Número C.I.F."},
-    {12, 11, 3720, false, kBlue,     "E-mail",                            "E-mail"},
-    {13, 12, 4080, false, kBlue,     "Página WEB",                        "Página web"},
-    {15, 14, 4440, false, kBlue,     "Número de centros de trabajo",      "Número de centros de trabajo"},
-    {14, 13, 4800, false, kBlue,     "Número total de trabajadores",      "Número total de trabajadores"},
+    { 1,  0,  480, false, kRed,        "Nombre de la empresa ",             "Nombre de la empresa, imprescindible"},
+    { 4,  3,  840, false, kBlue,       "Calle/ Ctra./ Avedida/ Plaza",      "Calle, carretera, avenida o plaza"},
+    { 3,  2, 1200, false, kBlue,       "Parcela",                           "Parcela"},
+    { 5,  4, 1560, false, kBlue,       "Número",                            "Número"},
+    { 2,  1, 1920, false, kBlue,       "Poligono Industrial",               "Polígono industrial"},
+    { 6,  5, 2280, false, kBlue,       "Localidad",                         "Localidad"},
+    { 7,  6, 2640, false, kBlue,       "Provincia",                         "Provincia"},
+    {11, 10, 3000, false, kBlue,       "Teléfono / Fax",                    "Teléfono o fax"},
+    {10,  9, 3360, false, kBlue,       "Número  C.I.F.",                    "Número C.I.F."},
+    {12, 11, 3720, false, kBlue,       "E-mail",                            "E-mail"},
+    {13, 12, 4080, false, kBlue,       "Página WEB",                        "Página web"},
+    {15, 14, 4440, false, kBlue,       "Número de centros de trabajo",      "Número de centros de trabajo"},
+    {14, 13, 4800, false, kBlue,       "Número total de trabajadores",      "Número total de trabajadores"},
     {16, 15,  840, true,  kBrightBlue, " Evaluación: Centro de trabajo ",   "Evaluación: centro de trabajo"},
     {18, 19, 1200, true,  kBrightBlue, " Identificación de la evaluacion:", "Identificación de la evaluación"},
     {19, 18, 1560, true,  kBrightBlue, " Código de evaluación:",            "Código de evaluación"},
-    { 8,  7, 1920, true,  kBlue,     "  Fecha de la evaluación",          "Fecha de la evaluación"},
-    {17, 16, 2280, true,  kBlue,     "  Nº de trabajadores expuestos",    "Número de trabajadores expuestos"},
+    { 8,  7, 1920, true,  kBlue,       "  Fecha de la evaluación",          "Fecha de la evaluación"},
+    {17, 16, 2280, true,  kBlue,       "  Nº de trabajadores expuestos",    "Número de trabajadores expuestos"},
     { 9,  8, 2640, true,  kBrightBlue, "Responsable de la empresa ",        "Responsable de la empresa"},
 }};
-
 
 constexpr std::array<StandingControl<Form2>, 3> kControls = {{
     {&Form2::Label2, {.name = "Label2", .box = {480, 0, 11175, 375}, .text = "Datos de la Empresa",
