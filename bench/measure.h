@@ -8,6 +8,8 @@
 
 namespace velmora::bench {
 
+constexpr double kMegabyte = 1024 * 1024;
+
 /// One line of the table: a median of ours and one of what it is measured against, taken in turns
 /// in the same run.
 struct Row {

@@ -88,8 +88,6 @@ FirstScreen Start(const Places& places, const Words& command) {
     return seen;
 }
 
-constexpr double kMegabyte = 1024 * 1024;
-
 Rows MeasureStart(const Places& places) {
     constexpr int kRepetitions = 21;
     constexpr double kBudget = 1.3;

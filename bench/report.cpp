@@ -19,8 +19,6 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr double kMegabyte = 1024 * 1024;
-
 /// Copies of the example in a folder of their own.
 std::vector<std::string> Copies(const Places& places, int count) {
     const std::filesystem::path folder = places.scratch + "/many";
