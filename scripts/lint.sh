@@ -7,15 +7,14 @@ cd "$(dirname "$0")/.."
 . scripts/common.sh
 
 install_packages "${build_packages[@]}" libgtest-dev libgmock-dev clang-tidy cppcheck
-build=build/release
-[ -f $build/build.ninja ] || cmake --preset release >/dev/null
 
-# tidy <folder>...: over the sources that are compiled. What the toolkit's own compiler makes of
-# the headers has to be there.
+# tidy <folder>...: over the sources as the daily build compiles them, one by one. It is built first:
+# what it has read tells which sources have changed, and what the toolkit's own compiler makes of the
+# headers has to be there.
 tidy() {
+    tests=ON build dev
     say "clang-tidy ($*)"
-    cmake --build $build --target velmora_qt_autogen >/dev/null
-    python3 scripts/tidy.py $build "$@"
+    python3 scripts/tidy.py build/dev "$@"
 }
 
 case ${1:-} in
