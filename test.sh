@@ -128,4 +128,4 @@ sed -n 's/^| \(`[^|]*`\) |.*/  \1/p' CONTRIBUTING.md | tr -d '`'
 say "Seconds of each step"
 printf '%s\n' "${times[@]}"
 say "All tests passed: $(sed -n 's/^100% tests passed, .* out of //p' build/*/ctest.log |
-    awk '{ sum += $1 } END { print sum }') of ctest, the window's in pieces"
+    awk '{ sum += $1 } END { print sum }') programs and scripts of ctest"
