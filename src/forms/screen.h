@@ -1,10 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <functional>
 #include <initializer_list>
-#include <ranges>
 #include <span>
 #include <string>
 #include <string_view>
@@ -185,8 +185,9 @@ MenuEntry Screen::EntryOf(std::string_view name, std::string_view caption, void 
 template <class Form>
 void Screen::SetMenu(std::initializer_list<BarRow<Form>> bar) {
     for (const BarRow<Form>& row : bar) {
-        for (const auto name : std::views::split(row.spacers, ' ')) {
-            menu_.push_back({.name = std::string_view(name.begin(), name.end())});
+        for (std::size_t from = 0, blank = 0; from < row.spacers.size(); from = blank + 1) {
+            blank = std::min(row.spacers.find(' ', from), row.spacers.size());
+            menu_.push_back({.name = row.spacers.substr(from, blank - from)});
         }
         MenuEntry& title = menu_.emplace_back(EntryOf(row.name, row.caption, row.Click));
         title.ends_program = row.ends_program;
