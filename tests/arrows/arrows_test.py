@@ -4,15 +4,17 @@
 Asks the compiler, with each source's own command: arrows_test.py COMPILE_COMMANDS SOURCE_FOLDER
 """
 
-import json
 import pathlib
 import shlex
 import subprocess
 import sys
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / "scripts"), str(ROOT / "tests/support")]
 from arrows import ARROWS, reached_from, room_of
+import compile_commands
+
 
 class Compiler:
     """One source's compile command, put to other texts."""
@@ -45,8 +47,8 @@ class ArrowsTest(unittest.TestCase):
                         for room in rooms for header in sorted(room.glob("*.h"))[:1]}
         self.headers["<Qt>"] = "<QString>"
         self.compilers = {}
-        for entry in json.loads(commands.read_text()):
-            path = pathlib.Path(entry["file"])
+        for file, entry in compile_commands.by_source(commands):
+            path = pathlib.Path(file)
             if source / "src" in path.parents:
                 self.compilers[str(path.relative_to(source / "src"))] = Compiler(entry)
         self.assertGreater(len(self.compilers), 20)

@@ -1,15 +1,19 @@
 """What the hardening flags came to: read off the program with readelf, and off the commands that
 compiled it where a flag leaves no trace in a program that calls nothing it would check."""
 
-import json
 import os
 import subprocess
+import sys
 import unittest
 from pathlib import Path
 
 PROGRAM = os.environ["VELMORA"]
 BUILD = Path(os.environ["BUILD"])
-SOURCE = Path(__file__).resolve().parents[2] / "src"
+ROOT = Path(__file__).resolve().parents[2]
+SOURCE = ROOT / "src"
+
+sys.path.insert(0, str(ROOT / "tests/support"))
+import compile_commands
 
 FLAGS = ("-fstack-protector-strong", "-D_FORTIFY_SOURCE=2", "-D_GLIBCXX_ASSERTIONS",
          "-Werror=format-security", "-fPI")  # -fPIE or -fPIC
@@ -41,8 +45,8 @@ class Program(unittest.TestCase):
 
 class Commands(unittest.TestCase):
     def test_every_source_is_compiled_with_the_flags(self):
-        commands = {entry["file"]: entry["command"]
-                    for entry in json.loads((BUILD / "compile_commands.json").read_text())}
+        commands = {source: entry["command"] for source, entry in
+                    compile_commands.by_source(BUILD / "compile_commands.json")}
         # Those for Windows aren't compiled here.
         sources = sorted(source for source in SOURCE.rglob("*.cpp")
                          if source.parent.name != "windows"
