@@ -153,7 +153,7 @@ void JudgeEnd(Files& files, const Start& start, const std::vector<Action>& actio
     step.after = step.before;
     step.record_before = again.Program().record;
     step.record_after = step.record_before;
-    RequireSentences(step, property::ErrorInvariants());
+    RequireSentences(step, property::kErrorInvariants);
 }
 
 void RunBare(const Start& start, Bytes input) {
