@@ -19,6 +19,7 @@ function(velmora_numbers_part name)
     cmake_parse_arguments(PART "" "" "SOURCES;OPTIONS" ${ARGN})
     list(TRANSFORM PART_SOURCES PREPEND ${math}/)
     add_library(${name} OBJECT ${PART_SOURCES})
+    set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)  # local names repeat in them
     target_include_directories(${name} PRIVATE
         ${shims} ${VELMORA_MUSL}/src/internal ${VELMORA_MUSL}/arch/generic)
     target_compile_options(${name} PRIVATE -std=gnu11 -O2 -fno-builtin -w -Dhidden= ${PART_OPTIONS})
