@@ -49,7 +49,7 @@ class AtHome(unittest.TestCase):
     def opened(self):
         """What the browser has been asked to open."""
         noted = self.windows.drive / NOTED
-        wait_for("the browser", lambda: noted.exists() and noted.stat().st_size > 0)
+        wait_for("the browser", lambda: noted.exists() and noted.read_text("utf-8-sig"))
         return noted.read_text("utf-8-sig")
 
     def test_f1_opens_the_guide_in_the_browser_at_the_screens_section(self):
