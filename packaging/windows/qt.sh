@@ -32,7 +32,8 @@ if [ -f "$installed/complete" ]; then
     exit
 fi
 
-# CMake packs the toolkit's table of file types with the hour in it, unless this tells another one.
+# The pictures and the table of file types that the toolkit packs bear a time: one for all commits, or
+# its bytes would tell when it was built and, called by build.sh, at which commit.
 export SOURCE_DATE_EPOCH=1
 sed -i "$without_history" "$source/$dialog"
 if grep -q 'QT_CONFIG(settings)' "$source/$dialog"; then exit 1; fi
