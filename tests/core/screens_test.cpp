@@ -238,6 +238,15 @@ TEST_F(ScreensTest, APageIsThatOfTheCompanyAndTheCodeThatAreKnownOnItsScreen) {
 
 // Menus
 
+TEST_F(ScreensTest, TheFramesCrossIsTheEntrySalirOnEachScreen) {
+    for (const ScreenId id : kAllScreens) {
+        chain.Go(id);
+        const MenuEntry* const exit = chain.Current().Exit();
+        ASSERT_NE(exit, nullptr) << chain.Current().Name();
+        EXPECT_EQ(exit->caption, "Salir") << chain.Current().Name();
+    }
+}
+
 TEST_F(ScreensTest, EachBarHasItsEntriesSpacersAndListsInOrder) {
     for (int i = 1; i <= 6; ++i) {
         const auto id = static_cast<ScreenId>(i);

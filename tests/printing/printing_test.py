@@ -86,9 +86,11 @@ class Answers(PrintingTest):
         self.print_with("Imprimir")
         self.page()
 
-    def test_print_prints_one_page(self):
+    def test_print_prints_one_page_once(self):
         self.print_with("Imprimir")
         self.page()
+        copies = re.search(b"copies\0\4\0\0(..)", self.server.records(), re.S)
+        self.assertIn(copies and copies[1], (None, b"\0\1"))
         self.expect_still_there()
 
     def test_cancel_of_the_dialog_still_prints(self):

@@ -5,11 +5,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeView>
 #include <QUrl>
 
 #include "capture/form2.h"
@@ -251,6 +253,21 @@ TEST_F(RestoringTest, ACancelAfterANameReadsThatFileAgain) {
     robot.ExpectFileDialog(std::nullopt);
     robot.Choose("recuperardatos");
     EXPECT_EQ(robot.Text("Text1(1)"), "Dos");
+}
+
+TEST_F(RestoringTest, TheListOfFilesHasTheirNamesSizesAndDates) {
+    std::vector<std::string> heads;
+    robot.on_modal = [&](QDialog& modal) {
+        const auto& columns = *modal.findChild<QTreeView*>()->header();
+        for (int i = 0; i < columns.count(); ++i) {
+            if (columns.isSectionHidden(i)) continue;
+            heads.push_back(
+                columns.model()->headerData(i, Qt::Horizontal).toString().toStdString());
+        }
+    };
+    robot.ExpectFileDialog(std::nullopt);
+    robot.Choose("recuperardatos");
+    EXPECT_THAT(heads, ElementsAre("Nombre", "Tamaño", "Última modificación"));
 }
 
 /// What a dialog shows where it starts.

@@ -232,7 +232,11 @@ TEST_F(GrowingThings, AFileDialogGrowsWithItsQuestion) {
     const QTemporaryDir folder;
     Open(ScreenId::Form6);
     std::set<int> letters;
-    robot.on_modal = [&](QDialog& modal) { letters.merge(LettersOf(modal)); };
+    robot.on_modal = [&](QDialog& modal) {
+        letters.merge(LettersOf(modal));
+        const QSize display = modal.screen()->availableSize();
+        EXPECT_EQ(modal.size().boundedTo(display), modal.size()) << "it fits the display";
+    };
     Resize(1650, 1214);
     robot.ExpectFileDialog(folder.filePath(QStringLiteral("nuevo")).toStdString());
     robot.ExpectPrompt("no existe", QMessageBox::No);

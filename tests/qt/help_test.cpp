@@ -1,5 +1,6 @@
 // Help where the question arises: the guide by F1, the tool tips of headings, the table to copy.
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -59,6 +60,21 @@ TEST_P(GuideTest, AMissingGuideIsSaid) {
 
 INSTANTIATE_TEST_SUITE_P(OnTheWindow, GuideTest, ::testing::ValuesIn(kScreens),
                          [](const auto& test) { return NameOf(test.param); });
+
+using GuideMissingTest = WindowTest;
+
+TEST_F(GuideMissingTest, BehindItsBoxAScreenReaderRunsNoEntry) {
+    host.find_guide = [] { return QString(); };
+    robot.on_modal = [&](QDialog&) {
+        auto* const entry = QAccessible::queryAccessibleInterface(&Action("Nuevaempresa"));
+        entry->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(robot.ScreenName(), "Form1");
+    };
+    robot.ExpectBox(BoxOf("No se encuentra la guía.", MsgBoxStyle::Ok));
+    robot.Key(Qt::Key_F1);
+    EXPECT_EQ(robot.ScreenName(), "Form1");
+}
 
 TEST(GuidePlaces, TheInstalledPageComesBeforeThatOfTheTree) {
     const QTemporaryDir root;

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -25,6 +26,13 @@ TEST_P(MenuTest, TheBarHasItsEntriesAndSpacersInOrder) {
     std::string expected(MenuOf(GetParam()));
     std::erase(expected, '!');  // what an entry runs isn't seen
     EXPECT_EQ(Read(*window->menuBar()), expected);
+}
+
+TEST_P(MenuTest, AScreenReaderIsToldWhichEntriesHaveAList) {
+    for (QAction* const entry : window->menuBar()->actions()) {
+        const auto* const told = QAccessible::queryAccessibleInterface(entry);
+        EXPECT_EQ(told->state().hasPopup, entry->menu() != nullptr) << entry->text().toStdString();
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(OnTheWindow, MenuTest, ::testing::ValuesIn(kScreens),
