@@ -3,7 +3,8 @@
 # took, which tests were the slowest, and what it leaves to commands of their own.
 #
 # A step that has passed isn't run again while neither a file of the tree nor a package of the machine
-# has changed; with --again every step is run.
+# has changed; with --again every step is run. With --short, what the release build shows is enough:
+# the fuzzers, the rooms for Windows and the sanitizers, each a build of its own, are left out.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -24,14 +25,17 @@ export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
 times=()
 passed=build/passed
-case ${1:-} in
-    '') ;;
-    --again) rm -rf "$passed" ;;
-    *)
-        echo "usage: ./test.sh [--again]" >&2
-        exit 2
-        ;;
-esac
+short=
+for option; do
+    case $option in
+        --again) rm -rf "$passed" ;;
+        --short) short=1 ;;
+        *)
+            echo "usage: ./test.sh [--again] [--short]" >&2
+            exit 2
+            ;;
+    esac
+done
 
 # step <name> <command>...: runs it, and remembers how long it took.
 step() {
@@ -97,6 +101,20 @@ try_package() {
     [ "$status" -eq 0 ] || [ "$status" -eq 77 ]
 }
 
+other_builds() {
+    once "The fuzzers for a short while" fuzz/fuzz.sh
+    step "Musl, whose routines give Windows the same numbers" fetch_musl
+    # It is the build without Qt, too: this toolkit isn't there for that compiler.
+    step "The rooms without Qt, for Windows" build windows-core
+    once "Tests of the rooms for Windows, under Wine" run_tests windows-core C.UTF-8
+    once "Numbers on both systems, bit by bit" \
+        tests/windows/compare_bits.sh build/release build/windows-core
+    step "Build with sanitizers" build asan
+    # What the toolkit and the font library hold for the life of the process is no leak of ours.
+    ASAN_OPTIONS=detect_leaks=0 once "Tests with sanitizers under a decimal comma" \
+        run_tests asan es_ES.UTF-8
+}
+
 step "Packages" install_packages "${build_packages[@]}" "${windows_packages[@]}" \
     "${test_packages[@]}"
 at_start=$(state)
@@ -107,25 +125,20 @@ once "The guided example, which leaves a report" run_example
 once "Tests of the release build under a decimal point" run_tests release C.UTF-8
 once "The independent model beside the program" run_model
 once "The package, made, installed and removed" try_package
-once "The fuzzers for a short while" fuzz/fuzz.sh
 once "The reports in a browser" tests/report/browser/browser_test.sh build/release
-step "Musl, whose routines give Windows the same numbers" fetch_musl
-# It is the build without Qt, too: this toolkit isn't there for that compiler.
-step "The rooms without Qt, for Windows" build windows-core
-once "Tests of the rooms for Windows, under Wine" run_tests windows-core C.UTF-8
-once "Numbers on both systems, bit by bit" \
-    tests/windows/compare_bits.sh build/release build/windows-core
-step "Build with sanitizers" build asan
-# What the toolkit and the font library hold for the life of the process is no leak of ours.
-ASAN_OPTIONS=detect_leaks=0 once "Tests with sanitizers under a decimal comma" \
-    run_tests asan es_ES.UTF-8
+logs=(build/release/ctest.log)
+if [ -z "$short" ]; then
+    other_builds
+    logs+=(build/windows-core/ctest.log build/asan/ctest.log)
+fi
 
 say "The ten slowest tests"
-sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' build/*/ctest.log |
+sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' "${logs[@]}" |
     sort -rn | sed -n 1,10p
 say "Not run here, each a command of its own (CONTRIBUTING.md)"
+[ -z "$short" ] || echo "  ./test.sh: the fuzzers, the rooms for Windows, the sanitizers"
 sed -n 's/^| \(`[^|]*`\) |.*/  \1/p' CONTRIBUTING.md | tr -d '`'
 say "Seconds of each step"
 printf '%s\n' "${times[@]}"
-say "All tests passed: $(sed -n 's/^100% tests passed, .* out of //p' build/*/ctest.log |
+say "All tests passed: $(sed -n 's/^100% tests passed, .* out of //p' "${logs[@]}" |
     awk '{ sum += $1 } END { print sum }') programs and scripts of ctest"
