@@ -193,8 +193,9 @@ protected:
         const Qt::Key key = kKeys.at(static_cast<std::size_t>(Pick(kKeys.size())));
         const QString text = key < Qt::Key_Escape ? QString(QChar(key)) : QString();
         const Qt::KeyboardModifiers modifiers = Modifiers();
+        const QPointer<QWidget> still_there = &top;  // a shortcut acts at once, and may end a menu
         for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            qt_handleKeyEvent(top.windowHandle(), type, key, modifiers, text);
+            if (still_there) qt_handleKeyEvent(top.windowHandle(), type, key, modifiers, text);
         }
     }
 
