@@ -1,6 +1,7 @@
-"""What Windows reads off the programs before it starts them: manifest and icon."""
+"""What Windows reads off the programs before it starts them: manifest, icon and version."""
 
 import os
+import pathlib
 import re
 import unittest
 import zipfile
@@ -9,6 +10,7 @@ from xml.etree import ElementTree
 import pefile
 
 MANIFEST, ICONS = (pefile.RESOURCE_TYPE[f"RT_{kind}"] for kind in ("MANIFEST", "GROUP_ICON"))
+TREE = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = ("velmora.exe", "velmora-informe.exe", "programa/velmora.exe")
 
 
@@ -58,6 +60,19 @@ class Resources(unittest.TestCase):
             with self.subTest(name):
                 listed = resource(program, ICONS)[6:]  # the head tells how many there are
                 self.assertEqual([listed[place] for place in range(0, len(listed), 14)], sizes)
+
+    def test_version(self):
+        version = re.search(r"project\(velmora VERSION (\S+)", (TREE / "CMakeLists.txt").read_text())
+        for name, program in shipped().items():
+            with self.subTest(name):
+                (strings,) = (part for part in program.FileInfo[0] if part.Key == b"StringFileInfo")
+                told = strings.StringTable[0].entries
+                self.assertEqual(told[b"ProductName"], b"Velmora")
+                self.assertEqual(told[b"FileVersion"].decode(), version[1])
+                fixed = program.VS_FIXEDFILEINFO[0]
+                numbers = [half for pair in (fixed.FileVersionMS, fixed.FileVersionLS)
+                           for half in divmod(pair, 0x10000)]
+                self.assertEqual(".".join(map(str, numbers)), f"{version[1]}.0")
 
 
 if __name__ == "__main__":
