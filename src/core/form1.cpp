@@ -37,8 +37,16 @@ constexpr std::array<StandingControl<Form1>, 7> kControls = {{
 }  // namespace
 
 Form1::Form1(const Environment& environment) : BaseScreen(environment, kFace, Label5) {
+    PlaceControls();
+    PlaceMenu();
+}
+
+void Form1::PlaceControls() {
     Place(Picture{"splash"}, kPicture1);
     Place(kControls);
+}
+
+void Form1::PlaceMenu() {
     SetMenu<Form1>({{"Vacio1 Vacio2", "Nuevaempresa", "Iniciar", &Form1::Nuevaempresa_Click},
                     {"Vacio3 vacio4", "salir", "Salir", &Form1::salir_Click, {}, true}});
 }

@@ -13,6 +13,10 @@ public:
     void salir_Click();
 
     Label Label1, Label2, Label3, Label4, Label5, Label6, Label7;
+
+private:
+    void PlaceControls();
+    void PlaceMenu();
 };
 
 }  // namespace velmora
