@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "report/company.h"
 #include "report/text.h"
+#include "runtime/text.h"
 
 namespace velmora::report {
 
@@ -30,7 +31,7 @@ public:
     Line& Number(int number) { return Field(Whole(number)); }
     Line& Cell(const Figure& figure) { return Field(FigureField(figure.text, decimal_)); }
     Line& Value(std::string_view figure) { return Field(FigureField(figure, decimal_)); }
-    std::string Finish() { return text_ + "\r\n"; }
+    std::string Finish() { return text_ + std::string(kLineEnd); }
 
 private:
     Line& Field(const std::string& field) {

@@ -19,9 +19,6 @@ std::vector<Finding> ReviewPlan(const EvaluacionRecord& record);
 std::vector<Finding> ReviewFinalTable(const EvaluacionRecord& record,
                                       const std::vector<DayCase>& days, int cells_read);
 
-/// The greatest number of cells of the final table.
-inline constexpr int kFinalCells = 18 * 9;
-
 /// IG of three indices: the cube root of their product; nothing for a negative or too large one.
 std::optional<double> OverallIndex(const std::array<double, 3>& indices);
 
