@@ -53,15 +53,14 @@ constexpr std::array<Column, kColumns> kTable = {{
      "La Prob. del tercer día, en tanto por ciento."},
 }};
 
-constexpr int kHeadingHeight    = 255;
-constexpr int kCellHeight     = 285;
-constexpr int kRowStep      = 300;
-constexpr int kBlockStep    = 2220;
-constexpr int kFirstCaption    = 990;  ///< top of the first block's label
-constexpr int kFirstRow     = 1260; ///< top of the first block's first row
+constexpr int kHeadingHeight = 255;
+constexpr int kCellHeight    = 285;
+constexpr int kRowStep       = 300;
+constexpr int kBlockStep     = 2220;
+constexpr int kFirstCaption  = 990;   ///< top of the first block's label
+constexpr int kFirstRow      = 1260;  ///< top of the first block's first row
 
 constexpr Look kBlockLook{.bold = true, .fore = kNavy, .back = kPaleBlue};
-
 
 // The blocks are the tasks of the plan, though their labels speak of workdays.
 constexpr std::array<StandingControl<Form6>, 5> kControls = {{
