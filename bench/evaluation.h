@@ -29,7 +29,7 @@ public:
     void ShowSave(CommonDialog& /*dialog*/) override { Unexpected("a file dialog"); }
     void ShowPrinter(CommonDialog& /*dialog*/) override { Unexpected("a print dialog"); }
     void PrintForm() override { Unexpected("a print"); }
-    void End(int /*estado*/) override { Unexpected("the end"); }
+    void End(int /*status*/) override { Unexpected("the end"); }
     std::tm Now() const override {
         ++ticks_;
         return LocalTime();

@@ -34,7 +34,7 @@ constexpr std::array<std::string_view, 15> kNumbers = {"0", "1", "2",  "3",  "4"
                                                        "8", "9", "10", "11", "12", "13", "14"};
 constexpr std::array<std::string_view, 2> kOneOrThreeDays = {"1", "3"};
 
-/// The items from `primero` to `ultimo`.
+/// The items from `first` to `last`, both counted from 0.
 constexpr std::span<const std::string_view> From(std::size_t first, std::size_t last) {
     return std::span(kNumbers).subspan(first, last - first + 1);
 }

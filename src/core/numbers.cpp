@@ -23,14 +23,14 @@ std::string Digits(int n) {
     return {text.data(), std::to_chars(text.data(), text.data() + text.size(), n).ptr};
 }
 
-/// Length of the run of digits at the start of `texto`.
+/// Length of the run of digits at the start of `text`.
 std::size_t LeadingDigits(std::string_view text) {
     std::size_t n = 0;
     while (n < text.size() && IsDigit(text[n])) ++n;
     return n;
 }
 
-/// Length of the exponent at the start of `texto`, 0 when no digits follow its letter.
+/// Length of the exponent at the start of `text`, 0 when no digits follow its letter.
 std::size_t LeadingExponent(std::string_view text) {
     if (text.empty() || (text[0] != 'e' && text[0] != 'E')) return 0;
     const std::size_t sign = text.size() > 1 && (text[1] == '+' || text[1] == '-') ? 1 : 0;
@@ -44,7 +44,7 @@ struct LeadingNumber {
     std::size_t length = 0;
 };
 
-/// The longest unsigned number at the start of `texto`; empty when no digit is there.
+/// The longest unsigned number at the start of `text`; empty when no digit is there.
 LeadingNumber UnsignedNumber(std::string_view text, std::string_view separator) {
     const std::size_t whole = LeadingDigits(text);
     std::size_t length = whole;

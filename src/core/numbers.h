@@ -46,7 +46,7 @@ std::string FormatoDosDecimales(Doble value);
 /// to fifteen significant digits and no exponent: the form that the evaluation file holds.
 std::string PlainDecimalText(Doble value);
 
-/// The number that a whole text is: a sign, digits with at most one `separador` (with or without a
+/// The number that a whole text is: a sign, digits with at most one `separator` (with or without a
 /// digit ahead of it), an exponent. Nothing when the text is something else; infinity when it is
 /// too large for a Double.
 std::optional<double> CompleteNumber(std::string_view text, std::string_view separator);

@@ -29,7 +29,7 @@ public:
     void ShowPrinter(CommonDialog& dialog) override;
     void PrintForm() override;
     std::tm Now() const override;
-    void End(int estado) override { end(estado); }
+    void End(int status) override { end(status); }
     void ShowError(std::string_view message) override;
     void OpenGuide(std::string_view section) override;
     void Beep() override { beep(); }

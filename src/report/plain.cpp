@@ -26,9 +26,9 @@ auto Guarded(Computation computation) -> std::optional<decltype(computation())> 
 }
 
 std::optional<Estimate> EstimateOf(const Array<double, 1, 6>& samples) {
-    Muestras muestras;
-    for (int i = 1; i <= kSamples; ++i) muestras(i) = samples(i);
-    const auto estimate = Guarded([&] { return EstimateOf(muestras); });
+    Muestras series;
+    for (int i = 1; i <= kSamples; ++i) series(i) = samples(i);
+    const auto estimate = Guarded([&] { return EstimateOf(series); });
     return estimate ? *estimate : std::nullopt;
 }
 
@@ -154,7 +154,7 @@ RowFigures ComputeRow(const RowInput& input) {
     if (!estimate) return figures;
     figures.mg = estimate->mg.Value();
     figures.gsd = estimate->gsd.Value();
-    const auto mmp = Guarded([&] { return estimate->Media(); });
+    const auto mmp = Guarded([&] { return estimate->Mean(); });
     if (!mmp) return figures;
     figures.mmp = mmp->Value();
     // The sheet, too, takes the index from the mean before it is cut.

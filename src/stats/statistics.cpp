@@ -17,7 +17,7 @@ Doble CorrectionFactor(Entero n, Doble gsd) {
 
 }  // namespace
 
-Doble Estimate::Media() const { return mg * CorrectionFactor(n, gsd); }
+Doble Estimate::Mean() const { return mg * CorrectionFactor(n, gsd); }
 
 LogNormal::LogNormal(const Muestras& samples) {
     for (int i = 1; i <= 6 && samples(i) != 0; ++i) {
@@ -38,21 +38,21 @@ Doble LogNormal::GeometricDeviation() const {
     return Exponential(Power(squares / (size_ - 1).AsDoble(), Doble(1.0) / Doble(2.0)));
 }
 
-std::optional<Estimate> EstimateOf(const Muestras& muestras) {
-    const LogNormal series(muestras);
+std::optional<Estimate> EstimateOf(const Muestras& samples) {
+    const LogNormal series(samples);
     if (series.Size() == 0) return std::nullopt;
     // A single sample ends the program here, with 0 / 0: it is meant not to be given a value.
     const Doble gsd = series.GeometricDeviation();
     return Estimate{series.Size(), series.GeometricMean(), gsd};
 }
 
-Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero day, Entero tarea,
+Doble MediaEstimada(EvaluacionRecord& record, const Muestras& samples, Entero day, Entero task,
                     Entero contaminant) {
-    const auto estimate = EstimateOf(muestras);
+    const auto estimate = EstimateOf(samples);
     if (!estimate) return 0;
-    record.MG(day, tarea, contaminant) = estimate->mg;
-    record.GSD(day, tarea, contaminant) = estimate->gsd;
-    return estimate->Media();
+    record.MG(day, task, contaminant) = estimate->mg;
+    record.GSD(day, task, contaminant) = estimate->gsd;
+    return estimate->Mean();
 }
 
 Doble ProbabilidadExceso(const Doble& ratio, const Doble& dispersion) {

@@ -19,7 +19,7 @@ struct Correction {
     double b;
 };
 
-/// One curve of the ladder: its class holds where A x razon^B is above the dispersion.
+/// One curve of the ladder: its class holds where A x ratio^B is above the dispersion.
 struct LimitCurve {
     double a;
     double b;
@@ -37,7 +37,7 @@ inline constexpr std::array<Correction, 4> kCorrections = {{
 }};
 
 /// The curves in the order in which they are tried. Given with the method. Each comes close to
-/// razon^(1 / z), the dispersion at which a log-normal concentration passes `ratio` times its
+/// ratio^(1 / z), the dispersion at which a log-normal concentration passes `ratio` times its
 /// geometric mean with the class's probability; z is the normal quantile, 4.265, 3.719, 3.090,
 /// 2.326 and 1.645. B is within 1.3 % of 1 / z.
 inline constexpr std::array<LimitCurve, 5> kCurves = {{
@@ -82,23 +82,23 @@ struct Estimate {
 
     /// The estimated mean: MG x F, where F is 1 for two samples, A x exp(B x GSD) for three to six,
     /// and never less than 1.
-    Doble Media() const;
+    Doble Mean() const;
 };
 
 /// The `LogNormal` of the samples; nothing without any. Throws InvalidOperation for a single
 /// sample (0 / 0), InvalidArgument for a negative one.
-std::optional<Estimate> EstimateOf(const Muestras& muestras);
+std::optional<Estimate> EstimateOf(const Muestras& samples);
 
 /// The estimated mean of the samples, 0 without any. Stores MG and GSD in the record at (`day`,
-/// `tarea`, `contaminant`) unless there is no sample. Throws as `EstimateOf` does, and
+/// `task`, `contaminant`) unless there is no sample. Throws as `EstimateOf` does, and
 /// SubscriptOutOfRange outside days 1 to 3, tasks 1 to 3 and contaminants 1 to 6.
-Doble MediaEstimada(EvaluacionRecord& record, const Muestras& muestras, Entero day, Entero tarea,
+Doble MediaEstimada(EvaluacionRecord& record, const Muestras& samples, Entero day, Entero task,
                     Entero contaminant);
 
 /// The class of the probability of going over the short-exposure limit: 0, 0.001, 0.01, 0.1, 1, 5
 /// or 50.
 ///
-/// `ratio` is EC+ divided by MG+, `dispersion` is GSD+. Five curves A x razon^B are tried in the
+/// `ratio` is EC+ divided by MG+, `dispersion` is GSD+. Five curves A x ratio^B are tried in the
 /// order of their classes, and the first that lies strictly above `dispersion` decides; 50 when
 /// none does, 0 when `ratio` is 0 or negative.
 Doble ProbabilidadExceso(const Doble& ratio, const Doble& dispersion);

@@ -84,8 +84,8 @@ std::tm AnsweringHost::Now() const {
     return now;
 }
 
-void AnsweringHost::End(int estado) {
-    outcome_->ended = estado;
+void AnsweringHost::End(int status) {
+    outcome_->ended = status;
     throw Ended{};
 }
 

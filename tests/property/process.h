@@ -54,7 +54,7 @@ public:
     void ShowPrinter(CommonDialog& dialog) override;
     void PrintForm() override;
     std::tm Now() const override;
-    [[noreturn]] void End(int estado) override;
+    [[noreturn]] void End(int status) override;
 
 private:
     std::filesystem::path folder_;

@@ -59,9 +59,9 @@ public:
     }
 
     /// Two samples of the task's first row.
-    void Fill(int tarea) {
-        robot.Retype(Indexed("Text1", 108 * tarea - 101), "5");
-        robot.Retype(Indexed("Text1", 108 * tarea - 100), "6");
+    void Fill(int task) {
+        robot.Retype(Indexed("Text1", 108 * task - 101), "5");
+        robot.Retype(Indexed("Text1", 108 * task - 100), "6");
     }
 
     /// Wipes a cell of the sheet, a locked one, too.

@@ -239,10 +239,10 @@ TEST_F(DailyIndexTest, ALaterValidationSeesTheChangedRow) {
 
 TEST_F(DailyIndexTest, All18RowsShowTheMeanAndDeviationThatTheRecordHoldsForTheDay) {
     for (int day = 1; day <= 3; ++day) {
-        for (int tarea = 1; tarea <= 3; ++tarea) {
+        for (int task = 1; task <= 3; ++task) {
             for (int c = 1; c <= 6; ++c) {
-                record.MG(day, tarea, c) = 100 * day + 10 * tarea + c + 0.126;
-                record.GSD(day, tarea, c) = 100 * day + 10 * tarea + c + 0.5;
+                record.MG(day, task, c) = 100 * day + 10 * task + c + 0.126;
+                record.GSD(day, task, c) = 100 * day + 10 * task + c + 0.5;
             }
         }
     }

@@ -123,25 +123,25 @@ TEST_F(SheetLayoutTest, EachNameIsThatOfTheCellWithItsIndex) {
 }
 
 TEST_F(SheetLayoutTest, TheHeadingsOfBothGridsAreRepeatedForEachTask) {
-    const auto expect = [this](std::string_view array, int tarea, const auto& columns) {
-        int index = (tarea - 1) * static_cast<int>(columns.size());
+    const auto expect = [this](std::string_view array, int task, const auto& columns) {
+        int index = (task - 1) * static_cast<int>(columns.size());
         for (const Column& c : columns) {
-            const int top = kHeadingTops.at(static_cast<std::size_t>(tarea - 1));
+            const int top = kHeadingTops.at(static_cast<std::size_t>(task - 1));
             const std::string name = Indexed(array, index++);
             ExpectPlaced(Find(name), {name, {c.left, top, c.width, 255}, c.heading});
         }
     };
-    for (int tarea = 1; tarea <= 3; ++tarea) {
-        expect("Label7", tarea, kColumns);
-        expect("Label3", tarea, kColumns3);
+    for (int task = 1; task <= 3; ++task) {
+        expect("Label7", task, kColumns);
+        expect("Label3", task, kColumns3);
     }
 }
 
 TEST_F(SheetLayoutTest, TheTaskTitlesAreTheLastOfTheirArrayAndOnlyTheFirstHasTwoBlanks) {
-    for (int tarea = 1; tarea <= 3; ++tarea) {
-        const auto place = static_cast<std::size_t>(tarea - 1);
-        EXPECT_EQ(form.Label7(53 + tarea).Caption, kTitles.at(place));
-        ExpectPlace(Find(Indexed("Label7", 53 + tarea)), {120, kTitleTops.at(place), 3615, 255});
+    for (int task = 1; task <= 3; ++task) {
+        const auto place = static_cast<std::size_t>(task - 1);
+        EXPECT_EQ(form.Label7(53 + task).Caption, kTitles.at(place));
+        ExpectPlace(Find(Indexed("Label7", 53 + task)), {120, kTitleTops.at(place), 3615, 255});
     }
 }
 
@@ -167,9 +167,9 @@ TEST_F(SheetLayoutTest, NothingElseStandsOnTheSheet) {
 }
 
 TEST_F(SheetLayoutTest, TheHeadingsOfTheMeasurementsAreWhiteOnRed) {
-    for (int tarea = 1; tarea <= 3; ++tarea) {
+    for (int task = 1; task <= 3; ++task) {
         for (int column = kC1; column <= kC6; ++column) {
-            const Look& look = LookOf(Indexed("Label7", (tarea - 1) * 18 + column));
+            const Look& look = LookOf(Indexed("Label7", (task - 1) * 18 + column));
             EXPECT_EQ(look.fore, 0xFFFFFFU);
             const Color red = look.back & 0xFFU;  // the low byte
             EXPECT_GE(red, 0x80U);

@@ -13,9 +13,9 @@ namespace {
 
 /// One of the three twins: its task and its button.
 struct Twin {
-    int tarea;
+    int task;
     std::string_view button;
-    int Row(int r) const { return (tarea - 1) * 6 + r; }
+    int Row(int r) const { return (task - 1) * 6 + r; }
 };
 
 /// How the test programs name a button's tests.
@@ -63,7 +63,7 @@ protected:
     const Twin& T() const { return GetParam(); }
     int Row(int r) const { return T().Row(r); }
     void Click() { ShortExposureTest::Click(T()); }
-    void SetContaminants(int n) { record.NumContaminantes(T().tarea) = n; }
+    void SetContaminants(int n) { record.NumContaminantes(T().task) = n; }
 
     /// What the press makes of a contaminant that is the task's only one.
     std::vector<std::string> Judged(const RowTexts& texts) {
@@ -327,10 +327,10 @@ TEST_P(MixtureTest, TheMeanAndDeviationGoToTheRecordOfTheDayAndToNothingElse) {
     EvaluacionRecord before = record;
     Click();
     // Python: exp(ln 8 / 2) and exp(ln 2 / sqrt 2).
-    EXPECT_NEAR(record.MGmas(3, T().tarea, 2).Value(), 2.82842712474619, 1e-13);
-    EXPECT_NEAR(record.GSDmas(3, T().tarea, 2).Value(), 1.6325269194381529, 1e-13);
-    before.MGmas(3, T().tarea, 2) = record.MGmas(3, T().tarea, 2);
-    before.GSDmas(3, T().tarea, 2) = record.GSDmas(3, T().tarea, 2);
+    EXPECT_NEAR(record.MGmas(3, T().task, 2).Value(), 2.82842712474619, 1e-13);
+    EXPECT_NEAR(record.GSDmas(3, T().task, 2).Value(), 1.6325269194381529, 1e-13);
+    before.MGmas(3, T().task, 2) = record.MGmas(3, T().task, 2);
+    before.GSDmas(3, T().task, 2) = record.GSDmas(3, T().task, 2);
     EXPECT_TRUE(record == before);
 }
 
@@ -376,8 +376,8 @@ TEST_P(MixtureTest, TheNumberOfTheFirstMemberIsReadFromItsCell) {
     EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "");
     EXPECT_EQ(Cell3(Row(5), kMgMas).Text, "2.82842712474619");
     EXPECT_EQ(Cell3(Row(5), kGsdMas).Text, "1.63252691943815");
-    EXPECT_NEAR(record.MGmas(1, T().tarea, 5).Value(), 2.82842712474619, 1e-13);
-    EXPECT_EQ(record.MGmas(1, T().tarea, 1), 0);
+    EXPECT_NEAR(record.MGmas(1, T().task, 5).Value(), 2.82842712474619, 1e-13);
+    EXPECT_EQ(record.MGmas(1, T().task, 1), 0);
 }
 
 TEST_P(MixtureTest, AGroupWithoutAnyMeanGetsNoLimit) {
@@ -393,13 +393,13 @@ TEST_P(MixtureTest, AGroupWithoutAnyMeanGetsNoLimit) {
 // In the third row of the second task, 150 * 0.222 - 1.3 is 31.999999999999996, so 31 and not 32.
 
 struct LimitCell {
-    int tarea;
+    int task;
     int r;
     int index;  ///< Python: math.floor(p * F - 1.3)
 };
 
 void PrintTo(const LimitCell& cell, std::ostream* out) {
-    *out << "Task" << cell.tarea << "Row" << cell.r;
+    *out << "Task" << cell.task << "Row" << cell.r;
 }
 
 // clang-format off
@@ -414,14 +414,14 @@ class LimitCellTest : public ShortExposureTest, public ::testing::WithParamInter
 
 INSTANTIATE_TEST_SUITE_P(Rows, LimitCellTest, ::testing::ValuesIn(kLimitCells),
                          [](const auto& tested) {
-                             return "Task" + Digits(tested.param.tarea) + "Row" +
+                             return "Task" + Digits(tested.param.task) + "Row" +
                                     Digits(tested.param.r);
                          });
 
 TEST_P(LimitCellTest, TheLimitOfAMixtureGoesToTheCellThatTheFactorGives) {
-    const auto [tarea, r, index] = GetParam();
-    const Twin& twin = kTwins.at(static_cast<std::size_t>(tarea - 1));
-    record.NumContaminantes(tarea) = r + 1;
+    const auto [task, r, index] = GetParam();
+    const Twin& twin = kTwins.at(static_cast<std::size_t>(task - 1));
+    record.NumContaminantes(task) = r + 1;
     for (int other = 1; other < r; ++other) Set(twin.Row(other), {.group = "9"});
     Set(twin.Row(r), kDos);
     Set(twin.Row(r + 1), kTres);
@@ -444,7 +444,7 @@ TEST_P(LimitCellTest, TheLimitOfAMixtureGoesToTheCellThatTheFactorGives) {
 TEST_F(ShortExposureTest, AGroupThatBeginsInTheSixthRowWritesItsLimitAndEndsTheProgram) {
     const std::array<std::pair<Twin, int>, 2> cases = {{{kTwins[0], 20}, {kTwins[1], 43}}};
     for (const auto& [twin, index] : cases) {
-        record.NumContaminantes(twin.tarea) = 7;
+        record.NumContaminantes(twin.task) = 7;
         for (int r = 1; r <= 5; ++r) Set(twin.Row(r), {.group = "9"});
         Set(twin.Row(6), kDos);
         Set(twin.Row(7), kTres);
@@ -602,7 +602,7 @@ class ExposureErrorTest : public MixtureTest {
 protected:
     void SetUp() override {
         MixtureTest::SetUp();
-        record.NumTareas = T().tarea;
+        record.NumTareas = T().task;
     }
 
     /// The press ends the program, and the next step isn't opened.
@@ -673,7 +673,7 @@ TEST_P(ExposureErrorTest, AGroupWithoutACommonFirstSampleEndsTheProgramWithItsLi
     SetSamples(Row(2), {"0", "2"});
     ExpectEnd(ErrorKind::InvalidOperation);
     EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "", "", ""));
-    EXPECT_EQ(record.MGmas(1, T().tarea, 1), 0);
+    EXPECT_EQ(record.MGmas(1, T().task, 1), 0);
 }
 
 TEST_P(ExposureErrorTest, AGroupWithOneCommonSampleEndsTheProgramWithItsMeanStoredAndWritten) {
@@ -686,8 +686,8 @@ TEST_P(ExposureErrorTest, AGroupWithOneCommonSampleEndsTheProgramWithItsMeanStor
     ExpectEnd(ErrorKind::InvalidOperation);
     // The one sum is 2, and the mean of its logarithm gives it back.
     EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "2", "antes", ""));
-    EXPECT_NEAR(record.MGmas(1, T().tarea, 1).Value(), 2, 1e-14);
-    EXPECT_EQ(record.GSDmas(1, T().tarea, 1), 0);
+    EXPECT_NEAR(record.MGmas(1, T().task, 1).Value(), 2, 1e-14);
+    EXPECT_EQ(record.GSDmas(1, T().task, 1), 0);
     EXPECT_THAT(Right(Row(3)), ElementsAre("10", "1", "2", "")) << "no later pass runs";
 }
 

@@ -16,10 +16,10 @@ constexpr std::string_view kHuecos = "No deje espacios vacios";
 
 /// One of the three twins: its task, its own first message, and the first row of its block.
 struct Twin {
-    int tarea;
+    int task;
     std::string_view button;
     std::string_view no_data;
-    int Row(int r) const { return (tarea - 1) * 6 + r; }
+    int Row(int r) const { return (task - 1) * 6 + r; }
 };
 
 /// How the test programs name a button's tests.
@@ -41,16 +41,16 @@ protected:
 
     /// The rows of a task that the plan has, those that the day computes, and their limits, which
     /// stand in the cells as well as in the record.
-    void SetTask(int tarea, int contaminantes, int muestras, double ed = 8, double ec = 0) {
-        record.NumContaminantes(tarea) = contaminantes;
-        SetRows(1, tarea, muestras);
+    void SetTask(int task, int contaminantes, int samples, double ed = 8, double ec = 0) {
+        record.NumContaminantes(task) = contaminantes;
+        SetRows(1, task, samples);
         for (int r = 1; r <= 6; ++r) {
-            record.VlaEd(tarea, r) = ed;
-            record.VlaEc(tarea, r) = ec;
+            record.VlaEd(task, r) = ed;
+            record.VlaEc(task, r) = ec;
         }
         for (int r = 1; r <= std::min(contaminantes, 6); ++r) {
-            Cell((tarea - 1) * 6 + r, kEd).Text = TextoDoble(ed);
-            Cell((tarea - 1) * 6 + r, kEc).Text = TextoDoble(ec);
+            Cell((task - 1) * 6 + r, kEd).Text = TextoDoble(ed);
+            Cell((task - 1) * 6 + r, kEc).Text = TextoDoble(ec);
         }
     }
 
@@ -79,7 +79,7 @@ protected:
 
     /// Six rows in use, each with these samples.
     void SixRows(std::initializer_list<std::string_view> samples) {
-        SetTask(T().tarea, 6, 6);
+        SetTask(T().task, 6, 6);
         FillFirstTask();
         for (int r = 1; r <= 6; ++r) SetSamples(Row(r), samples);
     }
@@ -95,7 +95,7 @@ protected:
     /// Whether the cell at `i` is one of C1 to C6 of the task's own block.
     bool IsOwnSample(int i) const {
         const int column = i % 18;
-        return i / 108 == T().tarea - 1 && column >= kC1 && column <= kC6;
+        return i / 108 == T().task - 1 && column >= kC1 && column <= kC6;
     }
 };
 
@@ -105,21 +105,21 @@ INSTANTIATE_TEST_SUITE_P(Buttons, TaskButtonTest, ::testing::ValuesIn(kTwins),
 // ---------------------------------------------------------------------------------- limit values
 
 TEST_P(TaskButtonTest, ARowInUseWithoutEitherLimitIsRefusedFirstOfAll) {
-    SetTask(T().tarea, 2, 2);
+    SetTask(T().task, 2, 2);
     Cell(Row(2), kEd).Text = "0";
     Cell(Row(2), kEc).Text = "0";
     ExpectRefusal(kNoLimits);  // nothing is measured either: this check comes before
 }
 
 TEST_P(TaskButtonTest, LimitsThatReadZeroAreNone) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     Cell(Row(1), kEd).Text = "";
     Cell(Row(1), kEc).Text = ".";
     ExpectRefusal(kNoLimits);
 }
 
 TEST_P(TaskButtonTest, OneLimitOfTheTwoIsEnough) {
-    SetTask(T().tarea, 2, 0);
+    SetTask(T().task, 2, 0);
     Cell(Row(1), kEd).Text = "0";
     Cell(Row(1), kEc).Text = "0.01";
     Cell(Row(2), kEd).Text = "5";
@@ -128,13 +128,13 @@ TEST_P(TaskButtonTest, OneLimitOfTheTwoIsEnough) {
 }
 
 TEST_P(TaskButtonTest, TheLimitsOfRowsBeyondTheContaminantsAreNotLookedAt) {
-    SetTask(T().tarea, 1, 6);
+    SetTask(T().task, 1, 6);
     ExpectRefusal(T().no_data);
 }
 
 TEST_P(TaskButtonTest, TheLimitsOfTheRecordAreNotWhatIsChecked) {
-    SetTask(T().tarea, 1, 1);
-    for (int r = 1; r <= 6; ++r) record.VlaEd(T().tarea, r) = 0;
+    SetTask(T().task, 1, 1);
+    for (int r = 1; r <= 6; ++r) record.VlaEd(T().task, r) = 0;
     ExpectRefusal(T().no_data);
 }
 
@@ -157,13 +157,13 @@ TEST_F(TaskValidationTest, ASeventhContaminantOfTheThirdTaskIsASubscriptError) {
 // ----------------------------------------------------------------------------------- any data
 
 TEST_P(TaskButtonTest, WithTheFirstTaskEmptyThereAreNoDataEvenIfTheOthersAreFull) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     for (int row = 7; row <= 18; ++row) SetSamples(row, {"1", "2", "3", "4", "5", "6"});
     ExpectRefusal(T().no_data);
 }
 
 TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
-    SetTask(T().tarea, 0, 0);
+    SetTask(T().task, 0, 0);
     for (int row = 1; row <= 6; ++row) {
         for (int column = 0; column < 18; ++column) {
             if (column < kC1 || column > kC6) Cell(row, column).Text = "1";
@@ -173,7 +173,7 @@ TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
 }
 
 TEST_P(TaskButtonTest, TheColoursStayWhenTheFirstTwoChecksRefuse) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     Paint();
     ExpectRefusal(T().no_data);
     Cell(Row(1), kEd).Text = "";
@@ -217,7 +217,7 @@ TEST_F(TaskValidationTest, Command2_OnAnEmptyBlockOfItsOwnPassesTheCheckOfData) 
 // ------------------------------------------------------------------------------------- colours
 
 TEST_P(TaskButtonTest, TheMeasurementsOfTheBlockAreBlackEvenIfALaterCheckRefuses) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"1", ""});
     Paint();
@@ -276,7 +276,7 @@ TEST_P(TaskButtonTest, TheCountStartsAgainAtEachRow) {
 }
 
 TEST_P(TaskButtonTest, OnlyTheRowsOfTheContaminantsNeedSamples) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2"});
@@ -285,7 +285,7 @@ TEST_P(TaskButtonTest, OnlyTheRowsOfTheContaminantsNeedSamples) {
 }
 
 TEST_P(TaskButtonTest, MoreContaminantsThanRowsOfTheDayAreAllLookedAt) {
-    SetTask(T().tarea, 3, 2);
+    SetTask(T().task, 3, 2);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2", "8"});
@@ -306,7 +306,7 @@ TEST_P(TaskButtonTest, AGapAtAnyPlaceOfARowInUseIsRefused) {
 }
 
 TEST_P(TaskButtonTest, AGapInARowBeyondTheContaminantsIsRefusedAlike) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(6), {"", "5", "6"});
@@ -316,7 +316,7 @@ TEST_P(TaskButtonTest, AGapInARowBeyondTheContaminantsIsRefusedAlike) {
 TEST_P(TaskButtonTest, TheBlocksOfTheOtherTasksMayHaveGaps) {
     SixRows({"2", "8"});
     for (const Twin& other : kTwins) {
-        if (other.tarea != T().tarea) SetSamples(other.Row(5), {"", "5", "6"});
+        if (other.task != T().task) SetSamples(other.Row(5), {"", "5", "6"});
     }
     Click();
     EXPECT_EQ(Mmp(Row(6)), "4.");
@@ -339,9 +339,9 @@ TEST_P(TaskButtonTest, ARefusedValidationKeepsWhatTheRowsShowed) {
 // ---------------------------------------------------------------------------------- computation
 
 TEST_P(TaskButtonTest, SamplesOneTwoFourGiveTheirMeanAndIndexWithTwoDecimals) {
-    SetTask(T().tarea, 1, 1, 10);
+    SetTask(T().task, 1, 1, 10);
     FillFirstTask();
-    record.TiempoExposicion(1, T().tarea) = 4;
+    record.TiempoExposicion(1, T().task) = 4;
     SetSamples(Row(1), {"1", "2", "4"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "2.36");    // 2.36061
@@ -349,9 +349,9 @@ TEST_P(TaskButtonTest, SamplesOneTwoFourGiveTheirMeanAndIndexWithTwoDecimals) {
 }
 
 TEST_P(TaskButtonTest, SamplesTwoAndEightGiveAMeanOfFourAndHalfAnIndex) {
-    SetTask(T().tarea, 1, 1, 8);
+    SetTask(T().task, 1, 1, 8);
     FillFirstTask();
-    record.TiempoExposicion(1, T().tarea) = 8;
+    record.TiempoExposicion(1, T().task) = 8;
     SetSamples(Row(1), {"2", "8"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "4.");
@@ -360,16 +360,16 @@ TEST_P(TaskButtonTest, SamplesTwoAndEightGiveAMeanOfFourAndHalfAnIndex) {
 
 TEST_P(TaskButtonTest, TheMeanAndDeviationOfEachRowGoToTheRecordAtItsPlace) {
     SixRows({"2", "8"});
-    SetRows(3, T().tarea, 6);
+    SetRows(3, T().task, 6);
     form.DiaActual = 3;
     Click();
     for (int day = 1; day <= 3; ++day) {
-        for (int tarea = 1; tarea <= 3; ++tarea) {
+        for (int task = 1; task <= 3; ++task) {
             for (int r = 1; r <= 6; ++r) {
-                const bool own = day == 3 && tarea == T().tarea;
+                const bool own = day == 3 && task == T().task;
                 // Worked by hand: the mean of ln 2 and ln 8 is ln 4, the spread ln 2 x sqrt 2.
-                EXPECT_NEAR(record.MG(day, tarea, r).Value(), own ? 4 : 0, 1e-12);
-                EXPECT_NEAR(record.GSD(day, tarea, r).Value(), own ? 2.66514414269023 : 0, 1e-12);
+                EXPECT_NEAR(record.MG(day, task, r).Value(), own ? 4 : 0, 1e-12);
+                EXPECT_NEAR(record.GSD(day, task, r).Value(), own ? 2.66514414269023 : 0, 1e-12);
             }
         }
     }
@@ -385,7 +385,7 @@ TEST_P(TaskButtonTest, OnlyTheMeanAndDeviationOfTheRecordAreWritten) {
 }
 
 TEST_P(TaskButtonTest, AValidationWritesTheTwoColumnsOfItsRowsAndNothingElse) {
-    SetTask(T().tarea, 2, 2);
+    SetTask(T().task, 2, 2);
     record.NumTareas = 0;  // no button to open
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
@@ -398,7 +398,7 @@ TEST_P(TaskButtonTest, AValidationWritesTheTwoColumnsOfItsRowsAndNothingElse) {
 }
 
 TEST_P(TaskButtonTest, ASampleThatReadsZeroEndsTheRow) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8", "0"});
     Click();
@@ -406,7 +406,7 @@ TEST_P(TaskButtonTest, ASampleThatReadsZeroEndsTheRow) {
 }
 
 TEST_P(TaskButtonTest, AllSixSamplesAreUsed) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"1", "2", "3", "4", "5", "6"});
     Click();
@@ -416,9 +416,9 @@ TEST_P(TaskButtonTest, AllSixSamplesAreUsed) {
 }
 
 TEST_P(TaskButtonTest, TheLimitOfTheIndexIsThatOfTheRecord) {
-    SetTask(T().tarea, 1, 1, 8);
+    SetTask(T().task, 1, 1, 8);
     FillFirstTask();
-    record.TiempoExposicion(1, T().tarea) = 8;
+    record.TiempoExposicion(1, T().task) = 8;
     SetSamples(Row(1), {"2", "8"});
     Cell(Row(1), kEd).Text = "100";
     Click();
@@ -426,9 +426,9 @@ TEST_P(TaskButtonTest, TheLimitOfTheIndexIsThatOfTheRecord) {
 }
 
 TEST_P(TaskButtonTest, WithoutADailyLimitTheIndexIsZero) {
-    SetTask(T().tarea, 1, 1, 0, 5);
+    SetTask(T().task, 1, 1, 0, 5);
     FillFirstTask();
-    record.TiempoExposicion(1, T().tarea) = 8;
+    record.TiempoExposicion(1, T().task) = 8;
     SetSamples(Row(1), {"2", "8"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "4.");
@@ -437,8 +437,8 @@ TEST_P(TaskButtonTest, WithoutADailyLimitTheIndexIsZero) {
 
 TEST_P(TaskButtonTest, EachRowTakesItsOwnLimit) {
     SixRows({"2", "8"});
-    record.TiempoExposicion(1, T().tarea) = 8;
-    for (int r = 1; r <= 6; ++r) record.VlaEd(T().tarea, r) = r == 3 ? 0.5 : 4.0 / r;
+    record.TiempoExposicion(1, T().task) = 8;
+    for (int r = 1; r <= 6; ++r) record.VlaEd(T().task, r) = r == 3 ? 0.5 : 4.0 / r;
     Click();
     const std::array<std::string_view, 6> expected = {"1.", "2.", "8.", "4.", "5.", "6."};
     for (int r = 1; r <= 6; ++r) {
@@ -447,8 +447,8 @@ TEST_P(TaskButtonTest, EachRowTakesItsOwnLimit) {
 }
 
 TEST_P(TaskButtonTest, WithOneSampleInThePlanOfTwoContaminantsTheSecondRowKeepsItsOldFigures) {
-    SetTask(T().tarea, 2, 0);
-    record.Muestras30(1, T().tarea) = 1;
+    SetTask(T().task, 2, 0);
+    record.Muestras30(1, T().task) = 1;
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2", "8"});
@@ -461,9 +461,9 @@ TEST_P(TaskButtonTest, WithOneSampleInThePlanOfTwoContaminantsTheSecondRowKeepsI
 }
 
 TEST_P(TaskButtonTest, ThreeContaminantsAndTwoSamplesComputeTwoRows) {
-    SetTask(T().tarea, 3, 0);
-    record.Muestras30(1, T().tarea) = 1;
-    record.Muestras15(1, T().tarea) = 1;
+    SetTask(T().task, 3, 0);
+    record.Muestras30(1, T().task) = 1;
+    record.Muestras15(1, T().task) = 1;
     FillFirstTask();
     for (int r = 1; r <= 3; ++r) SetSamples(Row(r), {"2", "8"});
     Click();
@@ -472,22 +472,22 @@ TEST_P(TaskButtonTest, ThreeContaminantsAndTwoSamplesComputeTwoRows) {
 }
 
 TEST_P(TaskButtonTest, TwoContaminantsAndFiveSamplesComputeTheEmptyRowsToo) {
-    SetTask(T().tarea, 2, 5);
+    SetTask(T().task, 2, 5);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2", "8"});
-    record.MG(1, T().tarea, 3) = 7;
+    record.MG(1, T().task, 3) = 7;
     Click();
     for (int r = 3; r <= 5; ++r) {
         EXPECT_EQ(Mmp(Row(r)), ".");
         EXPECT_EQ(Indice(Row(r)), ".");
     }
     EXPECT_EQ(Mmp(Row(6)), "");
-    EXPECT_EQ(record.MG(1, T().tarea, 3), 7) << "an empty row stores nothing";
+    EXPECT_EQ(record.MG(1, T().task, 3), 7) << "an empty row stores nothing";
 }
 
 TEST_P(TaskButtonTest, TwoContaminantsAndSixSamplesWriteZerosInTheOtherFourRows) {
-    SetTask(T().tarea, 2, 6);
+    SetTask(T().task, 2, 6);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"2", "8"});
@@ -500,17 +500,17 @@ TEST_P(TaskButtonTest, TwoContaminantsAndSixSamplesWriteZerosInTheOtherFourRows)
 
 TEST_P(TaskButtonTest, MoreThanSixSamplesComputeSixRows) {
     SixRows({"2", "8"});
-    SetRows(1, T().tarea, 9);
+    SetRows(1, T().task, 9);
     Click();
     EXPECT_EQ(Mmp(Row(6)), "4.");
-    if (T().tarea < 3) {
+    if (T().task < 3) {
         EXPECT_EQ(Mmp(Row(7)), "");
     }
 }
 
 TEST_P(TaskButtonTest, WithoutSamplesInThePlanNoRowIsComputedAndTheNextButtonOpens) {
-    SetTask(T().tarea, 1, 0);
-    record.NumTareas = T().tarea;
+    SetTask(T().task, 1, 0);
+    record.NumTareas = T().task;
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     form.Text7.Text = "SI";
@@ -523,14 +523,14 @@ TEST_P(TaskButtonTest, WithoutSamplesInThePlanNoRowIsComputedAndTheNextButtonOpe
 TEST_P(TaskButtonTest, ANegativeSampleReachesTheLogarithmAndEndsTheProgram) {
     for (const std::string_view sample : {"-1", "-0.5"}) {  // as a file may hold them
         FillFirstTask();
-        SetTask(T().tarea, 1, 1);
+        SetTask(T().task, 1, 1);
         SetSamples(Row(1), {"2", sample});
         ExpectError(ErrorKind::InvalidArgument, [&] { Click(); });
     }
 }
 
 TEST_P(TaskButtonTest, ANegativeNumberOfSamplesComputesNoRow) {
-    SetTask(T().tarea, 1, -4);
+    SetTask(T().task, 1, -4);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     Click();
@@ -539,8 +539,8 @@ TEST_P(TaskButtonTest, ANegativeNumberOfSamplesComputesNoRow) {
 
 TEST_P(TaskButtonTest, SamplesThatAddUpBeyondAnIntegerOverflow) {
     SixRows({"2", "8"});
-    record.Muestras15(1, T().tarea) = 32767;
-    record.Muestras30(1, T().tarea) = 1;
+    record.Muestras15(1, T().task) = 32767;
+    record.Muestras30(1, T().task) = 1;
     ExpectError(ErrorKind::Overflow, [&] { Click(); });
 }
 
@@ -559,9 +559,9 @@ TEST_P(TaskButtonTest, EachRowTakesTheTimeOfItsDayButTheSixthOfCommand2ThatOfThe
         form.DiaActual = day;
         Click();
         for (int r = 1; r <= 6; ++r) {
-            const bool first_days = T().tarea == 2 && r == 6;
+            const bool first_days = T().task == 2 && r == 6;
             // Worked by hand: time x 4 / (1 x 8), with a time of 10t + 2d, is 5t + d.
-            EXPECT_EQ(Indice(Row(r)), Digits(5 * T().tarea + (first_days ? 1 : day)) + ".")
+            EXPECT_EQ(Indice(Row(r)), Digits(5 * T().task + (first_days ? 1 : day)) + ".")
                 << "day " << day << ", row " << r;
         }
     }
@@ -645,11 +645,11 @@ TEST_P(TaskButtonTest, ARowOfOneUsableSampleEndsTheProgramWithTheRowsBeforeItWri
     EXPECT_EQ(Cell(Row(1), kC1).BackColor, 250U) << "the closing step wasn't reached";
     EXPECT_EQ(form.Text7.Text, "SI");
     EXPECT_FALSE(form.Command2.Visible || form.Command3.Visible || form.Command4.Visible);
-    EXPECT_EQ(record.MG(1, T().tarea, 3), 0);
+    EXPECT_EQ(record.MG(1, T().task, 3), 0);
 }
 
 TEST_P(TaskButtonTest, ASingleValueInARowBeyondTheContaminantsEndsTheProgramToo) {
-    SetTask(T().tarea, 1, 2);
+    SetTask(T().task, 1, 2);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(2), {"5", ""});
@@ -659,17 +659,17 @@ TEST_P(TaskButtonTest, ASingleValueInARowBeyondTheContaminantsEndsTheProgramToo)
 }
 
 TEST_P(TaskButtonTest, AnIndexTooLargeEndsTheProgramWithTheMeanWritten) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
-    record.TiempoExposicion(1, T().tarea) = 1e308;
+    record.TiempoExposicion(1, T().task) = 1e308;
     ExpectError(ErrorKind::Overflow, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(1)), "4.");
     EXPECT_EQ(Indice(Row(1)), "");
 }
 
 TEST_P(TaskButtonTest, AMeasurementTooLongForADoubleEndsTheProgramAtTheCheckOfGaps) {
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     Cell(Row(1), kC1).Text = std::string(400, '9');
     Cell(Row(1), kC1 + 1).Text = "1";
@@ -692,16 +692,16 @@ TEST_P(TaskButtonTest, ADayOutsideThePlansArraysEndsTheProgramAtTheComputation) 
 
 TEST_P(TaskButtonTest, UnderACommaALimitOfAHalfReadsAsNone) {
     const WithSeparator comma(",");
-    SetTask(T().tarea, 1, 1, 0.5);
+    SetTask(T().task, 1, 1, 0.5);
     ASSERT_EQ(Cell(Row(1), kEd).Text, "0,5");
     ExpectRefusal(kNoLimits);
 }
 
 TEST_P(TaskButtonTest, UnderACommaTheFiguresAreWrittenWithItAndTheMeasurementsReadWithAPoint) {
     const WithSeparator comma(",");
-    SetTask(T().tarea, 1, 1, 10);
+    SetTask(T().task, 1, 1, 10);
     FillFirstTask();
-    record.TiempoExposicion(1, T().tarea) = 4;
+    record.TiempoExposicion(1, T().task) = 4;
     SetSamples(Row(1), {"1.0", "2.0", "4.0"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "2,36");
@@ -710,7 +710,7 @@ TEST_P(TaskButtonTest, UnderACommaTheFiguresAreWrittenWithItAndTheMeasurementsRe
 
 TEST_P(TaskButtonTest, UnderACommaAMeasurementWithOneIsCutThere) {
     const WithSeparator comma(",");
-    SetTask(T().tarea, 1, 1);
+    SetTask(T().task, 1, 1);
     FillFirstTask();
     SetSamples(Row(1), {"2,9", "8,9"});
     Click();

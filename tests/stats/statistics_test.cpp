@@ -20,10 +20,10 @@ using test::ExpectError;
 
 /// C1, C2, ... in subscripts 1, 2, ...; the places left hold 0.
 Muestras Samples(std::initializer_list<double> values) {
-    Muestras muestras;
+    Muestras samples;
     int i = 0;
-    for (const double value : values) muestras(++i) = value;
-    return muestras;
+    for (const double value : values) samples(++i) = value;
+    return samples;
 }
 
 /// Relative error of a few roundings: far below the fifteen digits that are shown.
@@ -33,8 +33,8 @@ void ExpectClose(Doble value, double expected) {
 
 class MediaEstimadaTest : public ::testing::Test {
 protected:
-    double Media(const Muestras& muestras) {
-        return MediaEstimada(record, muestras, 1, 1, 1).Value();
+    double Media(const Muestras& samples) {
+        return MediaEstimada(record, samples, 1, 1, 1).Value();
     }
     Doble Mg() const { return record.MG(1, 1, 1); }
     Doble Gsd() const { return record.GSD(1, 1, 1); }
@@ -102,10 +102,10 @@ class MediaEstimadaRowTest : public ::testing::TestWithParam<RowCase> {};
 
 TEST_P(MediaEstimadaRowTest, GivesMgGsdAndTheEstimatedMean) {
     EvaluacionRecord record;
-    Muestras muestras;
+    Muestras samples;
     int i = 0;
-    for (const double sample : GetParam().samples) muestras(++i) = sample;
-    ExpectClose(MediaEstimada(record, muestras, 1, 1, 1), GetParam().result);
+    for (const double sample : GetParam().samples) samples(++i) = sample;
+    ExpectClose(MediaEstimada(record, samples, 1, 1, 1), GetParam().result);
     ExpectClose(record.MG(1, 1, 1), GetParam().mg);
     ExpectClose(record.GSD(1, 1, 1), GetParam().gsd);
 }
@@ -150,9 +150,9 @@ TEST_F(MediaEstimadaTest, TheFactorNeverLowersTheMean) {
 Muestras SamplesOfSpread(int n, double gsd) {
     const int spread = n - n % 2;
     const double h = std::exp(std::log(gsd) * std::sqrt((n - 1.0) / spread));
-    Muestras muestras;
-    for (int i = 1; i <= n; ++i) muestras(i) = i > spread ? 1 : i % 2 == 1 ? h : 1 / h;
-    return muestras;
+    Muestras samples;
+    for (int i = 1; i <= n; ++i) samples(i) = i > spread ? 1 : i % 2 == 1 ? h : 1 / h;
+    return samples;
 }
 
 TEST_F(MediaEstimadaTest, TheFactorIsLiftedToOneBelowItsThreshold) {
@@ -184,19 +184,19 @@ TEST_F(MediaEstimadaTest, ANegativeSampleIsAnInvalidArgument) {
 }
 
 TEST(MuestrasTest, HaveTheSubscriptsZeroToSixAndNoOther) {
-    Muestras muestras;
-    muestras(0) = 1;
-    muestras(6) = 2;
-    EXPECT_EQ(muestras(0), 1);
-    EXPECT_EQ(muestras(6), 2);
-    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { muestras(-1); });
-    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { muestras(7); });
+    Muestras samples;
+    samples(0) = 1;
+    samples(6) = 2;
+    EXPECT_EQ(samples(0), 1);
+    EXPECT_EQ(samples(6), 2);
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { samples(-1); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { samples(7); });
 }
 
 TEST_F(MediaEstimadaTest, SubscriptZeroIsNeverRead) {
-    Muestras muestras = Samples({2, 8});
-    muestras(0) = -1;
-    ExpectClose(Media(muestras), 4.0);
+    Muestras samples = Samples({2, 8});
+    samples(0) = -1;
+    ExpectClose(Media(samples), 4.0);
 }
 
 TEST_F(MediaEstimadaTest, StoresAtItsDayTaskAndContaminantAndNowhereElse) {
@@ -210,16 +210,16 @@ TEST_F(MediaEstimadaTest, StoresAtItsDayTaskAndContaminantAndNowhereElse) {
 }
 
 TEST_F(MediaEstimadaTest, ASubscriptOutOfRangeIsAnErrorAtTheMomentOfStoring) {
-    const Muestras muestras = Samples({2, 8});
+    const Muestras samples = Samples({2, 8});
     for (const int bad : {0, 4}) {
         ExpectError(ErrorKind::SubscriptOutOfRange,
-                    [&] { MediaEstimada(record, muestras, bad, 1, 1); });
+                    [&] { MediaEstimada(record, samples, bad, 1, 1); });
         ExpectError(ErrorKind::SubscriptOutOfRange,
-                    [&] { MediaEstimada(record, muestras, 1, bad, 1); });
+                    [&] { MediaEstimada(record, samples, 1, bad, 1); });
     }
     for (const int bad : {0, 7}) {
         ExpectError(ErrorKind::SubscriptOutOfRange,
-                    [&] { MediaEstimada(record, muestras, 1, 1, bad); });
+                    [&] { MediaEstimada(record, samples, 1, 1, bad); });
     }
     EXPECT_EQ(record, EvaluacionRecord{});
 }

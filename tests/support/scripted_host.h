@@ -67,8 +67,8 @@ public:
         if (on_print) on_print();
     }
     std::tm Now() const override { return now; }
-    void End(int estado) override {
-        EXPECT_EQ(estado, 0);
+    void End(int status) override {
+        EXPECT_EQ(status, 0);
         if (ends_ == 0)
             ADD_FAILURE() << "the process ended";
         else

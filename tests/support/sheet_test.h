@@ -44,8 +44,8 @@ inline constexpr int kGsdMas = 2;
 inline constexpr int kProb = 3;
 
 inline std::string Digits(int n) {
-    std::array<char, 12> texto{};
-    return {texto.data(), std::to_chars(texto.data(), texto.data() + texto.size(), n).ptr};
+    std::array<char, 12> text{};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), n).ptr};
 }
 
 /// Names of the controls that show something else than in `before`.
@@ -78,16 +78,16 @@ protected:
     void SetPlan(int days, int tasks, int rows) {
         record.NumJornadas = days;
         record.NumTareas = tasks;
-        for (int tarea = 1; tarea <= 3; ++tarea) {
-            record.NumContaminantes(tarea) = rows;
-            for (int day = 1; day <= 3; ++day) SetRows(day, tarea, rows);
+        for (int task = 1; task <= 3; ++task) {
+            record.NumContaminantes(task) = rows;
+            for (int day = 1; day <= 3; ++day) SetRows(day, task, rows);
         }
     }
 
     /// The number of rows of one task on one day.
-    void SetRows(int day, int tarea, int rows) {
-        record.Muestras15(day, tarea) = rows;
-        record.Muestras30(day, tarea) = 0;
+    void SetRows(int day, int task, int rows) {
+        record.Muestras15(day, task) = rows;
+        record.Muestras30(day, task) = 0;
     }
 
     /// Gives every control of the sheet a state that none of its handlers gives.
