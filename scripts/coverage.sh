@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Line and branch coverage of the rooms without Qt by their own tests, room by room. Fails when less
+# Line and branch coverage of the rooms without Qt, but for the report, by their own tests. Fails when less
 # than 98 % of the lines or of the branches is reached; what is left is explained in docs/mutants.md.
 #
 #   scripts/coverage.sh             the table

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # qt.sh: builds a static qtbase for Windows from Debian's source package, once for each version and
-# set of options, and prints the folder that it is installed in. About 35 minutes of processor time.
+# set of options, and prints the folder that it is installed in.
 # Needs the packages of build.sh.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
