@@ -124,6 +124,14 @@ void ExpectBounds(Field& field, int rows, int columns) {
     for (int row = 1; row <= rows; ++row) ExpectBounds(field(row), columns);
 }
 
+TEST_F(RecordTest, EachOfThreeDaysHasItsSheetAndNoOtherDayHas) {
+    EXPECT_EQ(&record.Hoja(1), &record.HojaPrimerDia);
+    EXPECT_EQ(&record.Hoja(2), &record.HojaSegundoDia);
+    EXPECT_EQ(&record.Hoja(3), &record.HojaTercerDia);
+    ExpectError(kSubscript, [this] { record.Hoja(0); });
+    ExpectError(kSubscript, [this] { record.Hoja(4); });
+}
+
 TEST_F(RecordTest, TheListsHaveTheirFixedBounds) {
     ExpectBounds(record.DatosEmpresa, 19);
     ExpectBounds(record.NumContaminantes, 3);
