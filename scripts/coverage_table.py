@@ -6,7 +6,7 @@ import json
 import pathlib
 import sys
 
-BAR = 98  # percent, of lines and of branches
+BARS = {"lines": 98, "branches": 97}  # percent
 
 
 def share(reached, all_of_them):
@@ -17,8 +17,10 @@ def main():
     counts = collections.defaultdict(collections.Counter)
     missing = []
     for file in json.loads(pathlib.Path(sys.argv[1]).read_text())["files"]:
-        text = pathlib.Path(file["file"]).read_text().split("\n")
-        room = counts[file["file"].split("/")[1]]
+        # A header is seen through its room's folder of the build, which links to it.
+        path = pathlib.Path(file["file"]).resolve().relative_to(pathlib.Path.cwd())
+        text = path.read_text().split("\n")
+        room = counts[path.parts[1]]
         for line in file["lines"]:
             if line["gcovr/noncode"]:
                 continue
@@ -28,7 +30,7 @@ def main():
             taken = sum(branch["count"] > 0 for branch in line["branches"])
             room["branches taken"] += taken
             if line["count"] == 0 or taken < len(line["branches"]):
-                missing.append(f"{file['file']}:{line['line_number']}: "
+                missing.append(f"{path}:{line['line_number']}: "
                                f"{taken} of {len(line['branches'])} branches: "
                                f"{text[line['line_number'] - 1].strip()}")
     if "--missing" in sys.argv:
@@ -41,9 +43,9 @@ def main():
               f"{c['branches taken']:7} of {c['branches']:4}"
               f"{share(c['branches taken'], c['branches']):8.1f} %")
     low = [what for what, reached in (("lines", "lines reached"), ("branches", "branches taken"))
-           if share(total[reached], total[what]) < BAR]
+           if share(total[reached], total[what]) < BARS[what]]
     for what in low:
-        print(f"below {BAR} % of the {what}")
+        print(f"below {BARS[what]} % of the {what}")
     return 1 if low else 0
 
 
