@@ -362,16 +362,16 @@ TEST(FormatoDosDecimalesTest, ReadsBackOnlyUpToACommaSeparator) {
     EXPECT_EQ(LeerValor(FormatoDosDecimales(0.34)).Value(), 0.0);
 }
 
-TEST(TextoDecimalPlanoTest, WritesNoExponentAndALeadingZero) {
+TEST(PlainDecimalTextTest, WritesNoExponentAndALeadingZero) {
     for (const Written& row : kPlainForm) EXPECT_EQ(PlainDecimalText(row.value), row.text);
 }
 
-TEST(TextoDecimalPlanoTest, WritesAPointWhateverTheLocale) {
+TEST(PlainDecimalTextTest, WritesAPointWhateverTheLocale) {
     const WithSeparator comma(",");
     EXPECT_EQ(PlainDecimalText(8.5), "8.5");
 }
 
-TEST(TextoDecimalPlanoTest, HasAsManyDigitsAsTheMagnitudeNeeds) {
+TEST(PlainDecimalTextTest, HasAsManyDigitsAsTheMagnitudeNeeds) {
     EXPECT_EQ(PlainDecimalText(1e300), "1" + std::string(300, '0'));
     EXPECT_EQ(PlainDecimalText(1e-300), "0." + std::string(299, '0') + "1");
 }
@@ -433,7 +433,7 @@ TEST(NumberFormsTest, WhatTheFileHoldsReadsBackAsTheValueThatItShows) {
 
 // CompleteNumber: the whole text must be the number.
 
-TEST(NumeroCompletoTest, ReadsAnyDecimalForm) {
+TEST(CompleteNumberTest, ReadsAnyDecimalForm) {
     for (const Read& row :
          {Read{"0", 0}, Read{"8.5", 8.5}, Read{".5", 0.5}, Read{"-.5", -0.5}, Read{"5.", 5},
           Read{"+3", 3}, Read{"1E+20", 1e20}, Read{"1e-05", 1e-5}, Read{"007", 7}}) {
@@ -441,23 +441,23 @@ TEST(NumeroCompletoTest, ReadsAnyDecimalForm) {
     }
 }
 
-TEST(NumeroCompletoTest, IsNothingForAnythingElse) {
+TEST(CompleteNumberTest, IsNothingForAnythingElse) {
     for (const std::string_view text : {"", " ", "8 ", " 8", "8h", ".", "-", "+", "+-8", "1e",
                                         "1.2.3", "8,5", "inf", "nan", R"("8")", "0x8"}) {
         EXPECT_EQ(CompleteNumber(text, "."), std::nullopt) << text;
     }
 }
 
-TEST(NumeroCompletoTest, IsInfiniteForANumberTooLarge) {
+TEST(CompleteNumberTest, IsInfiniteForANumberTooLarge) {
     EXPECT_EQ(CompleteNumber("1e309", "."), std::numeric_limits<double>::infinity());
     EXPECT_EQ(CompleteNumber("-1e309", "."), -std::numeric_limits<double>::infinity());
 }
 
 // The separator is the program's own, not the run-time library's.
 
-TEST(SeparadorDecimalTest, IsThePointUntilToldOtherwise) { EXPECT_EQ(DecimalSeparator(), "."); }
+TEST(DecimalSeparatorTest, IsThePointUntilToldOtherwise) { EXPECT_EQ(DecimalSeparator(), "."); }
 
-TEST(SeparadorDecimalTest, MayTakeMoreThanOneByte) {
+TEST(DecimalSeparatorTest, MayTakeMoreThanOneByte) {
     const WithSeparator momayyez("\xD9\xAB");  // U+066B, two bytes in UTF-8
     EXPECT_EQ(DecimalSeparator(), "\xD9\xAB");
     EXPECT_EQ(TextoDoble(0.5),
@@ -467,7 +467,7 @@ TEST(SeparadorDecimalTest, MayTakeMoreThanOneByte) {
     EXPECT_EQ(FormatoDosDecimales(0), "\xD9\xAB");
 }
 
-TEST(SeparadorDecimalTest, TheStandardLibrarysLocaleChangesNoNumber) {
+TEST(DecimalSeparatorTest, TheStandardLibrarysLocaleChangesNoNumber) {
     class Comma : public std::numpunct<char> {
         char do_decimal_point() const override { return ','; }
         char do_thousands_sep() const override { return '.'; }

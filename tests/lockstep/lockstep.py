@@ -142,7 +142,7 @@ def read_options():
     parser.add_argument("--sessions", type=int, default=50, help="sessions of each locale")
     parser.add_argument("--actions", type=int, default=400, help="actions of a session")
     parser.add_argument("--seed", type=int, default=1, help="seed of the first session")
-    parser.add_argument("--locale", choices=("punto", "coma"), help="only this one")
+    parser.add_argument("--locale", choices=("point", "comma"), help="only this one")
     parser.add_argument("--stop-after", type=int, default=3, help="differing sessions to report")
     parser.add_argument("--shrink", type=float, default=60, help="seconds to shorten a report")
     parser.add_argument("--script", help="replay a reported action list")
@@ -163,7 +163,7 @@ def main():
     start, total, differing, kinds = time.monotonic(), 0, 0, Counter()
     sessions = 0
     for seed in range(options.seed, options.seed + options.sessions):
-        for locale in (options.locale,) if options.locale else ("punto", "coma"):
+        for locale in (options.locale,) if options.locale else ("point", "comma"):
             actions, differences, counts, output = one_session(options, locale, seed)
             total, sessions = total + len(actions), sessions + 1
             kinds += counts

@@ -9,7 +9,7 @@ import subprocess
 PATIENCE_S = 60
 
 # LC_ALL of each locale; the toolkit reads the variable, the locale need not be installed.
-LOCALES = {"punto": ("C.UTF-8", "."), "coma": ("es_ES.UTF-8", ",")}
+LOCALES = {"point": ("C.UTF-8", "."), "comma": ("es_ES.UTF-8", ",")}
 
 
 class Ended(Exception):

@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ErrorMessageTest, ::testing::Values(
     [](const auto& test_case) { return std::string(test_case.param.name); });
 // clang-format on
 
-TEST(MensajeDeTest, AnUnknownKindIsNamedInGeneralWords) {
+TEST(MessageOfTest, AnUnknownKindIsNamedInGeneralWords) {
     EXPECT_EQ(MessageOf(static_cast<ErrorKind>(99)), "Error en tiempo de ejecución.");
 }
 

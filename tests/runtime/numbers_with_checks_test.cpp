@@ -96,57 +96,57 @@ TEST(DobleTest, ComparesExactly) {
     EXPECT_NE(Doble(2.0), 2.5);
 }
 
-TEST(PotenciaTest, IsTheGeneralPower) {
+TEST(PowerTest, IsTheGeneralPower) {
     EXPECT_EQ(Power(2.0, 10.0).Value(), 1024.0);
     EXPECT_EQ(Power(-3.0, 2.0).Value(), 9.0);
     EXPECT_EQ(Power(2.0, -1.0).Value(), 0.5);
     EXPECT_EQ(Power(9.0, 0.5).Value(), 3.0);
 }
 
-TEST(PotenciaTest, ZeroToAPositivePowerIsZeroAndToTheZerothOne) {
+TEST(PowerTest, ZeroToAPositivePowerIsZeroAndToTheZerothOne) {
     EXPECT_EQ(Power(0.0, 1.0 / 3.0).Value(), 0.0);
     EXPECT_EQ(Power(0.0, 0.0).Value(), 1.0);
 }
 
-TEST(PotenciaTest, ZeroToANegativePowerDividesByZero) {
+TEST(PowerTest, ZeroToANegativePowerDividesByZero) {
     ExpectError(ErrorKind::DivisionByZero, [] { Power(0.0, -1.0); });
 }
 
-TEST(PotenciaTest, ANegativeBaseWithAFractionIsInvalid) {
+TEST(PowerTest, ANegativeBaseWithAFractionIsInvalid) {
     ExpectError(ErrorKind::InvalidOperation, [] { Power(-8.0, 1.0 / 3.0); });
 }
 
-TEST(PotenciaTest, Overflows) {
+TEST(PowerTest, Overflows) {
     ExpectError(ErrorKind::Overflow, [] { Power(10.0, 309.0); });
     ExpectError(ErrorKind::Overflow, [] { Power(-10.0, 309.0); });
 }
 
-TEST(ExponencialTest, IsEToTheX) {
+TEST(ExponentialTest, IsEToTheX) {
     EXPECT_EQ(Exponential(0.0).Value(), 1.0);
     // e to 17 digits, from its series.
     EXPECT_DOUBLE_EQ(Exponential(1.0).Value(), 2.7182818284590452);
 }
 
-TEST(ExponencialTest, OverflowsAboveTheLargestDoubleAndUnderflowsToZero) {
+TEST(ExponentialTest, OverflowsAboveTheLargestDoubleAndUnderflowsToZero) {
     // ln(1.798E+308) is 709.78, ln(4.9E-324) is -744.4.
     EXPECT_NO_THROW(Exponential(709.0));
     ExpectError(ErrorKind::Overflow, [] { Exponential(710.0); });
     EXPECT_EQ(Exponential(-750.0).Value(), 0.0);
 }
 
-TEST(LogaritmoTest, IsTheNaturalLogarithm) {
+TEST(LogarithmTest, IsTheNaturalLogarithm) {
     EXPECT_EQ(Logarithm(1.0).Value(), 0.0);
     // ln 2 to 17 digits, from tables.
     EXPECT_DOUBLE_EQ(Logarithm(2.0).Value(), 0.69314718055994531);
 }
 
-TEST(LogaritmoTest, ANumberThatIsNotPositiveIsAnInvalidArgument) {
+TEST(LogarithmTest, ANumberThatIsNotPositiveIsAnInvalidArgument) {
     ExpectError(ErrorKind::InvalidArgument, [] { Logarithm(-1.0); });
     ExpectError(ErrorKind::InvalidArgument, [] { Logarithm(0.0); });
     ExpectError(ErrorKind::InvalidArgument, [] { Logarithm(-0.0); });
 }
 
-TEST(AbsolutoTest, DropsTheSign) {
+TEST(AbsoluteTest, DropsTheSign) {
     EXPECT_EQ(Absolute(-2.5).Value(), 2.5);
     EXPECT_EQ(Absolute(2.5).Value(), 2.5);
 }

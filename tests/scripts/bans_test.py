@@ -16,7 +16,7 @@ import bans
 LINES = [
     ("src/qt/window.cpp", "text = std::to_string(3);", "text = TextoEntero(3);"),
     ("src/app/main.cpp", "std::snprintf(text, 9, format);", "Print(text);"),
-    ("src/sheet/form5.cpp", "const Doble x = std::pow(y, 2);", "const Doble x = Potencia(y, 2.0);"),
+    ("src/sheet/form5.cpp", "const Doble x = std::pow(y, 2);", "const Doble x = Power(y, 2.0);"),
     ("src/sheet/form5.cpp", "double sum = 0;", "Doble sum = 0;"),
     ("src/capture/form4.cpp", "Text1[3].Text.clear();", "Text1(3).Text.clear();"),
     ("src/qt/canvas.cpp", "if (id == ScreenId::Form1) return;", "if (name.isEmpty()) return;"),

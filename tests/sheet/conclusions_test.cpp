@@ -9,16 +9,15 @@
 namespace velmora::test {
 namespace {
 
-constexpr std::string_view kSeguraDecima =
-    "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
-constexpr std::string_view kSegura = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA";
+constexpr std::string_view kBelowTenth = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
+constexpr std::string_view kBelowLimit = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA";
 constexpr std::string_view kTwoDaysMore = "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS";
-constexpr std::string_view kSeContinua = "SE CONTINUA  CON EL PLAN DE MEDICIONES";
-constexpr std::string_view kFinalizado = "PLAN DE MEDICIONES FINALIZADO";
-constexpr std::string_view kInaceptable =
+constexpr std::string_view kPlanGoesOn = "SE CONTINUA  CON EL PLAN DE MEDICIONES";
+constexpr std::string_view kPlanFinished = "PLAN DE MEDICIONES FINALIZADO";
+constexpr std::string_view kUnacceptable =
     "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN";
 constexpr std::string_view kLow = " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
-constexpr std::string_view kIncertidumbre =
+constexpr std::string_view kUncertain =
     " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS";
 constexpr std::string_view kHigh = "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
 
@@ -27,14 +26,14 @@ constexpr Color kRedOf15 = 255;
 
 class ConclusionsTest : public DayTest {
 protected:
-    void SetIndexes(int row, std::string_view index, std::string_view indic_mas) {
+    void SetIndexes(int row, std::string_view index, std::string_view combined) {
         Cell(row, kIndex).Text = index;
-        Cell(row, kCombinedIndex).Text = indic_mas;
+        Cell(row, kCombinedIndex).Text = combined;
     }
 
     /// Presses the button over a first row of these texts.
-    void Conclude(std::string_view index, std::string_view indic_mas, std::string_view prob) {
-        SetIndexes(1, index, indic_mas);
+    void Conclude(std::string_view index, std::string_view combined, std::string_view prob) {
+        SetIndexes(1, index, combined);
         Cell3(1, kProb).Text = prob;
         form.Command8_Click();
     }
@@ -277,14 +276,14 @@ struct IndexVerdict {
 };
 
 constexpr std::array<IndexVerdict, 8> kIndexVerdicts = {{
-    {"", {kSeguraDecima, kSeguraDecima, kSegura}},
-    {"0.05", {kSeguraDecima, kSeguraDecima, kSegura}},
-    {"0.1", {kSeguraDecima, kSeguraDecima, kSegura}},
-    {"0.1001", {kTwoDaysMore, kSeContinua, kFinalizado}},
-    {"0.5", {kTwoDaysMore, kSeContinua, kFinalizado}},
-    {"1", {kTwoDaysMore, kSeContinua, kFinalizado}},
-    {"1.01", {kInaceptable, kInaceptable, kInaceptable}},
-    {"250", {kInaceptable, kInaceptable, kInaceptable}},
+    {"", {kBelowTenth, kBelowTenth, kBelowLimit}},
+    {"0.05", {kBelowTenth, kBelowTenth, kBelowLimit}},
+    {"0.1", {kBelowTenth, kBelowTenth, kBelowLimit}},
+    {"0.1001", {kTwoDaysMore, kPlanGoesOn, kPlanFinished}},
+    {"0.5", {kTwoDaysMore, kPlanGoesOn, kPlanFinished}},
+    {"1", {kTwoDaysMore, kPlanGoesOn, kPlanFinished}},
+    {"1.01", {kUnacceptable, kUnacceptable, kUnacceptable}},
+    {"250", {kUnacceptable, kUnacceptable, kUnacceptable}},
 }};
 
 TEST_F(ConclusionsTest, TheVerdictOnTheIndexDependsOnItsClassAndOnTheDay) {
@@ -300,7 +299,7 @@ TEST_F(ConclusionsTest, TheVerdictOnTheIndexDependsOnItsClassAndOnTheDay) {
 }
 
 struct ProbabilityVerdict {
-    std::string_view probabilidad;
+    std::string_view probability;
     std::string_view sentence;
 };
 
@@ -309,9 +308,9 @@ constexpr std::array<ProbabilityVerdict, 11> kProbabilityVerdicts = {{{"", kLow}
                                                                       {"0.001", kLow},
                                                                       {"0.01", kLow},
                                                                       {"0.1", kLow},
-                                                                      {"0.11", kIncertidumbre},
-                                                                      {"1", kIncertidumbre},
-                                                                      {"5", kIncertidumbre},
+                                                                      {"0.11", kUncertain},
+                                                                      {"1", kUncertain},
+                                                                      {"5", kUncertain},
                                                                       {"5.01", kHigh},
                                                                       {"50", kHigh},
                                                                       {"384", kHigh}}};
@@ -320,9 +319,9 @@ TEST_F(ConclusionsTest, TheVerdictOnTheProbabilityIsTheSameOnAllDays) {
     for (const ProbabilityVerdict& verdict : kProbabilityVerdicts) {
         for (int day = 1; day <= 3; ++day) {
             form.DiaActual = day;
-            Cell3(7, kProb).Text = verdict.probabilidad;
+            Cell3(7, kProb).Text = verdict.probability;
             form.Command8_Click();
-            EXPECT_EQ(form.Text6.Text, verdict.sentence) << verdict.probabilidad;
+            EXPECT_EQ(form.Text6.Text, verdict.sentence) << verdict.probability;
         }
     }
 }
@@ -331,7 +330,7 @@ TEST_F(ConclusionsTest, TheVerdictGoesByTheNumberInHandAndNotByItsText) {
     // The sixteenth digit isn't in the cell's text, which reads 0.1.
     SetIndexes(1, "0.10000000000000001", "");
     form.Command8_Click();
-    EXPECT_EQ(form.Text5.Text, kSeguraDecima) << "that is the very number 0.1";
+    EXPECT_EQ(form.Text5.Text, kBelowTenth) << "that is the very number 0.1";
     SetIndexes(1, "0.1000000000000001", "");
     form.Command8_Click();
     EXPECT_EQ(form.Text2.Text, "0.1");
@@ -342,7 +341,7 @@ TEST_F(ConclusionsTest, AnEmptySheetIsClosedLikeAnyOther) {
     form.Command8_Click();
     EXPECT_EQ(form.Text2.Text, "0");
     EXPECT_EQ(form.Text4.Text, "0");
-    EXPECT_EQ(form.Text5.Text, kSeguraDecima);
+    EXPECT_EQ(form.Text5.Text, kBelowTenth);
     EXPECT_EQ(form.Text6.Text, kLow);
     EXPECT_EQ(form.Text7.Text, "");
     EXPECT_EQ(record.HojaPrimerDia(397), "0");
@@ -356,7 +355,7 @@ TEST_F(ConclusionsTest, ThePlanOfDaysIsNotLookedAt) {
     record.NumJornadas = 0;
     form.DiaActual = 3;
     form.Command8_Click();
-    EXPECT_EQ(form.Text5.Text, kFinalizado);
+    EXPECT_EQ(form.Text5.Text, kPlanFinished);
     EXPECT_EQ(record.HojaTercerDia(397), "0.5");
 }
 
@@ -385,7 +384,7 @@ TEST_P(SnapshotTest, EachEntryHoldsTheTextOfItsCellAsItStood) {
     for (int i = 0; i < 72; ++i) EXPECT_EQ(slot(i + 325), " r" + Digits(i) + " ");
     EXPECT_EQ(slot(397), "0");
     EXPECT_EQ(slot(398), "0");
-    EXPECT_EQ(slot(399), GetParam() == 3 ? kSegura : kSeguraDecima);
+    EXPECT_EQ(slot(399), GetParam() == 3 ? kBelowLimit : kBelowTenth);
     EXPECT_EQ(slot(400), kLow);
     EXPECT_EQ(slot(401), "?");
     for (int day = 1; day <= 3; ++day) {
@@ -511,7 +510,7 @@ TEST_F(ConclusionsTest, UnderACommaAnIndexOfAHalfReadsAsNothing) {
     const WithSeparator comma(",");
     Conclude(",5", "0,5", "0,1");
     EXPECT_EQ(form.Text2.Text, "0");
-    EXPECT_EQ(form.Text5.Text, kSeguraDecima);
+    EXPECT_EQ(form.Text5.Text, kBelowTenth);
     EXPECT_EQ(record.HojaFinal(1, 3), "0");
     EXPECT_EQ(record.HojaFinal(1, 7), "0");
     EXPECT_EQ(record.HojaPrimerDia(Index(1, kIndex) + 1), ",5") << "as it stood";

@@ -19,18 +19,18 @@ protected:
     std::string CombinedIndex(int row) { return Cell(row, kCombinedIndex).Text; }
 
     /// The texts of the column Indic.+ from the first row to this one.
-    std::vector<std::string> IndicMasTo(int last) {
+    std::vector<std::string> CombinedTo(int last) {
         std::vector<std::string> texts;
         for (int row = 1; row <= last; ++row) texts.push_back(CombinedIndex(row));
         return texts;
     }
 
     /// What the button makes of the group and the index of the first rows.
-    std::vector<std::string> IndicMasOf(
+    std::vector<std::string> CombinedOf(
         const std::vector<std::pair<std::string_view, std::string_view>>& rows) {
         for (int row = 1; const auto& [group, index] : rows) SetRow(row++, group, index);
         form.Command4_Click();
-        return IndicMasTo(static_cast<int>(rows.size()));
+        return CombinedTo(static_cast<int>(rows.size()));
     }
 
     /// The same of the groups and indices of rows that are told by their numbers.
@@ -39,7 +39,7 @@ protected:
         std::string_view group;
         std::string_view index;
     };
-    std::vector<std::string> IndicMasAt(const std::vector<NumberedRow>& rows) {
+    std::vector<std::string> CombinedAt(const std::vector<NumberedRow>& rows) {
         for (const NumberedRow& r : rows) SetRow(r.row, r.group, r.index);
         form.Command4_Click();
         std::vector<std::string> texts;
@@ -57,7 +57,7 @@ TEST_F(DailyIndexTest, WithoutGroupsEachRowShowsItsIndexAsItStands) {
 }
 
 TEST_F(DailyIndexTest, TheIndexIsCopiedWithoutAConversion) {
-    EXPECT_THAT(IndicMasOf({{"0", "1.20"}, {"", "."}, {"x", "4. y"}, {".", ""}}),
+    EXPECT_THAT(CombinedOf({{"0", "1.20"}, {"", "."}, {"x", "4. y"}, {".", ""}}),
                 ElementsAre("1.20", ".", "4. y", ""));
 }
 
@@ -65,7 +65,7 @@ TEST_F(DailyIndexTest, IndexesWithoutAGroupAreNeverSummed) {
     SetRow(1, "0", "1E+308");
     SetRow(2, "0", "1E+308");  // together too large for a Double
     form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(3), ElementsAre("1E+308", "1E+308", ""));
+    EXPECT_THAT(CombinedTo(3), ElementsAre("1E+308", "1E+308", ""));
 }
 
 TEST_F(DailyIndexTest, OldTextsOfTheColumnAreCleared) {
@@ -89,7 +89,7 @@ TEST_F(DailyIndexTest, AGroupWhoseOtherMembersHaveNoIndexIsEmptiedAndSpreadsAZer
     SetRow(1, "1", ".5");
     SetRow(3, "1", "0");
     form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", "0"));
+    EXPECT_THAT(CombinedTo(3), ElementsAre("", "", "0"));
 }
 
 struct GroupCase {
@@ -127,12 +127,12 @@ TEST_F(DailyIndexTest, TheSumOfAGroupStandsAtItsFirstMemberAndIsSpread) {
     for (const GroupCase& group : kGroupCases) {
         SCOPED_TRACE(group.what);
         form.limpia(1);
-        EXPECT_EQ(IndicMasOf(group.rows), group.sums);
+        EXPECT_EQ(CombinedOf(group.rows), group.sums);
     }
 }
 
 TEST_F(DailyIndexTest, AGroupRunsAcrossTheThreeTasks) {
-    EXPECT_THAT(IndicMasAt({{1, "1", ".1"}, {7, "1", ".2"}, {18, "1", ".4"}}),
+    EXPECT_THAT(CombinedAt({{1, "1", ".1"}, {7, "1", ".2"}, {18, "1", ".4"}}),
                 ElementsAre("0.7", "0.7", "0.7"));
 }
 
@@ -149,7 +149,7 @@ TEST_F(DailyIndexTest, EachNumberUpTo20IsSummedAndNoHigherOne) {
 
 TEST_F(DailyIndexTest, AMemberWithTheGroupsNumberBehindTheFirstSpreadsItsOwnEmptyCell) {
     // Group 5 stands on rows 2, 5 and 8: row 5 bears its own number, but the sum is on row 2.
-    EXPECT_THAT(IndicMasAt({{2, "5", ".4"}, {5, "5", ".1"}, {8, "5", ".2"}}),
+    EXPECT_THAT(CombinedAt({{2, "5", ".4"}, {5, "5", ".1"}, {8, "5", ".2"}}),
                 ElementsAre("0.7", "", "0"));
 }
 
@@ -306,7 +306,7 @@ TEST_F(DailyIndexTest, ASecondPressFollowsChangedGroups) {
     form.Command4_Click();
     SetRow(3, "0", ".3");
     form.Command4_Click();
-    EXPECT_THAT(IndicMasTo(3), ElementsAre("", "", ".3"));
+    EXPECT_THAT(CombinedTo(3), ElementsAre("", "", ".3"));
 }
 
 // -------------------------------------------------------------------------------- run-time errors
@@ -332,7 +332,7 @@ TEST_F(DailyIndexTest, ADayOutsideTheRecordEndsTheProgramWithTheSumsWritten) {
         SetRow(3, "0", ".1");
         SetSamples(1, {"2", "3", "3"});
         ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command4_Click(); });
-        EXPECT_THAT(IndicMasTo(3), ElementsAre("0.75", "", ""));
+        EXPECT_THAT(CombinedTo(3), ElementsAre("0.75", "", ""));
         EXPECT_EQ(Cell(1, kC1 + 2).Text, "");
         EXPECT_EQ(Cell(1, kMg).Text, "");
         EXPECT_FALSE(form.Command5.Visible);
@@ -343,19 +343,19 @@ TEST_F(DailyIndexTest, ADayOutsideTheRecordEndsTheProgramWithTheSumsWritten) {
 
 TEST_F(DailyIndexTest, UnderACommaTheIndexesEnterTheSumsCutAtIt) {
     const WithSeparator comma(",");
-    EXPECT_THAT(IndicMasOf({{"1", "1,23"}, {"1", ",45"}, {"1", "2,9"}, {"0", "1,23"}}),
+    EXPECT_THAT(CombinedOf({{"1", "1,23"}, {"1", ",45"}, {"1", "2,9"}, {"0", "1,23"}}),
                 ElementsAre("3", "3", "3", "1,23"));
 }
 
 TEST_F(DailyIndexTest, UnderACommaAGroupOfFractionsAddsUpToNothing) {
     const WithSeparator comma(",");
-    EXPECT_THAT(IndicMasOf({{"1", ",45"}, {"1", ",45"}}), ElementsAre("", "0"));
+    EXPECT_THAT(CombinedOf({{"1", ",45"}, {"1", ",45"}}), ElementsAre("", "0"));
 }
 
 TEST_F(DailyIndexTest, UnderACommaARunningSumIsReadBackCut) {
     const WithSeparator comma(",");
     // Worked by hand: 0 + 1.5 is 1,5, read back as 1; 1 + 1.5 is 2,5, which spreads as 2.
-    EXPECT_THAT(IndicMasOf({{"1", "1.5"}, {"1", "1.5"}}), ElementsAre("2,5", "2"));
+    EXPECT_THAT(CombinedOf({{"1", "1.5"}, {"1", "1.5"}}), ElementsAre("2,5", "2"));
 }
 
 TEST_F(DailyIndexTest, UnderACommaTheColumnsAreWrittenWithIt) {

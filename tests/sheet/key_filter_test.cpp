@@ -6,11 +6,11 @@
 namespace velmora::test {
 namespace {
 
-constexpr int kCell = 7;  ///< C1 of the first row
-constexpr int kOtra = 8;  ///< C2 of the first row
+constexpr int kCell = 7;      ///< C1 of the first row
+constexpr int kNextCell = 8;  ///< C2 of the first row
 constexpr KeyCode kPoint = 46;
 constexpr KeyCode kComma = 44;
-constexpr KeyCode kMenos = 45;
+constexpr KeyCode kMinus = 45;
 
 constexpr bool IsDigitCode(KeyCode code) { return code >= 48 && code <= 57; }
 
@@ -155,7 +155,7 @@ TEST_F(KeyFilterTest, TheTextThatIsThereIsNotLookedAt) {
 
 TEST_F(KeyFilterTest, ComingBackToACellTakesAFurtherPointAfterOneMoreDigit) {
     Type(kCell, "1.5");
-    Type(kOtra, "2");
+    Type(kNextCell, "2");
     EXPECT_TRUE(Refuses(kCell, kPoint));
     Type(kCell, "3.4");
     EXPECT_EQ(form.Text1(kCell).Text, "1.53.4");
@@ -170,22 +170,22 @@ TEST_F(KeyFilterTest, LookingAtAnotherCellWithoutAKeyThereIsNoVisit) {
 
 TEST_F(KeyFilterTest, ARefusedKeyCountsAsAVisitToItsCell) {
     Type(kCell, "12");
-    EXPECT_TRUE(Refuses(kOtra, kComma));
+    EXPECT_TRUE(Refuses(kNextCell, kComma));
     EXPECT_TRUE(Refuses(kCell, kPoint)) << "the counters start at 0 again";
 }
 
 TEST_F(KeyFilterTest, BackspaceCountsAsAVisitToItsCell) {
     Type(kCell, "12");
-    EXPECT_TRUE(Accepts(kOtra, kBackspace));
+    EXPECT_TRUE(Accepts(kNextCell, kBackspace));
     EXPECT_EQ(form.Text1(kCell).Text, "12");
     EXPECT_TRUE(Refuses(kCell, kPoint));
 }
 
 TEST_F(KeyFilterTest, ARefusedKeyLeavesTheCountersOfItsOwnCell) {
     Type(kCell, "1");
-    EXPECT_TRUE(Refuses(kCell, kMenos));
+    EXPECT_TRUE(Refuses(kCell, kMinus));
     EXPECT_TRUE(Accepts(kCell, kPoint));
-    EXPECT_TRUE(Refuses(kCell, kMenos));
+    EXPECT_TRUE(Refuses(kCell, kMinus));
     EXPECT_TRUE(Refuses(kCell, kPoint));
 }
 

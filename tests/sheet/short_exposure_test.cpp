@@ -220,15 +220,15 @@ TEST_P(ExposureButtonTest, TheSameNumberInAnotherTaskIsAnotherGroup) {
 
 // ------------------------------------------------------------------------------- groups of two up
 
-constexpr RowTexts kDos{.group = "1", .ec = "10", .mmp = "2."};
-constexpr RowTexts kTres{.group = "1", .ec = "20", .mmp = "3."};
+constexpr RowTexts kOfLimit10{.group = "1", .ec = "10", .mmp = "2."};
+constexpr RowTexts kOfLimit20{.group = "1", .ec = "20", .mmp = "3."};
 
 class MixtureTest : public ExposureButtonTest {
 protected:
     /// Two members of group 1 whose samples add up to 2, 4.
     void SetMixture(int first, int second) {
-        Set(Row(first), kDos);
-        Set(Row(second), kTres);
+        Set(Row(first), kOfLimit10);
+        Set(Row(second), kOfLimit20);
         SetSamples(Row(first), {"1", "2", "3"});
         SetSamples(Row(second), {"1", "2"});
     }
@@ -423,8 +423,8 @@ TEST_P(LimitCellTest, TheLimitOfAMixtureGoesToTheCellThatTheFactorGives) {
     const Twin& twin = kTwins.at(static_cast<std::size_t>(task - 1));
     record.NumContaminantes(task) = r + 1;
     for (int other = 1; other < r; ++other) Set(twin.Row(other), {.group = "9"});
-    Set(twin.Row(r), kDos);
-    Set(twin.Row(r + 1), kTres);
+    Set(twin.Row(r), kOfLimit10);
+    Set(twin.Row(r + 1), kOfLimit20);
     SetSamples(twin.Row(r), {"1", "2"});
     SetSamples(twin.Row(r + 1), {"1", "2"});
     const auto before = StateOf(form);
@@ -446,8 +446,8 @@ TEST_F(ShortExposureTest, AGroupThatBeginsInTheSixthRowWritesItsLimitAndEndsTheP
     for (const auto& [twin, index] : cases) {
         record.NumContaminantes(twin.task) = 7;
         for (int r = 1; r <= 5; ++r) Set(twin.Row(r), {.group = "9"});
-        Set(twin.Row(6), kDos);
-        Set(twin.Row(7), kTres);
+        Set(twin.Row(6), kOfLimit10);
+        Set(twin.Row(7), kOfLimit20);
         SetSamples(twin.Row(6), {"1", "2"});
         SetSamples(twin.Row(7), {"1", "2"});
         ExpectError(ErrorKind::InvalidOperation, [&, click = twin] { Click(click); });
@@ -461,8 +461,8 @@ TEST_F(ShortExposureTest,
     record.NumContaminantes(2) = 4;
     Set(7, {.group = "9"});
     Set(8, {.group = "0", .ec = "25", .mg = "5.", .gsd = "1.5"});
-    Set(9, kDos);
-    Set(10, kTres);
+    Set(9, kOfLimit10);
+    Set(10, kOfLimit20);
     SetSamples(9, {"1", "2"});
     SetSamples(10, {"1", "2"});
     form.Command6_Click();
@@ -475,8 +475,8 @@ TEST_F(ShortExposureTest, Command6_TheLimitLeftInTheRowAboveIsTakenForAProbabili
     record.NumContaminantes(2) = 4;
     Set(7, {.group = "9"});
     Set(8, {.group = "9"});
-    Set(9, kDos);
-    Set(10, kTres);
+    Set(9, kOfLimit10);
+    Set(10, kOfLimit20);
     SetSamples(9, {"1", "2"});
     SetSamples(10, {"1", "2"});
     form.Command6_Click();
@@ -738,8 +738,8 @@ TEST_F(ShortExposureTest, ASeventhContaminantOfTheFirstTaskJudgesTheFirstRowOfTh
 TEST_F(ShortExposureTest, AnEighthMemberOfAGroupDoesNotFitItsMatrix) {
     record.NumContaminantes(1) = 8;
     for (int row = 1; row <= 7; ++row) Set(row, {.group = "9"});
-    Set(1, kDos);
-    Set(8, kTres);
+    Set(1, kOfLimit10);
+    Set(8, kOfLimit20);
     ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
     EXPECT_EQ(Cell3(1, kEcMas).Text, "14.2857142857143");
 }
@@ -747,8 +747,8 @@ TEST_F(ShortExposureTest, AnEighthMemberOfAGroupDoesNotFitItsMatrix) {
 TEST_F(ShortExposureTest, Command5_TheFactorMissesTheLimitCellOfARowBeyondItsTask) {
     record.NumContaminantes(1) = 10;
     for (int row = 1; row <= 8; ++row) Set(row, {.group = "9"});
-    Set(9, kDos);
-    Set(10, kTres);
+    Set(9, kOfLimit10);
+    Set(10, kOfLimit20);
     // 150 * 0.222 - 1.3 falls just short of 32, the limit cell of row 9; row 9 of the matrix fails.
     ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
     EXPECT_EQ(form.Text3(31).Text, "14.2857142857143");

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kNoLimits = "No se dispone de datos relativos a los contaminantes ";
 constexpr std::string_view kFewSamples = "No hay datos suficientes para operar ";
-constexpr std::string_view kHuecos = "No deje espacios vacios";
+constexpr std::string_view kNoGaps = "No deje espacios vacios";
 
 /// One of the three twins: its task, its own first message, and the first row of its block.
 struct Twin {
@@ -201,7 +201,7 @@ TEST_F(TaskValidationTest, Command1_OnASingleCellOfItsBlockPassesTheCheckOfData)
         for (int column = kC1; column <= kC6; ++column) {
             form.limpia(1);
             Cell(row, column).Text = " ";
-            if (column > kC1) host.ExpectBox(std::string(kHuecos));
+            if (column > kC1) host.ExpectBox(std::string(kNoGaps));
             form.Command1_Click();
         }
     }
@@ -252,11 +252,11 @@ struct BadRow {
 const std::vector<BadRow> kBadRows = {
     {"C1 alone", 4, {"2", ""}, kFewSamples},
     {"empty", 6, {"", ""}, kFewSamples},
-    {"blanks count as samples, and read 0", 1, {" ", " "}, kHuecos},
+    {"blanks count as samples, and read 0", 1, {" ", " "}, kNoGaps},
     {"C2 alone: too few before it is a gap", 1, {"", "8"}, kFewSamples},
-    {"C5 and C6 are counted, too, and leave a gap", 2, {"", "", "", "", "5", "6"}, kHuecos},
-    {"C1 empty, C2 and C3 filled", 1, {"", "8", "9"}, kHuecos},
-    {"a zero before a sample", 1, {"0", "5"}, kHuecos},
+    {"C5 and C6 are counted, too, and leave a gap", 2, {"", "", "", "", "5", "6"}, kNoGaps},
+    {"C1 empty, C2 and C3 filled", 1, {"", "8", "9"}, kNoGaps},
+    {"a zero before a sample", 1, {"0", "5"}, kNoGaps},
 };
 
 TEST_P(TaskButtonTest, ARowInUseWithTooFewSamplesOrAGapIsRefused) {
@@ -300,7 +300,7 @@ TEST_P(TaskButtonTest, AGapAtAnyPlaceOfARowInUseIsRefused) {
         for (const std::string_view text : {"", "0", "0.0", ".", " ", "x"}) {
             SixRows({"1", "2", "3", "4", "5", "6"});
             Cell(Row(3), gap).Text = text;
-            ExpectRefusal(kHuecos);
+            ExpectRefusal(kNoGaps);
         }
     }
 }
@@ -310,7 +310,7 @@ TEST_P(TaskButtonTest, AGapInARowBeyondTheContaminantsIsRefusedAlike) {
     FillFirstTask();
     SetSamples(Row(1), {"2", "8"});
     SetSamples(Row(6), {"", "5", "6"});
-    ExpectRefusal(kHuecos);
+    ExpectRefusal(kNoGaps);
 }
 
 TEST_P(TaskButtonTest, TheBlocksOfTheOtherTasksMayHaveGaps) {
@@ -324,7 +324,7 @@ TEST_P(TaskButtonTest, TheBlocksOfTheOtherTasksMayHaveGaps) {
 
 TEST_P(TaskButtonTest, OneMessageIsEnoughForManyGaps) {
     SixRows({"0", "5", "0", "5"});
-    ExpectRefusal(kHuecos);
+    ExpectRefusal(kNoGaps);
 }
 
 TEST_P(TaskButtonTest, ARefusedValidationKeepsWhatTheRowsShowed) {
@@ -333,7 +333,7 @@ TEST_P(TaskButtonTest, ARefusedValidationKeepsWhatTheRowsShowed) {
     Cell(Row(1), kIndex).Text = ".7";
     form.Text7.Text = "SI";
     SetSamples(Row(6), {"0", "8"});
-    ExpectRefusal(kHuecos);
+    ExpectRefusal(kNoGaps);
 }
 
 // ---------------------------------------------------------------------------------- computation

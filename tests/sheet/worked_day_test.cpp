@@ -9,9 +9,9 @@ namespace velmora::test {
 namespace {
 
 constexpr std::string_view kTwoDaysMore = "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS";
-constexpr std::string_view kSegura = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
+constexpr std::string_view kBelowTenth = "EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA";
 constexpr std::string_view kLow = " BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS";
-constexpr std::string_view kIncertidumbre =
+constexpr std::string_view kUncertain =
     " SITUACIÓN DE INCERTIDUMBRE PARA EXPOSICIONES EN PERIODOS CORTOS";
 
 /// The texts of one row, in the order of its columns.
@@ -235,7 +235,7 @@ TEST_F(WorkedDayTest, UnderACommaTheSameDayFallsIntoTheFirstColumn) {
         Push(button);
     }
     ExpectSheet(kClosedUnderComma, ",");
-    ExpectAnswers("0", "0", kSegura, kLow, "NO");
+    ExpectAnswers("0", "0", kBelowTenth, kLow, "NO");
     ExpectFinalTable({"0", "", ""}, {"0", "0", ""});
 }
 
@@ -286,7 +286,7 @@ TEST_F(ThreeTasksTest, EachPressOpensTheNextButtonUpToTheConclusions) {
         EXPECT_EQ(record.HojaFinal(row, 8), "5");
     }
     EXPECT_EQ(form.Text5.Text, "SE CONTINUA  CON EL PLAN DE MEDICIONES");
-    EXPECT_EQ(form.Text6.Text, kIncertidumbre);
+    EXPECT_EQ(form.Text6.Text, kUncertain);
     EXPECT_EQ(form.Text7.Text, "NO") << "8 is below 3 x 8";
     EXPECT_TRUE(record.HojaPrimerDia == DaySheet{});
 }
