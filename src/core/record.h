@@ -1,11 +1,11 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "runtime/array.h"
 #include "runtime/doble.h"
 #include "runtime/entero.h"
-#include "runtime/error.h"
 
 namespace velmora {
 
@@ -65,10 +65,10 @@ struct EvaluacionRecord {
 
 private:
     static DaySheet EvaluacionRecord::*SheetOf(Entero day) {
-        if (day == 1) return &EvaluacionRecord::HojaPrimerDia;
-        if (day == 2) return &EvaluacionRecord::HojaSegundoDia;
-        if (day == 3) return &EvaluacionRecord::HojaTercerDia;
-        throw ErrorEjecucion(ErrorKind::SubscriptOutOfRange);
+        static constexpr Array<DaySheet EvaluacionRecord::*, 1, 3> kSheets(
+            std::array{&EvaluacionRecord::HojaPrimerDia, &EvaluacionRecord::HojaSegundoDia,
+                       &EvaluacionRecord::HojaTercerDia});
+        return kSheets(day);
     }
 };
 

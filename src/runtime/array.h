@@ -16,9 +16,14 @@ class Array {
 public:
     static constexpr int kFirst = First;
     static constexpr int kLast = Last;
+    static constexpr std::size_t kSize = Last - First + 1;
 
-    T& operator()(int i) { return elements_[Place(i)]; }
-    const T& operator()(int i) const { return elements_[Place(i)]; }
+    constexpr Array() = default;
+    /// A table: its rows from the first to the last.
+    explicit constexpr Array(const std::array<T, kSize>& elements) : elements_(elements) {}
+
+    constexpr T& operator()(int i) { return elements_[Place(i)]; }
+    constexpr const T& operator()(int i) const { return elements_[Place(i)]; }
     T& operator()(Entero i) { return (*this)(i.Value()); }
     const T& operator()(Entero i) const { return (*this)(i.Value()); }
 
@@ -40,12 +45,12 @@ public:
     friend bool operator==(const Array&, const Array&) = default;
 
 private:
-    static std::size_t Place(int i) {
+    static constexpr std::size_t Place(int i) {
         if (i < First || i > Last) throw ErrorEjecucion(ErrorKind::SubscriptOutOfRange);
         return static_cast<std::size_t>(i - First);
     }
 
-    std::array<T, static_cast<std::size_t>(Last - First + 1)> elements_{};
+    std::array<T, kSize> elements_{};
 };
 
 }  // namespace velmora
