@@ -77,7 +77,6 @@ double ValueOf(const std::string& spelled) {
     const std::string mantissa = spelled.substr(0, e);
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = mantissa.find_first_not_of("0.");
-    if (first == std::string::npos) return 0;
     double magnitude = static_cast<double>(point) - static_cast<double>(first);
     if (e != std::string::npos) {
         const bool negative = spelled[e + 1] == '-';
@@ -92,7 +91,7 @@ double ValueOf(const std::string& spelled) {
 }
 
 /// The decimal value that fifteen significant digits give: digits d1 d2 d3 ... without zeros at the
-/// end stand for 0.d1d2d3... x 10^exponente. Zero has no digits.
+/// end stand for 0.d1d2d3... x 10^exponent. Zero has no digits.
 struct Decimals {
     bool negative = false;
     std::string digits;
@@ -131,19 +130,18 @@ std::string WholePart(const Decimals& d) {
 /// The digits behind the decimal separator, none for a whole number.
 std::string DecimalPart(const Decimals& d) {
     if (d.exponent <= 0) {
-        return d.digits.empty()
-                   ? ""
-                   : std::string(static_cast<std::size_t>(-d.exponent), '0') + d.digits;
+        std::string part(static_cast<std::size_t>(-d.exponent), '0');
+        return part.append(d.digits);
     }
-    const auto n = static_cast<std::size_t>(d.exponent);
-    return n < d.digits.size() ? d.digits.substr(n) : "";
+    return d.digits.substr(std::min(static_cast<std::size_t>(d.exponent), d.digits.size()));
 }
 
 std::string PlainNotation(const Decimals& d, const std::string& separator) {
     std::string text = d.negative ? "-" : "";
     const std::string whole = WholePart(d);
     const std::string decimal = DecimalPart(d);
-    text += whole.empty() ? "0" : whole;
+    if (whole.empty()) text += '0';
+    text += whole;
     if (!decimal.empty()) text += separator + decimal;
     return text;
 }
@@ -158,7 +156,7 @@ std::string ExponentialNotation(const Decimals& d, const std::string& separator)
     return text + (exponent < 0 ? "E-" : "E+") + digits;
 }
 
-/// Rounds to `decimales` places behind the separator, halves away from zero.
+/// Rounds to `decimals` places behind the separator, halves away from zero.
 Decimals Rounded(Decimals d, int decimals) {
     const int left = d.exponent + decimals;
     if (left >= static_cast<int>(d.digits.size())) return d;
@@ -179,7 +177,7 @@ Decimals Rounded(Decimals d, int decimals) {
     return d.digits.empty() ? Decimals{} : d;
 }
 
-/// Half to even, within [minimo, maximo].
+/// Half to even, within [lowest, highest].
 double RoundWithin(double value, double lowest, double highest) {
     const double rounded = std::nearbyint(value);
     if (!(rounded >= lowest && rounded <= highest)) throw ErrorEjecucion(ErrorKind::Overflow);
