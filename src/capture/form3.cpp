@@ -25,11 +25,6 @@ constexpr int kCellHeight = 285;
 constexpr int kRows = 9;
 constexpr int kFirstTabOfGrid = 10;
 
-/// A heading: points as large as its text fits its box, bold where that fits, too.
-constexpr Look Heading(double points, bool bold, Align align = Align::Left) {
-    return {.points = points, .bold = bold, .align = align, .fore = kNavy, .back = kPaleBlue};
-}
-
 constexpr std::array<std::string_view, 15> kNumbers = {"0", "1", "2",  "3",  "4",  "5",  "6", "7",
                                                        "8", "9", "10", "11", "12", "13", "14"};
 constexpr std::array<std::string_view, 2> kOneOrThreeDays = {"1", "3"};
@@ -40,8 +35,6 @@ constexpr std::span<const std::string_view> From(std::size_t first, std::size_t 
 }
 
 // clang-format off
-constexpr Row kLabel2{.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = kClockLook};
-
 constexpr std::array<StandingControl<Form3>, 3> kControls = {{
     {&Form3::Command1, {.name = "Command1", .box = {9000, 120, 2655, 255}, .text = kPlanToFix,
       .tab = 2, .spoken = "Validar jornadas y tareas"}, &Form3::Command1_Click},
@@ -50,6 +43,8 @@ constexpr std::array<StandingControl<Form3>, 3> kControls = {{
     {&Form3::Text2, {.name = "Text2", .box = {9000, 480, 75, 105}, .look = {.back = kMarkColor},
       .spoken = "Marca de color, sin función"}},
 }};
+constexpr StandingControl<Form3> kClock =
+    {&Form3::Label2, {.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = kClockLook}};
 constexpr std::array<EntryRow<Form3>, 4> kMoves = {{
     {"contaminantes", "Contaminantes", &Form3::contaminantes_Click},
     {"pagina5", "Cálculos", &Form3::pagina5_Click},
@@ -59,9 +54,9 @@ constexpr std::array<EntryRow<Form3>, 4> kMoves = {{
 
 constexpr std::array<Row, 2> kLabel1 = {{
     {.name = "Label1", .index = 2, .box = { 360, 120, 3135, 255}, .text = "  Número de jornadas muestreadas:",
-     .look = Heading(8.25, false)},
+     .look = Heading(8.25, false, Align::Left)},
     {.name = "Label1", .index = 3, .box = {4320, 120, 3735, 255}, .text = "Número de tareas  en cada jornada:",
-     .look = Heading(8.25, false)},
+     .look = Heading(8.25, false, Align::Left)},
 }};
 
 /// A list, with the heading above it where it has one.
@@ -70,51 +65,44 @@ struct List {
     int tab;
     std::span<const std::string_view> items;
     std::string_view spoken; ///< as a screen reader says it
-    std::string_view heading;
-    Look look;
+    std::string_view heading{};
 };
 
-constexpr std::array<List, 8> kLists = {{
-    {{3480, 120,  735, 315}, 0, kOneOrThreeDays, "Número de jornadas muestreadas",    "", {}},
-    {{8040, 120,  855, 315}, 1, From(1, 3),          "Número de tareas en cada jornada",  "", {}},
-    {{ 360, 840,  615, 315}, 4, From(1, 3),          "Día",                               "     Día",              Heading(6.75, false)},
-    {{1080, 840,  615, 315}, 5, From(1, 3),          "Tarea",                             "Tarea",                 Heading(6.75, false)},
-    {{1800, 840, 1815, 315}, 6, From(1, 14),         "Tiempo de exposición en horas",     "Tiempo exposi. horas.", Heading(6.75, false)},
-    {{3720, 840, 1455, 315}, 7, From(0, 6),          "Número de muestras de 30 minutos",  "  Nº de muestras 30'",  Heading(6.75, false)},
-    {{5280, 840, 1695, 315}, 8, From(0, 6),          "Número de muestras de 15 minutos",  "Nº de muestras 15'",    Heading(6.75, false)},
-    {{7080, 840, 1815, 315}, 9, From(1, 6),          "Número de contaminantes",           "Nº de contaminantes",   Heading(6.75, false)},
-}};
+constexpr Array<List, 0, 7> kLists({{
+    {{3480, 120,  735, 315}, 0, kOneOrThreeDays, "Número de jornadas muestreadas"},
+    {{8040, 120,  855, 315}, 1, From(1, 3),      "Número de tareas en cada jornada"},
+    {{ 360, 840,  615, 315}, 4, From(1, 3),      "Día",                               "     Día"},
+    {{1080, 840,  615, 315}, 5, From(1, 3),      "Tarea",                             "Tarea"},
+    {{1800, 840, 1815, 315}, 6, From(1, 14),     "Tiempo de exposición en horas",     "Tiempo exposi. horas."},
+    {{3720, 840, 1455, 315}, 7, From(0, 6),      "Número de muestras de 30 minutos",  "  Nº de muestras 30'"},
+    {{5280, 840, 1695, 315}, 8, From(0, 6),      "Número de muestras de 15 minutos",  "Nº de muestras 15'"},
+    {{7080, 840, 1815, 315}, 9, From(1, 6),      "Número de contaminantes",           "Nº de contaminantes"},
+}});
 
 /// A column of the grid, with its heading.
 struct Column {
     int left;
     std::string_view spoken; ///< as a screen reader says it
     std::string_view heading;
-    Look look;
+    double points = 6.75;    ///< of the heading
 };
 
-constexpr std::array<Column, 6> kColumns = {{
-    { 360, "día",                           "Día",                   Heading(6.75, false, Align::Center)},
-    {1080, "tarea",                         "Tarea",                 Heading(6.75, false, Align::Center)},
-    {1800, "tiempo de exposición en horas", "Tiempo exposi. horas.", Heading(5.5,  false, Align::Center)},
-    {2520, "muestras de 30 minutos",        "Muestras 30'",          Heading(6.75, false, Align::Center)},
-    {3240, "muestras de 15 minutos",        "Muestras  15'",         Heading(6.75, false, Align::Center)},
-    {3960, "contaminantes",                 "Contami_  nantes",      Heading(6.75, false, Align::Center)},
-}};
+constexpr Array<Column, 0, 5> kColumns({{
+    { 360, "día",                           "Día"},
+    {1080, "tarea",                         "Tarea"},
+    {1800, "tiempo de exposición en horas", "Tiempo exposi. horas.", 5.5},
+    {2520, "muestras de 30 minutos",        "Muestras 30'"},
+    {3240, "muestras de 15 minutos",        "Muestras  15'"},
+    {3960, "contaminantes",                 "Contami_  nantes"},
+}});
 // clang-format on
 
 constexpr int kFirstEntryList = 2;
 constexpr int kLastEntryList = 7;
 constexpr int kFirstGridHeading = 6;
 
-/// Row `i` of a table, counted from 0.
-template <class T, std::size_t N>
-constexpr const T& At(const std::array<T, N>& table, int i) {
-    return table.at(static_cast<std::size_t>(i));
-}
-
 constexpr Row ListRow(int i) {
-    const List& list = At(kLists, i);
+    const List& list = kLists(i);
     return {.name = "Combo1",
             .index = i,
             .box = list.box,
@@ -127,19 +115,19 @@ constexpr Row ListRow(int i) {
 /// Heading `i` of `Label3`: 0 to 5 above the lists of the entry row, 6 to 11 above the grid.
 constexpr Row HeadingRow(int i) {
     if (i < kFirstGridHeading) {
-        const List& list = At(kLists, i + kFirstEntryList);
+        const List& list = kLists(i + kFirstEntryList);
         return {.name = "Label3",
                 .index = i,
                 .box = {list.box.left, 480, list.box.width, 255},
                 .text = list.heading,
-                .look = list.look};
+                .look = Heading(6.75, false, Align::Left)};
     }
-    const Column& column = At(kColumns, i - kFirstGridHeading);
+    const Column& column = kColumns(i - kFirstGridHeading);
     return {.name = "Label3",
             .index = i,
             .box = {column.left, 1320, kCellWidth, 375},
             .text = column.heading,
-            .look = column.look};
+            .look = Heading(column.points, false)};
 }
 
 /// The cell of row `k`, from 1, in a column, from 0.
@@ -147,7 +135,7 @@ constexpr Row CellRow(int k, int column) {
     const int i = 6 * (k - 1) + column;
     return {.name = "Text1",
             .index = i,
-            .box = {At(kColumns, column).left, 1800 + 360 * (k - 1), kCellWidth, kCellHeight},
+            .box = {kColumns(column).left, 1800 + 360 * (k - 1), kCellWidth, kCellHeight},
             .look = {.back = kWindowBackground},
             .tab = kFirstTabOfGrid + i};
 }
@@ -174,10 +162,10 @@ void Form3::PlaceControls() {
             const Row row = CellRow(k, c);
             Place(Text1(row.index), row,
                   {.KeyPress = [this, i = row.index](KeyCode& key) { Text1_KeyPress(i, key); }},
-                  "Fila " + TextoEntero(k) + ", " + std::string(At(kColumns, c).spoken));
+                  "Fila " + TextoEntero(k) + ", " + std::string(kColumns(c).spoken));
         }
     }
-    Place(Label2, kLabel2);
+    Place(kClock);
 }
 
 void Form3::PlaceMenu() {

@@ -17,28 +17,24 @@ constexpr Face kFace{ScreenId::Form4, " Velmora / h4", {0, 0, 11880, 8310}, "fon
 constexpr int kCellHeight = 285;
 constexpr int kListHeight = 330;
 
-/// A heading: points as large as its text fits its box, bold where that fits, too.
-constexpr Look Heading(double points, bool bold, Align align = Align::Center) {
-    return {.points = points, .bold = bold, .align = align, .fore = kNavy, .back = kPaleBlue};
-}
-
 constexpr std::array<std::string_view, 3> kTasks = {"1", "2", "3"};
 constexpr std::array<std::string_view, 2> kUnits = {"mg/m3", "ppm"};
 
 // clang-format off
-constexpr Row kLabel1{.name = "Label1", .box = {9120, 7980, 2655, 255}, .look = kClockLook};
-constexpr Row kLabel2{.name = "Label2", .box = {120, 0, 11895, 375},
-                      .text = "Cararcteristicas de los contaminates  analizados por  tareas ", .look = Heading(14.25, false)};
+constexpr StandingControl<Form4> kTitle =
+    {&Form4::Label2, {.name = "Label2", .box = {120, 0, 11895, 375},
+      .text = "Cararcteristicas de los contaminates  analizados por  tareas ", .look = Heading(14.25, false)}};
 constexpr Row kLabel3{.name = "Label3", .index = 0, .box = {120, 480, 975, 255}, .text = "Tarea",
                       .look = Heading(8.25, true, Align::Left)};
-constexpr Row kCombo1{.name = "Combo1", .box = {1080, 480, 855, 315}, .look = {.back = kWindowBackground},
-                      .tab = 44, .spoken = "Tarea", .items = kTasks};
-
-constexpr std::array<StandingControl<Form4>, 2> kControls = {{
+constexpr std::array<StandingControl<Form4>, 3> kControls = {{
+    {&Form4::Combo1, {.name = "Combo1", .box = {1080, 480, 855, 315}, .look = {.back = kWindowBackground},
+      .tab = 44, .spoken = "Tarea", .items = kTasks}, &Form4::Combo1_Click, &Form4::Combo1_KeyPress},
     {&Form4::Command3, {.name = "Command3", .box = {2040, 480, 3855, 255}, .text = "Visualizar / Modificar", .tab = 43}, &Form4::Command3_Click},
     {&Form4::Command1, {.name = "Command1", .box = {120, 840, 5775, 255}, .text = "Validar", .tab = 42,
       .spoken = "Validar los contaminantes de la tarea"}, &Form4::Command1_Click},
 }};
+constexpr StandingControl<Form4> kClock =
+    {&Form4::Label1, {.name = "Label1", .box = {9120, 7980, 2655, 255}, .look = kClockLook}};
 constexpr std::array<EntryRow<Form4>, 4> kMoves = {{
     {"pagina5", "Cálculos", &Form4::pagina5_Click},
     {"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form4::datosiniciales_Click},
@@ -53,24 +49,23 @@ struct Column {
     int first_tab;
     std::string_view spoken; ///< as a screen reader says it
     std::string_view heading;
-    Look look;
-    std::string_view heading_tip{};         ///< tool tip of the heading
-    std::string_view cell_tip{};  ///< tool tip of the cells
+    std::string_view heading_tip{}; ///< tool tip of the heading
+    std::string_view cell_tip{};    ///< tool tip of the cells
 };
 
 /// The five columns of `Text1`, in the order of its index.
-constexpr std::array<Column, 5> kColumns = {{
-    { 120,  375, 36, "número",        "Nº",                      Heading(7.5,  false)},
-    { 600, 2055, 12, "nombre",        "Nombre del contaminante", Heading(7.5,  false)},
-    {2760,  615, 18, "VLA-ED",        "VLA-ED",                  Heading(7.5,  false), {}, kDecimalsHelp},
-    {3480,  615, 24, "VLA-EC",        "VLA-EC",                  Heading(7.5,  false), {}, kDecimalsHelp},
-    {4680,  375, 30, "grupo aditivo", "Adit.",                   Heading(7.5,  false),
+constexpr Array<Column, 0, 4> kColumns({{
+    { 120,  375, 36, "número",        "Nº"},
+    { 600, 2055, 12, "nombre",        "Nombre del contaminante"},
+    {2760,  615, 18, "VLA-ED",        "VLA-ED", {}, kDecimalsHelp},
+    {3480,  615, 24, "VLA-EC",        "VLA-EC", {}, kDecimalsHelp},
+    {4680,  375, 30, "grupo aditivo", "Adit.",
      "0 si el agente no es aditivo; si lo es, el número de su grupo."},
-}};
+}});
 constexpr Column kUnit =
-    {5160,  735,  0, "unidad",                       "Unidades", Heading(7.5,  false)};
+    {5160,  735,  0, "unidad",                       "Unidades"};
 constexpr Column kSamplingTime =
-    {4200,  375,  6, "tiempo de muestreo en minutos", "TM",      Heading(7.5,  false),
+    {4200,  375,  6, "tiempo de muestreo en minutos", "TM",
      "Tiempo de muestreo, en minutos: 30 o 15.", "Un doble clic, o F2, pone 30; otro, 15."};
 // clang-format on
 
@@ -84,7 +79,7 @@ constexpr Row HeadingRow(std::string_view name, int index, const Column& column)
             .index = index,
             .box = {column.left, 1200, column.width, 255},
             .text = column.heading,
-            .look = column.look,
+            .look = Heading(7.5, false),
             .tool_tip = column.heading_tip,
             .in_table = true};
 }
@@ -113,14 +108,11 @@ Form4::Form4(const Environment& environment) : BaseScreen(environment, kFace, La
 }
 
 void Form4::PlaceControls() {
-    Place(Label2, kLabel2);
+    Place(kTitle);
     Place(Label3(0), kLabel3);
-    Place(Combo1, kCombo1,
-          {.Click = [this] { Combo1_Click(); },
-           .KeyPress = [this](KeyCode& key) { Combo1_KeyPress(key); }});
     Place(kControls);
     for (int i = 0; i <= 4; ++i) {
-        Place(Label4(i), HeadingRow("Label4", i, kColumns.at(static_cast<std::size_t>(i))));
+        Place(Label4(i), HeadingRow("Label4", i, kColumns(i)));
     }
     Place(Label4(5), HeadingRow("Label4", 5, kUnit));
     Place(Label5, HeadingRow("Label5", Row::kNoIndex, kSamplingTime));
@@ -128,12 +120,12 @@ void Form4::PlaceControls() {
     for (Label& heading : Label4) heading.Visible = false;
     Label5.Visible = false;
     for (int r = 1; r <= 6; ++r) PlaceRow(r);
-    Place(Label1, kLabel1);
+    Place(kClock);
 }
 
 void Form4::PlaceRow(int r) {
     for (int c = 0; c <= 4; ++c) {
-        const Column& column = kColumns.at(static_cast<std::size_t>(c));
+        const Column& column = kColumns(c);
         const int i = 5 * r - 5 + c;
         Place(Text1(i), ControlRow("Text1", i, r, column),
               {.KeyPress = [this, i](KeyCode& key) { Text1_KeyPress(i, key); },

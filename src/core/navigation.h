@@ -8,6 +8,7 @@
 #include "core/record.h"
 #include "forms/host.h"
 #include "forms/layout.h"
+#include "forms/palette.h"
 #include "forms/screen.h"
 
 namespace velmora {
@@ -54,7 +55,7 @@ void Imprimir(Host& host, CommonDialog& dialog, const Printing& printing);
 std::string FormatoFecha(const std::tm& moment);
 
 /// How the clock looks on `Form2` to `Form6`: bold, white, 8.25 points.
-inline constexpr Look kClockLook{.bold = true, .fore = 0xFFFFFF};
+inline constexpr Look kClockLook{.bold = true, .fore = kWhite};
 
 /// The tool tip of the cells in which decimals are typed.
 inline constexpr std::string_view kDecimalsHelp =

@@ -66,14 +66,16 @@ void Screen::Place(ComboBox& list, const Row& row, Events events, std::string sp
     Add(row, &list, std::move(events), std::move(spoken));
 }
 
-void Screen::Place(Label& label, const Row& row) {
+void Screen::Place(Label& label, const Row& row, Events events) {
     label.Caption = row.text;
-    Add(row, &label, {}, {});
+    Add(row, &label, std::move(events), {});
 }
 
-void Screen::Place(Button& button, const Row& row, std::function<void()> click) {
+void Screen::Place(Button& button, const Row& row, Events events) {
     button.Caption = row.text;
-    Add(row, &button, {.Click = std::move(click)}, {});
+    Add(row, &button, std::move(events), {});
 }
+
+void Screen::Place(const Picture& picture, const Row& row) { Add(row, picture, {}, {}); }
 
 }  // namespace velmora

@@ -60,9 +60,10 @@ struct MenuEntry {
 /// A control that stands alone, no element of an array.
 template <class Form>
 struct StandingControl {
-    std::variant<Label Form::*, Button Form::*, TextCell Form::*> member;
+    std::variant<Label Form::*, Button Form::*, TextCell Form::*, ComboBox Form::*> member;
     Row row;
-    void (Form::*Click)() = nullptr;  ///< of a button
+    void (Form::*Click)() = nullptr;  ///< a button pressed, an item picked
+    void (Form::*KeyPress)(KeyCode&) = nullptr;
 };
 
 /// An entry of a list of the menu bar.
@@ -137,11 +138,15 @@ protected:
     /// Puts a control on the screen as its row tells, its starting text included.
     void Place(TextCell& cell, const Row& row, Events events = {}, std::string spoken = {});
     void Place(ComboBox& list, const Row& row, Events events = {}, std::string spoken = {});
-    void Place(Label& label, const Row& row);
-    void Place(Button& button, const Row& row, std::function<void()> click);
-    void Place(const Picture& picture, const Row& row) { Add(row, picture, {}, {}); }
+    void Place(Label& label, const Row& row, Events events = {});
+    void Place(Button& button, const Row& row, Events events);
+    void Place(const Picture& picture, const Row& row);
+    template <class Form>
+    void Place(const StandingControl<Form>& standing);
     template <class Form, std::size_t N>
-    void Place(const std::array<StandingControl<Form>, N>& table);
+    void Place(const std::array<StandingControl<Form>, N>& table) {
+        for (const StandingControl<Form>& standing : table) Place(standing);
+    }
 
     template <class Form>
     void SetMenu(std::initializer_list<BarRow<Form>> bar);
@@ -149,8 +154,12 @@ protected:
 private:
     void Add(const Row& row, Control::State state, Events events, std::string spoken);
 
-    template <class Form>
-    MenuEntry EntryOf(std::string_view name, std::string_view caption, void (Form::*click)());
+    /// A handler of this screen as the window calls it, empty for none.
+    template <class Form, class... Arguments>
+    std::function<void(Arguments...)> Bound(void (Form::*handler)(Arguments...)) {
+        if (handler == nullptr) return {};
+        return std::bind_front(handler, static_cast<Form*>(this));
+    }
 
     Face face_;
     const Label* clock_;
@@ -158,28 +167,13 @@ private:
     std::vector<MenuEntry> menu_;
 };
 
-template <class Form, std::size_t N>
-void Screen::Place(const std::array<StandingControl<Form>, N>& table) {
-    auto& form = static_cast<Form&>(*this);
-    for (const StandingControl<Form>& standing : table) {
-        if (const auto* const button = std::get_if<Button Form::*>(&standing.member)) {
-            Place(form.**button, standing.row,
-                  [&form, click = standing.Click] { (form.*click)(); });
-        } else if (const auto* const label = std::get_if<Label Form::*>(&standing.member)) {
-            Place(form.**label, standing.row);
-        } else {
-            Place(form.*std::get<TextCell Form::*>(standing.member), standing.row);
-        }
-    }
-}
-
 template <class Form>
-MenuEntry Screen::EntryOf(std::string_view name, std::string_view caption, void (Form::*click)()) {
-    MenuEntry entry{.name = name, .caption = caption};
-    if (click != nullptr) {
-        entry.Click = [&form = static_cast<Form&>(*this), click] { (form.*click)(); };
-    }
-    return entry;
+void Screen::Place(const StandingControl<Form>& standing) {
+    const auto place = [&](auto member) {
+        Place(static_cast<Form&>(*this).*member, standing.row,
+              {.Click = Bound(standing.Click), .KeyPress = Bound(standing.KeyPress)});
+    };
+    std::visit(place, standing.member);
 }
 
 template <class Form>
@@ -189,10 +183,13 @@ void Screen::SetMenu(std::initializer_list<BarRow<Form>> bar) {
             blank = std::min(row.spacers.find(' ', from), row.spacers.size());
             menu_.push_back({.name = row.spacers.substr(from, blank - from)});
         }
-        MenuEntry& title = menu_.emplace_back(EntryOf(row.name, row.caption, row.Click));
-        title.ends_program = row.ends_program;
+        MenuEntry& title = menu_.emplace_back(MenuEntry{.name = row.name,
+                                                        .caption = row.caption,
+                                                        .Click = Bound(row.Click),
+                                                        .ends_program = row.ends_program});
         for (const EntryRow<Form>& listed : row.list) {
-            title.list.push_back(EntryOf(listed.name, listed.caption, listed.Click));
+            title.list.push_back(
+                {.name = listed.name, .caption = listed.caption, .Click = Bound(listed.Click)});
         }
     }
 }
