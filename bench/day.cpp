@@ -4,9 +4,9 @@
 #include <iomanip>
 #include <iostream>
 
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "evaluation.h"
-#include "sheet/grid.h"
 
 int main() {
     velmora::bench::Quiet<velmora::Host> host;

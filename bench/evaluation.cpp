@@ -4,8 +4,8 @@
 #include <stdexcept>
 
 #include "app/screens.h"
+#include "core/grid.h"
 #include "final/form6.h"
-#include "sheet/grid.h"
 #include "store/evaluation_file.h"
 
 namespace velmora::bench {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "forms/palette.h"
 #include "runtime/text.h"
@@ -303,7 +304,7 @@ void Form4::StoreRows(Entero n) {
     }
     // Each task has six rows of the final table, used or not.
     for (int r = 1; r <= n.Value(); ++r) {
-        record.HojaFinal(6 * (t - 1) + r, 2) = Text1(5 * r - 4).Text;
+        record.HojaFinal(grid::RowOf(t, r), final_table::kName) = Text1(5 * r - 4).Text;
     }
 }
 

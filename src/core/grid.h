@@ -1,14 +1,15 @@
 #pragma once
 
-/// The shape of the sheet, for all of its files: its rows, the columns of its two grids, and where
-/// a cell stands in the arrays that hold them.
+/// The shape of a day's sheet: its rows, which are the final table's, too, the columns of its two
+/// grids, and where a cell stands in the arrays that hold them.
 ///
 /// There are 18 rows, six for each of three tasks. Rows, tasks and contaminants count from 1,
 /// columns and the cells of an array from 0.
 namespace velmora::grid {
 
-inline constexpr int kRows = 18;
+inline constexpr int kTasks = 3;
 inline constexpr int kRowsPerTask = 6;
+inline constexpr int kRows = kTasks * kRowsPerTask;
 
 // Columns of Text1.
 inline constexpr int kNumber = 0;  ///< of the contaminant within its task
@@ -36,9 +37,27 @@ inline constexpr int kColumns3 = 4;
 
 /// The row of a contaminant of a task. A contaminant beyond the sixth stands in the next task.
 constexpr int RowOf(int task, int contaminant) { return (task - 1) * kRowsPerTask + contaminant; }
+constexpr int TaskOf(int row) { return (row - 1) / kRowsPerTask + 1; }
+constexpr int ContaminantOf(int row) { return (row - 1) % kRowsPerTask + 1; }
 
 /// The cell of Text1, and of Text3, in a row and a column.
 constexpr int Cell(int row, int column) { return (row - 1) * kColumns + column; }
 constexpr int Cell3(int row, int column) { return (row - 1) * kColumns3 + column; }
 
+/// The title of a task in Label7, behind the headings of all of them.
+constexpr int TitleOf(int task) { return kTasks * kColumns + task - 1; }
+
 }  // namespace velmora::grid
+
+/// The columns of the final table, from 1: I1 to I3 and P1 to P3 are the days' indices and
+/// probabilities, IG the overall index.
+namespace velmora::final_table {
+
+enum Column : int { kNumber = 1, kName, kI1, kI2, kI3, kIG, kP1, kP2, kP3 };
+inline constexpr int kColumns = 9;
+
+/// The columns of a day, from 1.
+constexpr int IndexColumn(int day) { return kI1 + day - 1; }
+constexpr int ProbabilityColumn(int day) { return kP1 + day - 1; }
+
+}  // namespace velmora::final_table

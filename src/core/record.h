@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "core/grid.h"
 #include "runtime/array.h"
 #include "runtime/doble.h"
 #include "runtime/entero.h"
@@ -57,9 +58,8 @@ struct EvaluacionRecord {
     DaySheet& Hoja(Entero day) { return this->*SheetOf(day); }
     const DaySheet& Hoja(Entero day) const { return this->*SheetOf(day); }
 
-    /// Final table: row = (task - 1) * 6 + contaminant, columns "Nº", name, I1, I2, I3, IG, P1, P2,
-    /// P3.
-    Array<Array<std::string, 1, 9>, 1, 18> HojaFinal;
+    /// The final table, by row and column as told in grid.h.
+    Array<Array<std::string, 1, final_table::kColumns>, 1, grid::kRows> HojaFinal;
 
     friend bool operator==(const EvaluacionRecord&, const EvaluacionRecord&) = default;
 

@@ -17,13 +17,10 @@ constexpr Color kPaleGreen = 0xE1F5E1;
 
 constexpr Face kFace{ScreenId::Form6, " Velmora / h6", {0, 0, 11880, 8310}, "fondo6"};
 
-constexpr int kRows = 18;
-constexpr int kRowsPerTask = 6;
-constexpr int kColumns = 9;
+using final_table::kColumns;
+using enum final_table::Column;
 
-// Columns of HojaFinal.
-enum : int { kNumberColumn = 1, kNameColumn, kI1Column, kI2Column, kI3Column, kIGColumn };
-constexpr std::array kCopiedColumns = {2, 3, 4, 5, 7, 8, 9};
+constexpr std::array<int, 7> kCopiedColumns = {kName, kI1, kI2, kI3, kP1, kP2, kP3};
 
 struct Column {
     int left;
@@ -34,7 +31,7 @@ struct Column {
 };
 
 // clang-format off
-constexpr std::array<Column, kColumns> kTable = {{
+constexpr Array<Column, 1, kColumns> kTable({{
     {  300,  435, "Nº",                      "número"},
     {  750, 3000, "Nombre del contaminante", "nombre del contaminante"},
     { 3855,  960, "I1",                      "índice del primer día",
@@ -51,7 +48,7 @@ constexpr std::array<Column, kColumns> kTable = {{
      "La Prob. del segundo día, en tanto por ciento."},
     {10665,  900, "P3",                      "probabilidad del tercer día",
      "La Prob. del tercer día, en tanto por ciento."},
-}};
+}});
 
 constexpr int kHeadingHeight = 255;
 constexpr int kCellHeight    = 285;
@@ -83,22 +80,15 @@ constexpr std::array<EntryRow<Form6>, 4> kMoves = {{
     {"datosdeempresa", "Datos de empresa", &Form6::datosdeempresa_Click},
 }};
 
-constexpr std::array<std::string_view, kRowsPerTask> kNumbers = {"1", "2", "3", "4", "5", "6"};
+constexpr Array<std::string_view, 1, grid::kRowsPerTask> kNumbers({"1", "2", "3", "4", "5", "6"});
 
 constexpr std::string_view kEmptyCell = "----";
 
-/// Index in `Text1` of a cell of `HojaFinal`, by row (1 to 18) and column (1 to 9).
-constexpr int Cell(int row, int column) { return row * kColumns - kColumns + column - 1; }
-
-constexpr int TaskOf(int row) { return (row - 1) / kRowsPerTask + 1; }
-constexpr int ContaminantOf(int row) { return (row - 1) % kRowsPerTask + 1; }
-
-constexpr const Column& ColumnOf(int column) {
-    return kTable.at(static_cast<std::size_t>(column - 1));
-}
+/// Index in `Text1` of a cell of `HojaFinal`.
+constexpr int Cell(int row, int column) { return (row - 1) * kColumns + column - 1; }
 
 constexpr Row HeadingRow(int column) {
-    const Column& c = ColumnOf(column);
+    const Column& c = kTable(column);
     return {.name = "Label4",
             .index = column - 1,
             .box = {c.left, 645, c.width, kHeadingHeight},
@@ -110,25 +100,24 @@ constexpr Row HeadingRow(int column) {
 }
 
 constexpr Row CellRow(int row, int column) {
-    const Column& c = ColumnOf(column);
-    const int contaminant = ContaminantOf(row);
-    const int top = kFirstRow + (TaskOf(row) - 1) * kBlockStep + (contaminant - 1) * kRowStep;
-    const auto number = kNumbers.at(static_cast<std::size_t>(contaminant - 1));
+    const Column& c = kTable(column);
+    const int contaminant = grid::ContaminantOf(row);
+    const int top = kFirstRow + (grid::TaskOf(row) - 1) * kBlockStep + (contaminant - 1) * kRowStep;
     return {.name = "Text1",
             .index = Cell(row, column),
             .box = {c.left, top, c.width, kCellHeight},
-            .text = column == kNumberColumn ? number : std::string_view{},
-            .look = {.bold = column == kIGColumn,
-                     .align = column == kNameColumn ? Align::Left : Align::Center,
-                     .back = column == kIGColumn ? kPaleGreen : kWindowBackground},
+            .text = column == kNumber ? kNumbers(contaminant) : std::string_view{},
+            .look = {.bold = column == kIG,
+                     .align = column == kName ? Align::Left : Align::Center,
+                     .back = column == kIG ? kPaleGreen : kWindowBackground},
             .tab = Cell(row, column) + 1,
             .in_table = true};
 }
 
 std::string SpokenName(int row, int column) {
-    std::string spoken = "Tarea " + TextoEntero(TaskOf(row));
-    spoken.append(", contaminante ").append(TextoEntero(ContaminantOf(row))).append(", ");
-    return spoken.append(ColumnOf(column).spoken);
+    std::string spoken = "Tarea " + TextoEntero(grid::TaskOf(row));
+    spoken.append(", contaminante ").append(TextoEntero(grid::ContaminantOf(row))).append(", ");
+    return spoken.append(kTable(column).spoken);
 }
 
 }  // namespace
@@ -152,7 +141,7 @@ void Form6::PlaceControls() {
     for (int column = 1; column <= kColumns; ++column) {
         Place(Label4(column - 1), HeadingRow(column));
     }
-    for (int row = 1; row <= kRows; ++row) {
+    for (int row = 1; row <= grid::kRows; ++row) {
         for (int column = 1; column <= kColumns; ++column) {
             Place(Text1(Cell(row, column)), CellRow(row, column), {}, SpokenName(row, column));
         }
@@ -183,7 +172,7 @@ void Form6::ShowHeadings() {
 
 void Form6::CopyFinalTable() {
     // IG isn't copied: an earlier press's stays until a new value replaces it.
-    for (int row = 1; row <= kRows; ++row) {
+    for (int row = 1; row <= grid::kRows; ++row) {
         for (const int column : kCopiedColumns) {
             Text1(Cell(row, column)).Text = environment_.record.HojaFinal(row, column);
         }
@@ -191,27 +180,28 @@ void Form6::CopyFinalTable() {
 }
 
 void Form6::ComputeOverallIndex() {
-    for (int row = 1; row <= kRows; ++row) {
+    for (int row = 1; row <= grid::kRows; ++row) {
         auto& results = environment_.record.HojaFinal(row);
-        const Doble u = LeerValor(results(kI1Column));
-        const Doble v = LeerValor(results(kI2Column));
+        const Doble u = LeerValor(results(kI1));
+        const Doble v = LeerValor(results(kI2));
         if (u == 0 || v == 0) continue;
         // The third day isn't tested: without it the overall index is 0, on purpose.
-        const Doble w = LeerValor(results(kI3Column));
-        results(kIGColumn) = TextoDoble(Power(u * v * w, Doble(1.0) / Doble(3.0)));
-        Text1(Cell(row, kIGColumn)).Text = results(kIGColumn);
+        const Doble w = LeerValor(results(kI3));
+        results(kIG) = TextoDoble(Power(u * v * w, Doble(1.0) / Doble(3.0)));
+        Text1(Cell(row, kIG)).Text = results(kIG);
     }
 }
 
 void Form6::ShowCellsInUse() {
-    const auto show = [this](int task, Entero first) {
+    const auto show = [this](int task) {
+        const Entero first = Cell(grid::RowOf(task, 1), kNumber);
         const Entero last = environment_.record.NumContaminantes(task) * kColumns + (first - 1);
         for (Entero i = first; i <= last; ++i) Text1(i).Visible = true;
     };
     const Entero tasks = environment_.record.NumTareas;
-    if (tasks >= 1) show(1, 0);
-    if (tasks >= 2) show(2, 54);
-    if (tasks == 3) show(3, 108);
+    if (tasks >= 1) show(1);
+    if (tasks >= 2) show(2);
+    if (tasks == 3) show(3);
 }
 
 void Form6::FillEmptyCells() {

@@ -24,7 +24,7 @@ public:
 
     Label Label2, Label3, Label5, Label6;
     Array<Label, 0, 8> Label4;      ///< headings, in the order of the columns
-    Array<TextCell, 0, 161> Text1;  ///< (row - 1) * 9 + (column - 1), rows 1 to 18, columns 1 to 9
+    Array<TextCell, 0, 161> Text1;  ///< row by row of `HojaFinal`
     Button Command1;
     CommonDialog CommonDialog1;
 

@@ -10,15 +10,13 @@ namespace velmora::report {
 
 namespace {
 
-// The entries of a day's sheet: 18 cells a row of the main grid, then 4 a row of the other.
-constexpr int kMainColumns = 18;
-constexpr int kRightColumns = 4;
-constexpr int kFirstOfRight = kRows * kMainColumns + 1;
-
+/// The entry of a day's sheet: the main grid's cells, then the other's.
 int EntryOf(int row, Column column) {
+    constexpr int kFirst = 1;
+    constexpr int kFirstOfRight = kFirst + kRows * grid::kColumns;
     const int place = PlaceOf(column);
-    return place < kMainColumns ? (row - 1) * kMainColumns + place + 1
-                                : kFirstOfRight + (row - 1) * kRightColumns + place - kMainColumns;
+    return place < grid::kColumns ? kFirst + grid::Cell(row, place)
+                                  : kFirstOfRight + grid::Cell3(row, place - grid::kColumns);
 }
 
 }  // namespace

@@ -3,18 +3,18 @@
 #include <string>
 #include <string_view>
 
+#include "core/grid.h"
 #include "core/record.h"
 #include "report/report.h"
 
 namespace velmora::report {
 
-inline constexpr int kRows = 18;
-inline constexpr int kRowsPerTask = 6;
+using grid::ContaminantOf;
+using grid::kRows;
+using grid::kRowsPerTask;
+using grid::RowOf;
+using grid::TaskOf;
 inline constexpr int kSamples = 6;
-
-constexpr int TaskOf(int row) { return (row - 1) / kRowsPerTask + 1; }
-constexpr int ContaminantOf(int row) { return (row - 1) % kRowsPerTask + 1; }
-constexpr int RowOf(int task, int contaminant) { return (task - 1) * kRowsPerTask + contaminant; }
 
 /// The columns of a day's sheet, main grid and right-hand grid in one.
 enum class Column {

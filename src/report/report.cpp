@@ -130,7 +130,7 @@ Figure Computed(double number) { return {NumberText(number), number}; }
 
 Conclusion PlainConclusion(const DayCase& day) {
     const RowVerdict verdict = Summary(VerdictOfPlain(day));
-    const auto& sentences = kIndexVerdict.at(static_cast<std::size_t>(day.day - 1)).sentences;
+    const auto& sentences = kIndexVerdict(day.day).sentences;
     std::string_view probability = kProbabilityVerdict.For(verdict.probability);
     probability.remove_prefix(std::min(probability.find_first_not_of(' '), probability.size()));
     return {verdict.over ? "SI" : "NO", Computed(verdict.index), Computed(verdict.probability),
@@ -162,14 +162,15 @@ std::vector<FinalRow> FinalTableOf(const EvaluacionRecord& record, int tasks) {
         made.row = row;
         made.task = TaskOf(row);
         made.contaminant = ContaminantOf(row);
-        made.name = record.HojaFinal(row, 2);
-        made.index = {figure(3), figure(4), figure(5)};
-        made.overall = figure(6);
-        made.probability = {figure(7), figure(8), figure(9)};
+        made.name = record.HojaFinal(row, final_table::kName);
+        made.index = {figure(final_table::kI1), figure(final_table::kI2), figure(final_table::kI3)};
+        made.overall = figure(final_table::kIG);
+        made.probability = {figure(final_table::kP1), figure(final_table::kP2),
+                            figure(final_table::kP3)};
         made.in_plan = made.task <= tasks &&
                        made.contaminant <= Cut(record.NumContaminantes(made.task), kRowsPerTask);
         bool holds_figure = false;
-        for (int column = 3; column <= 9; ++column) {
+        for (int column = final_table::kI1; column <= final_table::kP3; ++column) {
             if (!record.HojaFinal(row, column).empty()) holds_figure = true;
         }
         if (made.in_plan || holds_figure) table.push_back(made);

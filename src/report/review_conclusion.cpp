@@ -87,8 +87,7 @@ void CompareConclusion(ReviewNotes& notes) {
     CompareHighest(notes, "mayor probabilidad", Answer::HighestProbability, sheet.probability,
                    plain.probability);
     CompareAnswer(notes, sheet.over, plain.over);
-    const auto of_day = static_cast<std::size_t>(day.day - 1);
-    CompareSentence(notes, "frase del índice", Answer::IndexSentence, kIndexVerdict.at(of_day),
+    CompareSentence(notes, "frase del índice", Answer::IndexSentence, kIndexVerdict(day.day),
                     Answer::HighestIndex);
     CompareSentence(notes, "frase de la exposición corta", Answer::ProbabilitySentence,
                     kProbabilityVerdict, Answer::HighestProbability);

@@ -14,12 +14,10 @@ namespace velmora::report {
 namespace {
 
 constexpr int kDays = 3;
-constexpr int kColumns = 9;
 
-// Columns of the final table: I1 to I3, IG, P1 to P3.
-constexpr int IndexColumn(int day) { return 2 + day; }
-constexpr int kOverallColumn = 6;
-constexpr int ProbabilityColumn(int day) { return 6 + day; }
+using final_table::IndexColumn;
+using final_table::kIG;
+using final_table::ProbabilityColumn;
 
 /// The final table beside the sheets that it was made from.
 class FinalReview {
@@ -34,7 +32,9 @@ public:
     }
 
 private:
-    bool IsRead(int row, int column) const { return (row - 1) * kColumns + column <= cells_read_; }
+    bool IsRead(int row, int column) const {
+        return (row - 1) * final_table::kColumns + column <= cells_read_;
+    }
     const std::string& Cell(int row, int column) const { return record_.HojaFinal(row, column); }
     double Read(int row, int column) const { return ReadAsTheSheet(Cell(row, column)); }
 
@@ -109,7 +109,7 @@ private:
 
     void Note(FindingKind kind, int day, const std::vector<int>& rows, Told told) {
         findings_.push_back(MakeFinding(kind, day, rows, std::move(told)));
-        findings_.back().name = Cell(rows.front(), 2);
+        findings_.back().name = Cell(rows.front(), final_table::kName);
     }
 
     /// The overall index that the table's button gives; nothing where it gives none.
@@ -125,9 +125,9 @@ private:
         std::vector<int> missing;
         std::vector<int> stale;
         for (int row = 1; row <= kRows; ++row) {
-            if (!IsRead(row, kOverallColumn)) continue;
+            if (!IsRead(row, kIG)) continue;
             const auto overall = OverallOf(row);
-            const std::string& cell = Cell(row, kOverallColumn);
+            const std::string& cell = Cell(row, kIG);
             const double shown = FigureOf(cell).value.value_or(0);
             if (cell.empty()) {
                 if (overall.value_or(0) != 0) missing.push_back(row);
@@ -139,11 +139,11 @@ private:
         }
         if (!zero.empty()) {
             Note(FindingKind::OverallZero, 3, zero,
-                 {"IG", Cell(zero.front(), kOverallColumn), "sin valor: falta I3"});
+                 {"IG", Cell(zero.front(), kIG), "sin valor: falta I3"});
         }
         if (!stale.empty()) {
             Note(FindingKind::StaleFinal, 0, stale,
-                 {"IG", Cell(stale.front(), kOverallColumn), NumberText(OverallOf(stale.front()))});
+                 {"IG", Cell(stale.front(), kIG), NumberText(OverallOf(stale.front()))});
         }
         if (!missing.empty()) {
             Note(FindingKind::OverallMissing, 0, missing,

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "runtime/text.h"
 #include "runtime/utf8.h"
 
 namespace velmora::report {
@@ -121,7 +122,7 @@ std::string CssString(std::string_view text) {
     std::string escaped = "\"";
     for (const char letter : text) {
         const auto byte = static_cast<unsigned char>(letter);
-        const bool plain = byte >= 0x80 || byte == ' ' || (byte >= '0' && byte <= '9') ||
+        const bool plain = byte >= 0x80 || byte == ' ' || IsDigit(byte) ||
                            (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
         if (plain) {
             escaped += letter;

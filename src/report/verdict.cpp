@@ -79,7 +79,7 @@ bool HangsOn(const DayVerdict& sheet, const DayVerdict& plain, const std::vector
 
 std::size_t IndexClass(double index) {
     constexpr double kLastDigits = 1e-9;
-    return kIndexVerdict.front().ClassOf(index - kLastDigits);  // the same on all days
+    return kIndexVerdict(1).ClassOf(index - kLastDigits);  // the same on all days
 }
 
 }  // namespace velmora::report

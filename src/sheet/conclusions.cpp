@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "sheet/form5.h"
-#include "sheet/grid.h"
 #include "stats/verdicts.h"
 
 namespace velmora {
@@ -35,7 +35,7 @@ void Form5::Command8_Click() {
     if (!MarkSampleOverLimit(30, kRedOf30Minutes)) MarkSampleOverLimit(15, kRedOf15Minutes);
 
     if (DiaActual < 1 || DiaActual > 3) return;
-    Text5.Text = kIndexVerdict.at(static_cast<std::size_t>(DiaActual.Value() - 1)).For(y);
+    Text5.Text = kIndexVerdict(DiaActual).For(y);
     Text6.Text = kProbabilityVerdict.For(p);
     ForEachEntry([](std::string& entry, const TextCell& cell) { entry = cell.Text; });
     CopyToFinalTable();
@@ -61,8 +61,8 @@ bool Form5::MarkSampleOverLimit(int minutes, Color color) {
 }
 
 void Form5::CopyToFinalTable() {
-    const int index_column = 2 + DiaActual.Value();        // "I1", "I2", "I3"
-    const int probability_column = 6 + DiaActual.Value();  // "P1", "P2", "P3"
+    const int index_column = final_table::IndexColumn(DiaActual.Value());
+    const int probability_column = final_table::ProbabilityColumn(DiaActual.Value());
     // An empty cell leaves what an earlier press put into the table.
     const auto copy = [this](const std::string& text, int row, int column) {
         if (!text.empty()) environment_.record.HojaFinal(row, column) = TextoDoble(LeerValor(text));

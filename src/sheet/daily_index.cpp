@@ -1,6 +1,6 @@
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "sheet/form5.h"
-#include "sheet/grid.h"
 
 namespace velmora {
 

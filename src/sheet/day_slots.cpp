@@ -1,8 +1,8 @@
 #include <array>
 
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "sheet/form5.h"
-#include "sheet/grid.h"
 
 namespace velmora {
 
@@ -10,11 +10,11 @@ namespace {
 
 // clang-format off
 constexpr std::string_view kTitle = "Velmora / h5                          CÁLCULOS   Y   RESULTADOS ";
-constexpr std::array<std::string_view, 3> kDayTitles = {
+constexpr Array<std::string_view, 1, 3> kDayTitles(std::array<std::string_view, 3>{
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS: PRIMER DIA ",
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : SEGUNDO DIA",
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS : TERCER DIA",
-};
+});
 // clang-format on
 
 void Close(TextCell& cell) {
@@ -65,13 +65,13 @@ void Form5::recuptercerdia_Click() { TakeUpAgain(3); }
 // The caption is set before the day is tested: a refused day shows its name all the same.
 
 void Form5::Begin(int day) {
-    Caption = kDayTitles.at(static_cast<std::size_t>(day - 1));
+    Caption = kDayTitles(day);
     limpia(day);
     intro(day);
 }
 
 void Form5::TakeUpAgain(int day) {
-    Caption = kDayTitles.at(static_cast<std::size_t>(day - 1));
+    Caption = kDayTitles(day);
     recupera(day);
 }
 
@@ -99,7 +99,7 @@ void Form5::LayOutTask(int task) {
     // A task's headings stand in their arrays as a row of cells does.
     for (int c = 0; c < grid::kColumns; ++c) Label7(grid::Cell(task, c)).Visible = true;
     for (int c = 0; c < grid::kColumns3; ++c) Label3(grid::Cell3(task, c)).Visible = true;
-    Label7(53 + task).Visible = true;
+    Label7(grid::TitleOf(task)).Visible = true;
 
     const int first = grid::Cell(grid::RowOf(task, 1), 0);
     const int first3 = grid::Cell3(grid::RowOf(task, 1), 0);

@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "forms/palette.h"
-#include "sheet/grid.h"
 
 namespace velmora {
 
@@ -21,13 +21,12 @@ constexpr Color kPaleGrey = 0xEFEFEF;    ///< what the plan gives
 constexpr Color kPaleGreen = 0xE4F5E4;   ///< what the program computes
 constexpr Color kPaleYellow = 0xD6F2FF;  ///< what the program computes on short exposures
 
-constexpr Look kHeading{
-    .points = 7.5, .bold = true, .align = Align::Center, .fore = kNavy, .back = kPaleBlue};
+constexpr Look kHeading = Heading(7.5, true);
 constexpr Look kSampleHeading{
     .bold = true, .align = Align::Center, .fore = kWhite, .back = kHeadingRed};
 constexpr Look kTaskTitle{.bold = true, .fore = kNavy, .back = kPaleBlue};
 constexpr Look kAnswer{.bold = true, .fore = kNavy, .back = kPaleGreen};
-constexpr Look kCaption{.points = 7.5, .fore = kNavy, .back = kPaleBlue};
+constexpr Look kCaption = Heading(7.5, false, Align::Left);
 
 /// A column of the sheet, the same in each task.
 struct Column {
@@ -41,7 +40,7 @@ struct Column {
 };
 
 // clang-format off
-constexpr std::array<Column, grid::kColumns> kText1Columns = {{
+constexpr Array<Column, 0, grid::kColumns - 1> kText1Columns({{
     {"Nº",            120,  255, kPaleGrey,     "número"},
     {"Contaminante",  360, 1335, kPaleGrey,     "nombre del contaminante"},
     {"ED",           1680,  495, kPaleGrey,     "VLA-ED"},
@@ -67,9 +66,9 @@ constexpr std::array<Column, grid::kColumns> kText1Columns = {{
      "Media geométrica de las mediciones de la fila."},
     {"GSD",          9360,  495, kPaleGreen,    "desviación geométrica GSD", 8.25,
      "Desviación geométrica de las mediciones de la fila."},
-}};
+}});
 
-constexpr std::array<Column, grid::kColumns3> kText3Columns = {{
+constexpr Array<Column, 0, grid::kColumns3 - 1> kText3Columns({{
     {"EC+",          9960,  495, kPaleYellow, "límite de corta exposición EC+", 6.75,
      "Límite de corta duración: el VLA-EC, o 3 × VLA-ED si no lo hay; en un grupo, el límite de la mezcla."},
     {"MG+",         10440,  495, kPaleYellow, "media geométrica MG+", 6.75,
@@ -78,7 +77,7 @@ constexpr std::array<Column, grid::kColumns3> kText3Columns = {{
      "Desviación geométrica de lo que se compara con EC+: la fila o, en un grupo, la suma de sus concentraciones."},
     {"Prob.",       11400,  495, kPaleYellow, "probabilidad", 6.75,
      "Clase de probabilidad, en tanto por ciento, de que una exposición corta supere EC+."},
-}};
+}});
 
 /// Where a task's block of the sheet stands.
 struct Block {
@@ -88,11 +87,11 @@ struct Block {
     std::string_view text;
 };
 
-constexpr std::array<Block, 3> kBlocks = {{
+constexpr Array<Block, 1, grid::kTasks> kBlocks({{
     { 840,  480,  120, "Datos  relativos a la 1ª tarea"},
     {3120, 2760, 2400, "Datos relativos a la 2ª tarea"},
     {5400, 5040, 4680, "Datos relativos a la 3ª tarea"},
-}};
+}});
 
 constexpr int kRowHeight = 240; ///< cells are 285 high: neighbours overlap a little
 constexpr int kCellHeight = 285;
@@ -156,15 +155,17 @@ constexpr bool IsSample(int column) {
     return column >= grid::kFirstSample && column <= grid::kLastSample;
 }
 
-/// Position in the order of the Tab key of a cell of Text1, by sheet row from 0 and column.
+/// Position in the order of the Tab key of a cell of Text1.
 constexpr int TabOf(int row, int column) {
-    if (IsSample(column)) return kTabSamples + row * 6 + column - grid::kFirstSample;
-    return kTabRest + row * 12 + (column < grid::kFirstSample ? column : column - 6);
+    constexpr int kSamples = grid::kLastSample - grid::kFirstSample + 1;
+    constexpr int kRest = grid::kColumns - kSamples;
+    if (IsSample(column)) return kTabSamples + (row - 1) * kSamples + column - grid::kFirstSample;
+    return kTabRest + (row - 1) * kRest +
+           (column < grid::kFirstSample ? column : column - kSamples);
 }
 
 constexpr int TopOf(int row) {
-    return kBlocks.at(static_cast<std::size_t>(row / grid::kRowsPerTask)).first_row +
-           row % grid::kRowsPerTask * kRowHeight;
+    return kBlocks(grid::TaskOf(row)).first_row + (grid::ContaminantOf(row) - 1) * kRowHeight;
 }
 
 constexpr Row HeadingRow(std::string_view name, int index, const Column& column, int top) {
@@ -189,8 +190,8 @@ constexpr Row CellRow(std::string_view name, int index, const Column& column, in
 
 /// "Tarea 1, contaminante 2, muestra C3"
 std::string SpokenName(int row, const Column& column) {
-    return "Tarea " + TextoEntero(row / grid::kRowsPerTask + 1) + ", contaminante " +
-           TextoEntero(row % grid::kRowsPerTask + 1) + ", " + std::string(column.spoken);
+    return "Tarea " + TextoEntero(grid::TaskOf(row)) + ", contaminante " +
+           TextoEntero(grid::ContaminantOf(row)) + ", " + std::string(column.spoken);
 }
 
 }  // namespace
@@ -202,36 +203,36 @@ Form5::Form5(const Environment& environment) : BaseScreen(environment, kFace, La
 }
 
 void Form5::PlaceSheet() {
-    for (int t = 0; t < 3; ++t) {
-        const Block& block = kBlocks.at(static_cast<std::size_t>(t));
-        Place(Label7(54 + t), {.name = "Label7",
-                               .index = 54 + t,
-                               .box = {120, block.title, 3615, kHeadingHeight},
-                               .text = block.text,
-                               .look = kTaskTitle,
-                               .in_table = true});
+    // A task's headings stand in their arrays as a row of cells does.
+    for (int task = 1; task <= grid::kTasks; ++task) {
+        const Block& block = kBlocks(task);
+        const int title = grid::TitleOf(task);
+        Place(Label7(title), {.name = "Label7",
+                              .index = title,
+                              .box = {120, block.title, 3615, kHeadingHeight},
+                              .text = block.text,
+                              .look = kTaskTitle,
+                              .in_table = true});
         for (int c = 0; c < grid::kColumns; ++c) {
-            const int i = t * grid::kColumns + c;
-            Place(Label7(i), HeadingRow("Label7", i, kText1Columns.at(static_cast<std::size_t>(c)),
-                                        block.headings));
+            const int i = grid::Cell(task, c);
+            Place(Label7(i), HeadingRow("Label7", i, kText1Columns(c), block.headings));
         }
         for (int c = 0; c < grid::kColumns3; ++c) {
-            const int i = t * grid::kColumns3 + c;
-            Place(Label3(i), HeadingRow("Label3", i, kText3Columns.at(static_cast<std::size_t>(c)),
-                                        block.headings));
+            const int i = grid::Cell3(task, c);
+            Place(Label3(i), HeadingRow("Label3", i, kText3Columns(c), block.headings));
         }
     }
-    for (int row = 0; row < grid::kRows; ++row) {
+    for (int row = 1; row <= grid::kRows; ++row) {
         for (int c = 0; c < grid::kColumns; ++c) {
-            const int i = row * grid::kColumns + c;
-            const Column& column = kText1Columns.at(static_cast<std::size_t>(c));
+            const int i = grid::Cell(row, c);
+            const Column& column = kText1Columns(c);
             Place(Text1(i), CellRow("Text1", i, column, row, TabOf(row, c)),
                   {.KeyPress = [this, i](KeyCode& key) { Text1_KeyPress(i, key); }},
                   SpokenName(row, column));
         }
         for (int c = 0; c < grid::kColumns3; ++c) {
-            const int i = row * grid::kColumns3 + c;
-            const Column& column = kText3Columns.at(static_cast<std::size_t>(c));
+            const int i = grid::Cell3(row, c);
+            const Column& column = kText3Columns(c);
             Place(Text3(i), CellRow("Text3", i, column, row, kTabText3 + i), {},
                   SpokenName(row, column));
         }

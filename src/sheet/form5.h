@@ -10,11 +10,11 @@ namespace velmora {
 
 /// The daily calculation sheet: one grid of text cells that serves the sampled days in turn.
 ///
-/// The grid has 18 rows, six for each of three tasks: row R = (task - 1) * 6 + contaminant, from 1.
-/// Its cells are `Text1` at (R - 1) * 18 + column, column 0 to 17, and `Text3` at (R - 1) * 4 +
-/// column, column 0 to 3. The text of the cells is the working memory of the handlers: a number
-/// computed by one reaches the next as text, with the precision of that text. The chain of buttons
-/// is carried by their `Visible` and `Enabled` alone, and a handler only ever opens the next one.
+/// The grid has 18 rows, six for each of three tasks; its cells are `Text1` and `Text3`, and where
+/// they stand in these is told in core/grid.h. The text of the cells is the working memory of the
+/// handlers: a number computed by one reaches the next as text, with the precision of that text.
+/// The chain of buttons is carried by their `Visible` and `Enabled` alone, and a handler only ever
+/// opens the next one.
 class Form5 : public BaseScreen {
 public:
     explicit Form5(const Environment& environment);
@@ -65,7 +65,7 @@ public:
 
     Array<TextCell, 0, 323> Text1;
     Array<TextCell, 0, 71> Text3;
-    Array<Label, 0, 56> Label7;  ///< headings of Text1 by task, then the three task titles
+    Array<Label, 0, 56> Label7;  ///< headings of Text1 by task, then the tasks' titles: `TitleOf`
     Array<Label, 0, 11> Label3;  ///< headings of Text3 by task
     TextCell Text2, Text4, Text5, Text6, Text7;  ///< the day's answers and sentences
     Label Label1, Label2, Label4;

@@ -1,9 +1,9 @@
 #include <cmath>
 #include <vector>
 
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "sheet/form5.h"
-#include "sheet/grid.h"
 #include "stats/statistics.h"
 
 namespace velmora {
@@ -37,6 +37,13 @@ private:
     }
     TextCell& Cell3(int contaminant, int column) {
         return sheet_.Cell3(RowOf(contaminant), column);
+    }
+
+    /// The cell of Text3 on the row of this task that a contaminant's number names.
+    TextCell& CellNumbered(const Doble& number, int column) {
+        const Doble first = grid::Cell3(RowOf(1), 0);
+        return sheet_.Text3(
+            RedondearEntero(first + number * grid::kColumns3 - (grid::kColumns3 - column)));
     }
 
     Group GroupOf(int number) const;
@@ -157,17 +164,16 @@ Muestras Form5::ShortExposure::CommonSums(const Group& group) const {
 /// MG+ and GSD+, on the row that the first member's number names.
 void Form5::ShortExposure::NoteMixture(const Group& group) {
     const LogNormal series(CommonSums(group));
-    const Doble D = grid::Cell3(RowOf(1), 0);
     // The mean is noted before the deviation is tried: a series of one sample ends the program
     // between the two, as meant.
     const Doble mg = series.GeometricMean();
     const Doble number = Value(group.front(), grid::kNumber);
     record_.MGmas(sheet_.DiaActual, task_, RedondearEntero(number)) = mg;
-    sheet_.Text3(RedondearEntero(D + number * 4 - 3)).Text = TextoDoble(mg);
+    CellNumbered(number, grid::kMgPlus).Text = TextoDoble(mg);
 
     const Doble gsd = series.GeometricDeviation();
     record_.GSDmas(sheet_.DiaActual, task_, RedondearEntero(number)) = gsd;
-    sheet_.Text3(RedondearEntero(D + number * 4 - 2)).Text = TextoDoble(gsd);
+    CellNumbered(number, grid::kGsdPlus).Text = TextoDoble(gsd);
 }
 
 void Form5::ShortExposure::SetProbabilities() {

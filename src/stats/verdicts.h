@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "runtime/array.h"
 #include "runtime/doble.h"
 
 namespace velmora {
@@ -24,7 +25,7 @@ struct VerdictScale {
 // clang-format off
 /// By day, from the first. The third day's lowest sentence has no "/10", though its limit is the
 /// same: that is meant.
-inline constexpr std::array<VerdictScale, 3> kIndexVerdict = {{
+inline constexpr Array<VerdictScale, 1, 3> kIndexVerdict({{
     {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE/10: SITUACIÓN SEGURA",
               "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS",
               "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
@@ -34,7 +35,7 @@ inline constexpr std::array<VerdictScale, 3> kIndexVerdict = {{
     {0.1, 1, {"EXPOSICIÓN INFERIOR AL VALOR LÍMITE: SITUACIÓN SEGURA",
               "PLAN DE MEDICIONES FINALIZADO",
               "RIESGO INACEPTABLE DEBE PROCEDERSE A CORREGIR LA EXPOSICIÓN"}},
-}};
+}});
 
 inline constexpr VerdictScale kProbabilityVerdict =
     {0.1, 5, {" BAJA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS",

@@ -20,7 +20,7 @@ LINES = [
     ("src/sheet/form5.cpp", "double sum = 0;", "Doble sum = 0;"),
     ("src/capture/form4.cpp", "Text1[3].Text.clear();", "Text1(3).Text.clear();"),
     ("src/qt/canvas.cpp", "if (id == ScreenId::Form1) return;", "if (name.isEmpty()) return;"),
-    ("src/sheet/form5.cpp", '#include "../final/form6.h"', '#include "sheet/grid.h"'),
+    ("src/sheet/form5.cpp", '#include "../final/form6.h"', '#include "core/grid.h"'),
     ("src/sheet/form5.cpp", '#include "final/form6.h"', '#include "stats/statistics.h"'),
     ("src/core/chain.cpp", "i = stoi(text);", "i = 3;  // no stoi(text)"),
     ("src/final/form6.cpp", "float x = 1;", "float x = 1;  // plain: why"),
