@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Line and branch coverage of the rooms without Qt, but for the report, by their own tests. Fails when less
-# than 98 % of the lines or 97 % of the branches is reached; what is left is explained in
-# docs/mutants.md.
+# than 98 % of the lines or of the branches is reached; what is left is explained in docs/mutants.md.
 #
 #   scripts/coverage.sh             the table
 #   scripts/coverage.sh --missing   and each line that is not fully reached

@@ -6,7 +6,7 @@ import json
 import pathlib
 import sys
 
-BARS = {"lines": 98, "branches": 97}  # percent
+BARS = {"lines": 98, "branches": 98}  # percent
 
 
 def share(reached, all_of_them):

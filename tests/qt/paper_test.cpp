@@ -196,15 +196,15 @@ TEST_F(PaperTest, NothingStandsInTheOuterFourMillimetres) {
     OpenSheetWithACutResult();
     Print();
     const QImage page = Look();
-    constexpr int kWhite = 16;  // dots: four millimetres
+    constexpr int kMargin = 16;  // dots: four millimetres
     for (int x = 0; x < page.width(); ++x) {
-        for (int y = 0; y < kWhite; ++y) {
+        for (int y = 0; y < kMargin; ++y) {
             ASSERT_EQ(page.pixelColor(x, y).lightness(), 255) << x << "," << y;
             ASSERT_EQ(page.pixelColor(x, page.height() - 1 - y).lightness(), 255) << x << "," << y;
         }
     }
     for (int y = 0; y < page.height(); ++y) {
-        for (int x = 0; x < kWhite; ++x) {
+        for (int x = 0; x < kMargin; ++x) {
             ASSERT_EQ(page.pixelColor(x, y).lightness(), 255) << x << "," << y;
             ASSERT_EQ(page.pixelColor(page.width() - 1 - x, y).lightness(), 255) << x << "," << y;
         }
