@@ -39,8 +39,8 @@ def enter(tools=()):
     os.chmod(folder, 0o711)  # a print server's own user passes through
     display = None
     try:
-        display, number = _display(folder)
-        environment = _environment(folder) | {"DISPLAY": f":{number}"}
+        display, name = start_display("1280x1024", "-fbdir", folder)
+        environment = _environment(folder) | {"DISPLAY": name}
         sys.exit(subprocess.run(_on_bus(), env=environment).returncode)
     finally:
         if display is not None:
@@ -49,11 +49,11 @@ def enter(tools=()):
         shutil.rmtree(folder, ignore_errors=True)
 
 
-def _display(folder):
-    """Starts a display on a free number; its picture stands in the folder."""
+def start_display(size, *options):
+    """Starts a display of width x height on a free number: the process and the display's name."""
     reading, writing = os.pipe()
     # Without a reset: when one program has gone, the next may come at that very moment.
-    screen = ("-screen", "0", "1280x1024x24", "-fbdir", folder, "-nolisten", "tcp", "-noreset")
+    screen = ("-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset", *options)
     display = subprocess.Popen(
         ["Xvfb", "-displayfd", str(writing), *screen],
         pass_fds=[writing],
@@ -65,7 +65,7 @@ def _display(folder):
         number = answer.readline().strip()
     if not number:
         raise RuntimeError("Xvfb doesn't start")
-    return display, number
+    return display, f":{number}"
 
 
 def _on_bus():

@@ -65,22 +65,19 @@ class FirstWindow(unittest.TestCase):
 
     def start(self, width, height):
         """The environment of a display of this size, with the program on it."""
-        reading, writing = os.pipe()
-        self.child(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24"],
-            pass_fds=[writing],
-        )
-        os.close(writing)
-        with os.fdopen(reading) as answer:
-            environment = {"DISPLAY": ":" + answer.readline().strip()}
-        self.child(["openbox"], env=os.environ | environment)
+        display, name = desktop.start_display(f"{width}x{height}")
+        self.end_at_last(display)
+        environment = {"DISPLAY": name}
+        self.child("openbox", environment)
         wait_for("the window manager", lambda: self.root("_NET_SUPPORTING_WM_CHECK", environment))
-        self.child([os.environ["VELMORA"]], env=os.environ | environment)
+        self.child(os.environ["VELMORA"], environment)
         return environment
 
-    def child(self, command, **more):
+    def child(self, program, environment):
         quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        process = subprocess.Popen(command, **quiet, **more)
+        self.end_at_last(subprocess.Popen([program], env=os.environ | environment, **quiet))
+
+    def end_at_last(self, process):
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
 
