@@ -48,8 +48,8 @@ public:
         robot.Pick("Combo1", "3");
     }
 
-    /// The sheet of one day, laid out, of one contaminant in each of its tasks.
-    /// The same with the buttons up to that of the last task opened.
+    /// The sheet of one day, of one contaminant in each of its tasks, with the buttons up to that of
+    /// the last task opened.
     void OpenSheetAtLastTask(int tasks) {
         OpenSheet(1, tasks, 1);
         for (int t = 1; t < tasks; ++t) {
@@ -113,10 +113,7 @@ std::vector<Message> MessagesOfForm2() {
         {"Form2ContaminantesWithoutName",    kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "contaminantes")},
         {"Form2CalculosWithoutName",         kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "calculos")},
         {"Form2ResultadoFinalWithoutName",   kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "resulatadofinal")},
-        {"Form2Regresar",
-         "Si regresa perderá todos los datos introducidos hasta el momento\n"
-         "¿Está seguro de que quiere regresar?",
-         MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("Regresar")},
+        {"Form2Regresar", kGoBack, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("Regresar")},
         {"Form2Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form2), Choosing("imprimir")},
         {"Form2Salir", kExit, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("salir")},
     };
