@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Sets up what is missing, builds everything and passes every test. Says at the end how long each step
-# took, which tests were the slowest, and what it leaves to commands of their own.
+# Sets up what is missing, builds the program as it is used and passes every test. With --whole, so do
+# the builds that look at the same sources in other ways: the fuzzers, the rooms for Windows and the
+# sanitizers. Says at the end how long each step took, which tests were the slowest, and what it leaves
+# to commands of their own.
 #
 # A step that has passed isn't run again while neither a file of the tree nor a package of the machine
-# has changed; with --again every step is run. With --short, what the release build shows is enough:
-# the fuzzers, the rooms for Windows and the sanitizers, each a build of its own, are left out.
+# has changed; with --again every step is run.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -25,13 +26,13 @@ export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
 times=()
 passed=build/passed
-short=
+whole=
 for option; do
     case $option in
         --again) rm -rf "$passed" ;;
-        --short) short=1 ;;
+        --whole) whole=1 ;;
         *)
-            echo "usage: ./test.sh [--again] [--short]" >&2
+            echo "usage: ./test.sh [--again] [--whole]" >&2
             exit 2
             ;;
     esac
@@ -127,7 +128,7 @@ once "The independent model beside the program" run_model
 once "The package, made, installed and removed" try_package
 once "The reports in a browser" tests/report/browser/browser_test.sh build/release
 logs=(build/release/ctest.log)
-if [ -z "$short" ]; then
+if [ -n "$whole" ]; then
     other_builds
     logs+=(build/windows-core/ctest.log build/asan/ctest.log)
 fi
@@ -136,7 +137,7 @@ say "The ten slowest tests"
 sed -n 's/^ *[0-9]*\/[0-9]* Test *#[0-9]*: \([^ ]*\) .*Passed *\([0-9.]*\) sec$/\2 s  \1/p' "${logs[@]}" |
     sort -rn | sed -n 1,10p
 say "Not run here, each a command of its own (CONTRIBUTING.md)"
-[ -z "$short" ] || echo "  ./test.sh: the fuzzers, the rooms for Windows, the sanitizers"
+[ -n "$whole" ] || echo "  ./test.sh --whole: the fuzzers, the rooms for Windows, the sanitizers"
 sed -n 's/^| \(`[^|]*`\) |.*/  \1/p' CONTRIBUTING.md | tr -d '`'
 say "Seconds of each step"
 printf '%s\n' "${times[@]}"
