@@ -169,12 +169,10 @@ private:
 
 template <class Form>
 void Screen::Place(const StandingControl<Form>& standing) {
-    const auto place = [&](auto member) {
-        Place(static_cast<Form&>(*this).*member, standing.row,
-              {.Click = Bound(standing.Click), .KeyPress = Bound(standing.KeyPress)});
-    };
-    std::visit(place, standing.member);
-}
+    auto& form = static_cast<Form&>(*this);
+    const Events events{.Click = Bound(standing.Click), .KeyPress = Bound(standing.KeyPress)};
+    std::visit([&](auto member) { Place(form.*member, standing.row, events); }, standing.member);
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): a std::function frees what it holds
 
 template <class Form>
 void Screen::SetMenu(std::initializer_list<BarRow<Form>> bar) {
