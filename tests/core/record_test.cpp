@@ -283,7 +283,7 @@ TEST_F(RecordTest, TheLaterLineOfATaskSetsItsContaminantsForAllDays) {
     auto& form3 = Open<Form3>(ScreenId::Form3);
     const auto enter = [&](const std::string& day, const std::string& agents) {
         int list = 2;
-        for (std::string pick :
+        for (const std::string& pick :
              {day, std::string("2"), std::string("8"), agents, std::string("0"), agents}) {
             form3.Combo1(list++).Text = pick;
         }

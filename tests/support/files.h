@@ -18,7 +18,7 @@ inline std::filesystem::path MakeTemporaryFolder() {
     std::random_device random;
     for (;;) {
         const std::string name = "velmora-" + std::to_string(std::uint64_t{random()});
-        const auto folder = std::filesystem::temp_directory_path() / name;
+        auto folder = std::filesystem::temp_directory_path() / name;
         if (std::filesystem::create_directory(folder)) return folder;
     }
 }
