@@ -543,7 +543,7 @@ protected:
                 return Digits(10 * t + c) + ".5";
             case kEc:
                 return c == 1 ? "0" : Digits(100 * t + c);
-            case kUnidad:
+            case kUnits:
                 return c % 2 == 0 ? "ppm" : "mg/m3";
             case kTm:
                 return c % 2 == 0 ? "30" : "15";
@@ -654,12 +654,12 @@ TEST_F(IntroTest, WithoutLimpiaBeforeItRowsThatFellAwayAreEmptiedAndHiddenButNot
     record.NumTareas = 1;
     form.intro(1);
     SetSamples(3, {"1", "2"});
-    Cell3(3, kEcMas).Text = "5";
+    Cell3(3, kEcPlus).Text = "5";
     SetDay(1, {2, 0, 0});
     form.intro(1);
     EXPECT_EQ(Cell(3, kC1), (TextCell{.Text = "", .Visible = false, .Locked = false}));
     EXPECT_EQ(Cell(3, kNumber), (TextCell{.Text = "", .Visible = false, .Locked = true}));
-    EXPECT_EQ(Cell3(3, kEcMas), (TextCell{.Text = "", .Visible = false, .Locked = true}));
+    EXPECT_EQ(Cell3(3, kEcPlus), (TextCell{.Text = "", .Visible = false, .Locked = true}));
     EXPECT_EQ(Cell(2, kC1), (TextCell{.Text = "", .Visible = true, .Locked = false}));
 }
 
@@ -727,7 +727,7 @@ TEST_F(IntroTest, SevenSamplesInTheThirdTaskRunOffTheSheet) {
     ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Choose("introprimero"); });
     EXPECT_EQ(Cell(7, kName).Text, " agente 21 ") << "the second task was filled";
     EXPECT_TRUE(Cell(18, kGsd).Visible);
-    EXPECT_FALSE(Cell3(13, kEcMas).Visible) << "the right-hand grid wasn't reached";
+    EXPECT_FALSE(Cell3(13, kEcPlus).Visible) << "the right-hand grid wasn't reached";
 }
 
 TEST_F(IntroTest, ANegativeNumberOfSamplesShowsNoRows) {

@@ -53,7 +53,7 @@ protected:
 
     /// The four texts of a row of the right-hand grid.
     std::vector<std::string> Right(int row) {
-        return {Cell3(row, kEcMas).Text, Cell3(row, kMgMas).Text, Cell3(row, kGsdMas).Text,
+        return {Cell3(row, kEcPlus).Text, Cell3(row, kMgPlus).Text, Cell3(row, kGsdPlus).Text,
                 Cell3(row, kProb).Text};
     }
 };
@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(Buttons, ExposureButtonTest, ::testing::ValuesIn(kTwins
 TEST_P(ExposureButtonTest, WithoutContaminantsNoCellIsTouched) {
     for (int row = 1; row <= 18; ++row) {
         Set(row, {.group = "0", .ed = "10", .mg = "1.", .gsd = "2."});
-        Cell3(row, kEcMas).Text = "5";
+        Cell3(row, kEcPlus).Text = "5";
     }
     const auto before = StateOf(form);
     Click();
@@ -106,7 +106,7 @@ TEST_P(ExposureButtonTest, AShortLimitThatReadsZeroIsNone) {
         SetContaminants(1);
         Set(Row(1), {.ed = "10", .ec = ec, .mg = "3.", .gsd = "1.7"});
         Click();
-        EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "30") << ec;
+        EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "30") << ec;
     }
 }
 
@@ -114,9 +114,9 @@ TEST_P(ExposureButtonTest, NumbersAreWrittenToFifteenDigitsWithoutAFormat) {
     SetContaminants(1);
     Set(Row(1), {.ed = "0.1", .mg = "4.", .gsd = "2.40"});
     Click();
-    EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "0.3");  // 3 x 0.1 is 0.30000000000000004
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "4");
-    EXPECT_EQ(Cell3(Row(1), kGsdMas).Text, "2.4");
+    EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "0.3");  // 3 x 0.1 is 0.30000000000000004
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "4");
+    EXPECT_EQ(Cell3(Row(1), kGsdPlus).Text, "2.4");
 }
 
 TEST_P(ExposureButtonTest, EachOfTheSixRowsGetsItsOwnFourCells) {
@@ -202,9 +202,9 @@ TEST_P(ExposureButtonTest, NumbersAboveSixOrNotWholeAreNoGroupAndTheirRowsKeepTh
 TEST_P(ExposureButtonTest, ARowThatNoPassWritesKeepsItsOldCellsAndGetsAProbabilityFromThem) {
     SetContaminants(1);
     Set(Row(1), {.group = "7"});
-    Cell3(Row(1), kEcMas).Text = "20";
-    Cell3(Row(1), kMgMas).Text = "2";
-    Cell3(Row(1), kGsdMas).Text = "2.5";
+    Cell3(Row(1), kEcPlus).Text = "20";
+    Cell3(Row(1), kMgPlus).Text = "2";
+    Cell3(Row(1), kGsdPlus).Text = "2.5";
     Click();
     EXPECT_THAT(Right(Row(1)), ElementsAre("20", "2", "2.5", "1"));
 }
@@ -257,7 +257,7 @@ TEST_P(MixtureTest, AMemberWithoutShortLimitEntersWithThreeTimesItsDailyOne) {
     Set(Row(3), {.group = "1", .ed = "10", .ec = "0", .samples = {"2", "3"}, .mmp = "1."});
     Click();
     // Python: 6 / (2 / 10 + 3 / 20 + 1 / 30).
-    EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "15.6521739130435");
+    EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "15.6521739130435");
 }
 
 TEST_P(MixtureTest, MembersNeedNotStandTogetherAndOthersBetweenThemDoNotCount) {
@@ -278,11 +278,11 @@ TEST_P(MixtureTest, TwoGroupsAreJudgedApart) {
     Set(Row(3), {.group = "6", .ec = "20", .samples = {"1", "2"}, .mmp = "3."});
     Set(Row(4), {.group = "2", .ec = "10", .samples = {"1", "5"}, .mmp = "1."});
     Click();
-    EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "14.2857142857143");
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "2.82842712474619");
-    EXPECT_EQ(Cell3(Row(2), kEcMas).Text, "10");
-    EXPECT_EQ(Cell3(Row(2), kMgMas).Text, "4.24264068711929");  // Python: exp((ln 2 + ln 9) / 2)
-    EXPECT_EQ(Cell3(Row(3), kMgMas).Text, "");
+    EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "14.2857142857143");
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "2.82842712474619");
+    EXPECT_EQ(Cell3(Row(2), kEcPlus).Text, "10");
+    EXPECT_EQ(Cell3(Row(2), kMgPlus).Text, "4.24264068711929");  // Python: exp((ln 2 + ln 9) / 2)
+    EXPECT_EQ(Cell3(Row(3), kMgPlus).Text, "");
 }
 
 TEST_P(MixtureTest, MarksAreComparedAsNumbersInEveryPass) {
@@ -310,7 +310,7 @@ TEST_P(MixtureTest, ADailyLimitIsTakenThreeTimesBeforeTheMeanIsDividedByIt) {
         Set(Row(1), {.group = "1", .ed = ed, .samples = {"1", "2"}, .mmp = mmp1});
         Set(Row(2), {.group = "1", .ec = ec, .samples = {"1", "2"}, .mmp = mmp2});
         Click();
-        return Cell3(Row(1), kEcMas).Text;
+        return Cell3(Row(1), kEcPlus).Text;
     };
     // Python, '%.15g' of (v + x) / (v / (3 * ed) + x / ec) in this order of operations; the mean
     // divided by 3 and then by the limit, or the other way round, gives another last digit.
@@ -340,8 +340,8 @@ TEST_P(MixtureTest, TheFirstSampleThatAMemberLacksEndsTheSeries) {
     SetSamples(Row(1), {"1", "2", "3", "9", "9", "9"});
     SetSamples(Row(2), {"1", "2", "", "9", "9", "9"});
     Click();
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "2.82842712474619") << "of 2 and 4 alone";
-    EXPECT_EQ(Cell3(Row(1), kGsdMas).Text, "1.63252691943815");
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "2.82842712474619") << "of 2 and 4 alone";
+    EXPECT_EQ(Cell3(Row(1), kGsdPlus).Text, "1.63252691943815");
 }
 
 TEST_P(MixtureTest, AllSixSamplesCountWhenEveryMemberHasThem) {
@@ -350,9 +350,9 @@ TEST_P(MixtureTest, AllSixSamplesCountWhenEveryMemberHasThem) {
     SetSamples(Row(1), {"1", "2", "1", "2", "1", "2"});
     SetSamples(Row(2), {"1", "2", "1", "2", "1", "2"});
     Click();
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "2.82842712474619");
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "2.82842712474619");
     // Python: the spread is ln 2 / 2 x sqrt(6 / 5).
-    EXPECT_EQ(Cell3(Row(1), kGsdMas).Text, "1.46177630938356");
+    EXPECT_EQ(Cell3(Row(1), kGsdPlus).Text, "1.46177630938356");
 }
 
 TEST_P(MixtureTest, ASumOfOneHasTheLogarithmZeroAndStillCounts) {
@@ -362,8 +362,8 @@ TEST_P(MixtureTest, ASumOfOneHasTheLogarithmZeroAndStillCounts) {
     SetSamples(Row(2), {".5", "2"});
     Click();
     // Worked by hand: sums 1 and 4, a mean of 2, the spread ln 2 x sqrt 2.
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "2");
-    EXPECT_EQ(Cell3(Row(1), kGsdMas).Text, "2.66514414269023");
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "2");
+    EXPECT_EQ(Cell3(Row(1), kGsdPlus).Text, "2.66514414269023");
 }
 
 TEST_P(MixtureTest, TheNumberOfTheFirstMemberIsReadFromItsCell) {
@@ -372,10 +372,10 @@ TEST_P(MixtureTest, TheNumberOfTheFirstMemberIsReadFromItsCell) {
     Cell(Row(1), kNumber).Text = "5";
     // The limit stands beside no mean now, so the press ends at the probabilities.
     ExpectError(ErrorKind::DivisionByZero, [&] { Click(); });
-    EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "14.2857142857143") << "the limit goes by the place";
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "");
-    EXPECT_EQ(Cell3(Row(5), kMgMas).Text, "2.82842712474619");
-    EXPECT_EQ(Cell3(Row(5), kGsdMas).Text, "1.63252691943815");
+    EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "14.2857142857143") << "the limit goes by the place";
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "");
+    EXPECT_EQ(Cell3(Row(5), kMgPlus).Text, "2.82842712474619");
+    EXPECT_EQ(Cell3(Row(5), kGsdPlus).Text, "1.63252691943815");
     EXPECT_NEAR(record.MGmas(1, T().task, 5).Value(), 2.82842712474619, 1e-13);
     EXPECT_EQ(record.MGmas(1, T().task, 1), 0);
 }
@@ -430,12 +430,12 @@ TEST_P(LimitCellTest, TheLimitOfAMixtureGoesToTheCellThatTheFactorGives) {
     const auto before = StateOf(form);
     Click(twin);
     EXPECT_EQ(form.Text3(index).Text, "14.2857142857143");
-    EXPECT_EQ(Cell3(twin.Row(r), kMgMas).Text, "2.82842712474619");
-    EXPECT_EQ(Cell3(twin.Row(r), kGsdMas).Text, "1.63252691943815");
-    std::vector<std::string> expected = {Indexed("Text3", index), Name3(twin.Row(r), kMgMas),
-                                         Name3(twin.Row(r), kGsdMas)};
+    EXPECT_EQ(Cell3(twin.Row(r), kMgPlus).Text, "2.82842712474619");
+    EXPECT_EQ(Cell3(twin.Row(r), kGsdPlus).Text, "1.63252691943815");
+    std::vector<std::string> expected = {Indexed("Text3", index), Name3(twin.Row(r), kMgPlus),
+                                         Name3(twin.Row(r), kGsdPlus)};
     // A group whose own cell stays empty gets no probability.
-    if (index == Index3(twin.Row(r), kEcMas)) expected.push_back(Name3(twin.Row(r), kProb));
+    if (index == Index3(twin.Row(r), kEcPlus)) expected.push_back(Name3(twin.Row(r), kProb));
     EXPECT_THAT(Changed(before, form), ::testing::UnorderedElementsAreArray(expected));
 }
 
@@ -452,7 +452,7 @@ TEST_F(ShortExposureTest, AGroupThatBeginsInTheSixthRowWritesItsLimitAndEndsTheP
         SetSamples(twin.Row(7), {"1", "2"});
         ExpectError(ErrorKind::InvalidOperation, [&, click = twin] { Click(click); });
         EXPECT_EQ(form.Text3(index).Text, "14.2857142857143");
-        EXPECT_EQ(Cell3(twin.Row(6), kMgMas).Text, "");
+        EXPECT_EQ(Cell3(twin.Row(6), kMgPlus).Text, "");
     }
 }
 
@@ -518,8 +518,8 @@ TEST_P(ExposureButtonTest, ALimitOfZeroHasTheClassZero) {
 TEST_P(ExposureButtonTest, ALimitCellThatHoldsABlankIsNotEmpty) {
     SetContaminants(1);
     Set(Row(1), {.group = "9"});
-    Cell3(Row(1), kEcMas).Text = " ";
-    Cell3(Row(1), kMgMas).Text = "1";
+    Cell3(Row(1), kEcPlus).Text = " ";
+    Cell3(Row(1), kMgPlus).Text = "1";
     Click();
     EXPECT_EQ(Cell3(Row(1), kProb).Text, "0");
 }
@@ -654,7 +654,7 @@ TEST_P(ExposureErrorTest, AMemberWithoutLimitsAndWithoutAMeanIsZeroByZero) {
     Cell(Row(2), kEc).Text = "";
     Cell(Row(2), kMmp).Text = ".";
     ExpectEnd(ErrorKind::InvalidOperation);
-    EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "");
+    EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "");
 }
 
 TEST_P(ExposureErrorTest, TheGroupsBeforeTheOneWithoutLimitsHaveTheirsWritten) {
@@ -663,8 +663,8 @@ TEST_P(ExposureErrorTest, TheGroupsBeforeTheOneWithoutLimitsHaveTheirsWritten) {
     Set(Row(3), {.group = "2", .samples = {"1", "2"}, .mmp = "1."});
     Set(Row(4), {.group = "2", .samples = {"1", "2"}, .mmp = "1."});
     ExpectEnd(ErrorKind::DivisionByZero);
-    EXPECT_EQ(Cell3(Row(1), kEcMas).Text, "14.2857142857143");
-    EXPECT_EQ(Cell3(Row(1), kMgMas).Text, "") << "the means are a later pass";
+    EXPECT_EQ(Cell3(Row(1), kEcPlus).Text, "14.2857142857143");
+    EXPECT_EQ(Cell3(Row(1), kMgPlus).Text, "") << "the means are a later pass";
 }
 
 TEST_P(ExposureErrorTest, AGroupWithoutACommonFirstSampleEndsTheProgramWithItsLimitWritten) {
@@ -682,7 +682,7 @@ TEST_P(ExposureErrorTest, AGroupWithOneCommonSampleEndsTheProgramWithItsMeanStor
     SetSamples(Row(1), {"1", "2", ""});
     SetSamples(Row(2), {"1", "0", ""});
     Set(Row(3), {.group = "0", .ec = "10", .mg = "1.", .gsd = "2."});
-    Cell3(Row(1), kGsdMas).Text = "antes";
+    Cell3(Row(1), kGsdPlus).Text = "antes";
     ExpectEnd(ErrorKind::InvalidOperation);
     // The one sum is 2, and the mean of its logarithm gives it back.
     EXPECT_THAT(Right(Row(1)), ElementsAre("14.2857142857143", "2", "antes", ""));
@@ -741,7 +741,7 @@ TEST_F(ShortExposureTest, AnEighthMemberOfAGroupDoesNotFitItsMatrix) {
     Set(1, kOfLimit10);
     Set(8, kOfLimit20);
     ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
-    EXPECT_EQ(Cell3(1, kEcMas).Text, "14.2857142857143");
+    EXPECT_EQ(Cell3(1, kEcPlus).Text, "14.2857142857143");
 }
 
 TEST_F(ShortExposureTest, Command5_TheFactorMissesTheLimitCellOfARowBeyondItsTask) {

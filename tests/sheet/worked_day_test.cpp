@@ -279,7 +279,7 @@ TEST_F(ThreeTasksTest, EachPressOpensTheNextButtonUpToTheConclusions) {
         EXPECT_EQ(Cell(row, kMmp).Text, "4.");
         EXPECT_EQ(Cell(row, kCombinedIndex).Text, ".5");
         EXPECT_EQ(Cell(row, kGsd).Text, "2.67");
-        EXPECT_EQ(Cell3(row, kEcMas).Text, "30");
+        EXPECT_EQ(Cell3(row, kEcPlus).Text, "30");
         // Python: a ratio of 7.5 has its curves at 2.395 and 3.390, the fourth and the fifth.
         EXPECT_EQ(Cell3(row, kProb).Text, "5");
         EXPECT_EQ(record.HojaFinal(row, 4), "0.5");

@@ -26,7 +26,7 @@ inline constexpr int kNumber = 0;
 inline constexpr int kName = 1;
 inline constexpr int kEd = 2;
 inline constexpr int kEc = 3;
-inline constexpr int kUnidad = 4;
+inline constexpr int kUnits = 4;
 inline constexpr int kTm = 5;
 inline constexpr int kAdditive = 6;
 inline constexpr int kC1 = 7;
@@ -38,9 +38,9 @@ inline constexpr int kMg = 16;
 inline constexpr int kGsd = 17;
 
 /// Columns of `Text3`.
-inline constexpr int kEcMas = 0;
-inline constexpr int kMgMas = 1;
-inline constexpr int kGsdMas = 2;
+inline constexpr int kEcPlus = 0;
+inline constexpr int kMgPlus = 1;
+inline constexpr int kGsdPlus = 2;
 inline constexpr int kProb = 3;
 
 inline std::string Digits(int n) {
