@@ -7,6 +7,7 @@
 #include "core/grid.h"
 #include "final/form6.h"
 #include "store/evaluation_file.h"
+#include "support/use.h"
 
 namespace velmora::bench {
 
@@ -67,24 +68,15 @@ const std::function<void()>& HandlerOf(const Screen& screen, int button) {
     return screen.FindControl(kNames.at(static_cast<std::size_t>(button - 1)))->events.Click;
 }
 
-const DaySheet& SlotOf(const EvaluacionRecord& record, int day) {
-    return day == 1   ? record.HojaPrimerDia
-           : day == 2 ? record.HojaSegundoDia
-                      : record.HojaTercerDia;
-}
-
 void TypeDay(Form5& sheet, int day, const DaySheet& slot) {
-    if (day == 1) sheet.introprimero_Click();
-    if (day == 2) sheet.introsegundo_Click();
-    if (day == 3) sheet.introtercero_Click();
+    static constexpr std::array<std::string_view, 3> kEntries = {"introprimero", "introsegundo",
+                                                                 "introtercero"};
+    use::Choose(sheet, kEntries.at(static_cast<std::size_t>(day - 1)));
     for (int row = 0; row < grid::kRows; ++row) {
         for (int column = grid::kFirstSample; column <= grid::kLastSample; ++column) {
             const int cell = row * grid::kColumns + column;
-            for (const char key : slot(cell + 1)) {
-                KeyCode code = static_cast<unsigned char>(key);
-                sheet.Text1_KeyPress(cell, code);
-                if (code != kKeyRefused) sheet.Text1(cell).Text += static_cast<char>(code);
-            }
+            const std::string& measured = slot(cell + 1);
+            if (!measured.empty()) use::Type(sheet, Indexed("Text1", cell), measured);
         }
     }
 }
@@ -93,9 +85,9 @@ void Evaluate(Core& core, const EvaluacionRecord& measured) {
     core.chain.Go(ScreenId::Form5);
     for (int day = 1; day <= 3; ++day) {
         auto& sheet = core.Current<Form5>();
-        TypeDay(sheet, day, SlotOf(measured, day));
+        TypeDay(sheet, day, measured.Hoja(day));
         for (int button = 1; button <= kButtons; ++button) HandlerOf(sheet, button)();
-        if (SlotOf(core.record, day) != SlotOf(measured, day)) {
+        if (core.record.Hoja(day) != measured.Hoja(day)) {
             throw std::logic_error("a day came to something else");
         }
     }

@@ -66,8 +66,6 @@ const std::function<void()>& HandlerOf(const Screen& screen, int button);
 /// Lays the day out and types its measurements key by key, those that `slot` holds.
 void TypeDay(Form5& sheet, int day, const DaySheet& slot);
 
-const DaySheet& SlotOf(const EvaluacionRecord& record, int day);
-
 /// The three days of an evaluation and its final table, from a record that holds the plan, with the
 /// measurements of `measured`. Throws std::logic_error unless the record comes to hold what
 /// `measured` holds.

@@ -281,7 +281,7 @@ Rows MeasureClock(const Places& places) {
 
 int ShowMemoryOfSheet(const Places& places) {
     Program program(places.examples);
-    TypeDay(program.core.Current<Form5>(), 1, SlotOf(program.core.record, 1));
+    TypeDay(program.core.Current<Form5>(), 1, program.core.record.Hoja(1));
     for (int button = 1; button <= kButtons; ++button) {
         program.window.Run(HandlerOf(program.core.chain.Current(), button));
         Settle();

@@ -4,6 +4,7 @@
 
 #include "property/record_walk.h"
 #include "property/say.h"
+#include "support/use.h"
 
 namespace velmora::fuzz {
 
@@ -48,44 +49,8 @@ const auto& At(const List& list, int place) {
     return list[static_cast<std::size_t>(place) % std::size(list)];
 }
 
-template <class T>
-const T* StateOf(const Control& control) {
-    auto* const* const state = std::get_if<T*>(&control.state);
-    return state == nullptr ? nullptr : *state;
-}
-
-bool IsPressed(const Control& control) {
-    const auto* const button = StateOf<Button>(control);
-    return button != nullptr && button->Visible && button->Enabled;
-}
-
-bool IsPickedFrom(const Control& control) {
-    const auto* const list = StateOf<ComboBox>(control);
-    return list != nullptr && list->Visible && !list->Locked;
-}
-
-bool TakesKeys(const Control& control) {
-    const auto* const cell = StateOf<TextCell>(control);
-    const auto* const list = StateOf<ComboBox>(control);
-    return control.row.tab != kNoTab &&
-           ((cell != nullptr && cell->Visible) || (list != nullptr && list->Visible));
-}
-
-bool TakesText(const Control& control) {
-    const auto* const cell = StateOf<TextCell>(control);
-    return cell != nullptr && cell->Visible && !cell->Locked && control.row.tab != kNoTab &&
-           (control.events.free_text || !control.events.KeyPress);
-}
-
 bool TakesMeasurements(const Control& control) {
-    const auto* const cell = StateOf<TextCell>(control);
-    return cell != nullptr && cell->Visible && !cell->Locked && control.row.tab != kNoTab &&
-           control.events.KeyPress;
-}
-
-bool TakesDoubleClicks(const Control& control) {
-    const auto* const cell = StateOf<TextCell>(control);
-    return cell != nullptr && cell->Visible && control.events.DblClick;
+    return use::TakesTyping(control) && control.events.KeyPress;
 }
 
 /// How a deed finds its control among those of the screen.
@@ -94,17 +59,17 @@ using Offered = bool (*)(const Control&);
 Offered OfferedTo(Deed::Kind kind) {
     switch (kind) {
         case Press:
-            return IsPressed;
+            return use::TakesPress;
         case Pick:
-            return IsPickedFrom;
+            return use::TakesPicks;
         case Key:
-            return TakesKeys;
+            return use::TakesKeys;
         case Type:
             return TakesMeasurements;
         case Write:
-            return TakesText;
+            return use::TakesText;
         case Double:
-            return TakesDoubleClicks;
+            return use::TakesDoubleClick;
         default:
             return nullptr;
     }
@@ -216,7 +181,7 @@ std::vector<Action> WorkOnForm3(const Deed& deed, bool sized) {
 
 bool IsVisibleCell(const Screen& screen, const std::string& name) {
     const Control* const control = screen.FindControl(name);
-    const auto* const cell = control == nullptr ? nullptr : StateOf<TextCell>(*control);
+    const auto* const cell = control == nullptr ? nullptr : use::As<TextCell>(*control);
     return cell != nullptr && cell->Visible;
 }
 
@@ -253,7 +218,7 @@ std::vector<Action> WorkOnForm4(const Deed& deed, const Screen& screen) {
 std::vector<Action> WorkOnForm5(const Deed& deed, const Screen& screen) {
     constexpr std::array kBegin = {"introprimero"sv, "introsegundo"sv, "introtercero"sv};
     const Control* const first = screen.FindControl("Command1");
-    if (first == nullptr || !IsPressed(*first)) return {Entry(At(kBegin, deed.which), 0)};
+    if (first == nullptr || !use::TakesPress(*first)) return {Entry(At(kBegin, deed.which), 0)};
 
     std::vector<Action> actions;
     const int samples = 1 + (deed.which + 1) % 6;
@@ -286,7 +251,7 @@ std::vector<Action> WorkOn(const Deed& deed, const Screen& screen) {
         case ScreenId::Form2:
             return WorkOnForm2(deed);
         case ScreenId::Form3:
-            return WorkOnForm3(deed, !IsPressed(*screen.FindControl("Command1")));
+            return WorkOnForm3(deed, !use::TakesPress(*screen.FindControl("Command1")));
         case ScreenId::Form4:
             return WorkOnForm4(deed, screen);
         case ScreenId::Form5:

@@ -24,24 +24,7 @@ class Form3Test : public VelmoraTest {
 protected:
     Form3& OpenForm3() { return Open<Form3>(ScreenId::Form3); }
 
-    /// Picks an item of `Combo1(i)` as a user does: from an open, visible list that offers it.
-    void Pick(int i, std::string_view item) {
-        const Control& control = Find(Indexed("Combo1", i));
-        auto& list = *std::get<ComboBox*>(control.state);
-        ASSERT_TRUE(list.Visible && !list.Locked) << control.name << " can't be picked from";
-        ASSERT_TRUE(std::ranges::count(control.row.items, item) == 1) << item << " isn't offered";
-        list.Text = item;
-        ASSERT_TRUE(control.events.Click);
-        control.events.Click();
-    }
-
-    /// Presses a button as a user does.
-    void Press(const std::string& name) {
-        const Control& control = Find(name);
-        const auto& button = *std::get<Button*>(control.state);
-        ASSERT_TRUE(button.Visible && button.Enabled) << name << " can't be pressed";
-        control.events.Click();
-    }
+    void Pick(int i, std::string_view item) { VelmoraTest::Pick(Indexed("Combo1", i), item); }
 
     /// Fixes a plan on an open screen.
     void FixPlan(std::string_view days, std::string_view tasks) {

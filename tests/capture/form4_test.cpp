@@ -18,7 +18,6 @@ namespace velmora::test {
 namespace {
 
 constexpr KeyCode kPoint = 46;
-constexpr KeyCode kBackspace = 8;
 
 /// The seven texts of a row as they stand on the screen, from left to right.
 struct RowTexts {
@@ -48,40 +47,8 @@ protected:
         return OpenForm4();
     }
 
-    /// Picks an item as a user does: from an open, visible list that offers it.
-    void Pick(const std::string& name, std::string_view item) {
-        const Control& control = Find(name);
-        auto& list = *std::get<ComboBox*>(control.state);
-        ASSERT_TRUE(list.Visible && !list.Locked) << name << " can't be picked from";
-        ASSERT_TRUE(std::ranges::count(control.row.items, item) == 1) << item << " isn't offered";
-        list.Text = item;
-        if (control.events.Click) control.events.Click();
-    }
-
-    /// Presses a button as a user does.
-    void Press(const std::string& name) {
-        const Control& control = Find(name);
-        const auto& button = *std::get<Button*>(control.state);
-        ASSERT_TRUE(button.Visible && button.Enabled) << name << " can't be pressed";
-        control.events.Click();
-    }
-
-    /// One key in `Text1(i)`: first the filter, then, unless refused, the end of the cell's text.
-    void Key(int i, KeyCode key) {
-        const Control& control = Find(Indexed("Text1", i));
-        auto& cell = *std::get<TextCell*>(control.state);
-        ASSERT_TRUE(cell.Visible && !cell.Locked) << control.name << " takes no keys";
-        control.events.KeyPress(key);
-        if (key == kBackspace) {
-            if (!cell.Text.empty()) cell.Text.pop_back();
-        } else if (key != 0) {
-            cell.Text.push_back(static_cast<char>(key));
-        }
-    }
-
-    void Type(int i, std::string_view text) {
-        for (const char c : text) Key(i, c);
-    }
+    void Type(int i, std::string_view text) { VelmoraTest::Type(Indexed("Text1", i), text); }
+    void DoubleClick(int i) { VelmoraTest::DoubleClick(Indexed("Text3", i)); }
 
     /// Whether the filter of `Text1(i)` lets the key through.
     bool Takes(int i, KeyCode key) {
@@ -89,12 +56,6 @@ protected:
         Find(Indexed("Text1", i)).events.KeyPress(key);
         EXPECT_TRUE(key == before || key == 0) << "a key is passed or refused, never another one";
         return key != 0;
-    }
-
-    void DoubleClick(int i) {
-        const Control& control = Find(Indexed("Text3", i));
-        ASSERT_TRUE(control.events.DblClick);
-        control.events.DblClick();
     }
 
     /// Fills row r by keys, picks and double-clicks.
@@ -622,7 +583,7 @@ TEST_F(Form4Test, UnderTheCommaAValueRetypedWithAPointIsKept) {
     OpenForm4();
     Pick("Combo1", "1");
     Press("Command3");
-    Key(2, kBackspace);
+    Type(2, "\b");
     Type(2, "0.5");
     Press("Command1");
     EXPECT_EQ(record.VlaEd(1, 1), 0.5);
@@ -836,7 +797,7 @@ TEST_F(Form4Test, BackspaceEmptiesALimitValueAtOnceAndItsCounters) {
     Pick("Combo1", "1");
     for (const int cell : {2, 3}) {
         Type(cell, "123.45");
-        Key(cell, kBackspace);
+        Type(cell, "\b");
         EXPECT_EQ(Current<Form4>().Text1(cell).Text, "");
         Type(cell, ".");
         EXPECT_EQ(Current<Form4>().Text1(cell).Text, "") << "no digit counted any more";
@@ -849,7 +810,7 @@ TEST_F(Form4Test, BackspaceInAMarkDoesNothingAndTheLastDigitTypedStays) {
     OpenWith({1});
     Pick("Combo1", "1");
     Type(4, "1");
-    Key(4, kBackspace);
+    Type(4, "\b");
     EXPECT_EQ(RowOf(1).mark, "1");
     Type(4, "0");
     EXPECT_EQ(RowOf(1).mark, "0");

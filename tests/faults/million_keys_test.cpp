@@ -32,32 +32,32 @@ TEST_F(MillionKeysTest, TheDigitBeyondTheLargestIntegerEndsTheProgram) {
     // The filter counts the digits of a visit in an Integer of 16 bits: 32767 fit.
     Type(FirstSample(), std::string(32767, '7'));
     EXPECT_EQ(Cell(1, kC1).Text, std::string(32767, '7'));
-    ExpectError(ErrorKind::Overflow, [this] { Press(FirstSample(), '7'); });
+    ExpectError(ErrorKind::Overflow, [this] { Filtered(FirstSample(), '7'); });
 }
 
 TEST_F(MillionKeysTest, ABackspaceStartsTheCountAnew) {
     Type(FirstSample(), std::string(32767, '7'));
-    EXPECT_EQ(Press(FirstSample(), kBackspace), kBackspace);
+    EXPECT_EQ(Filtered(FirstSample(), kBackspace), kBackspace);
     EXPECT_EQ(Cell(1, kC1).Text, "");
-    EXPECT_EQ(Press(FirstSample(), '7'), '7');
+    EXPECT_EQ(Filtered(FirstSample(), '7'), '7');
 }
 
 TEST_F(MillionKeysTest, AMillionRefusedKeysLeaveTheCellEmpty) {
     for (int i = 0; i < kMillion; ++i) {
-        ASSERT_EQ(Press(FirstSample(), i % 2 == 0 ? '.' : 'x'), kKeyRefused);
+        ASSERT_EQ(Filtered(FirstSample(), i % 2 == 0 ? '.' : 'x'), kKeyRefused);
     }
     EXPECT_EQ(Cell(1, kC1).Text, "");
 }
 
 TEST_F(MillionKeysTest, AMillionDigitsAreTooLargeForANumberAndEndTheProgram) {
     SetSample(std::string(kMillion, '7'));
-    ExpectError(ErrorKind::Overflow, [this] { Push("Command1"); });
+    ExpectError(ErrorKind::Overflow, [this] { Press("Command1"); });
     EXPECT_EQ(Cell(1, kMmp).Text, "");
 }
 
 TEST_F(MillionKeysTest, AMillionDecimalsAreANumberLikeAnyOther) {
     SetSample("1." + std::string(kMillion - 2, '3'));
-    Push("Command1");
+    Press("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "1.63");   // sqrt(4 / 3 x 2) = 1.63299, worked by hand
     EXPECT_EQ(Cell(1, kIndex).Text, ".16");  // 8 x 1.63299 / (10 x 8)
 }
@@ -65,14 +65,14 @@ TEST_F(MillionKeysTest, AMillionDecimalsAreANumberLikeAnyOther) {
 TEST_F(MillionKeysTest, ANumberTooSmallForADoubleReadsAsZeroAndIsAGap) {
     SetSample("0." + std::string(kMillion - 3, '0') + "5");
     host.ExpectBox("No deje espacios vacios");
-    Push("Command1");
+    Press("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "");
 }
 
 TEST_F(MillionKeysTest, AMillionLettersReadAsZeroAndAreAGap) {
     SetSample(std::string(kMillion, 'x'));
     host.ExpectBox("No deje espacios vacios");
-    Push("Command1");
+    Press("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "");
 }
 

@@ -512,7 +512,7 @@ TEST_F(Form6Test, NoCellHasAKeyFilter) {
 
 TEST_F(Form6Test, PressingTheButtonRunsItsHandler) {
     Form6& form6 = Screen6();
-    form6.FindControl("Command1")->events.Click();
+    Press("Command1");
     EXPECT_TRUE(form6.Label4(0).Visible);
 }
 

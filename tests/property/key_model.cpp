@@ -1,20 +1,12 @@
 #include "property/key_model.h"
 
-#include "property/process.h"
+#include "support/use.h"
 
 namespace velmora::property {
 
 namespace {
 
-constexpr int kBackspace = 8;
-
 bool IsDigit(int key) { return key >= '0' && key <= '9'; }
-
-std::string AsTyped(const TextCell& cell, int key) {
-    if (cell.Locked) return cell.Text;
-    if (key == kBackspace) return WithoutLastLetter(cell.Text);
-    return IsLetter(key) ? cell.Text + LetterOf(key) : cell.Text;
-}
 
 }  // namespace
 
@@ -26,11 +18,11 @@ std::string KeyModel::AfterNumber(Counters& counters, const TextCell& cell, int 
     if (key == '.') {
         if (counters.digits == 0 || counters.points > 0) return cell.Text;
         ++counters.points;
-        return AsTyped(cell, key);
+        return use::AsTyped(cell, key);
     }
     if (!IsDigit(key)) return cell.Text;
     ++counters.digits;
-    return AsTyped(cell, key);
+    return use::AsTyped(cell, key);
 }
 
 std::string KeyModel::After(ScreenId screen, std::string_view array, int index,
@@ -38,7 +30,7 @@ std::string KeyModel::After(ScreenId screen, std::string_view array, int index,
     const bool grid = array == "Text1";
     if (screen == ScreenId::Form3 || (screen == ScreenId::Form4 && !grid)) return cell.Text;
     if (!grid || (screen != ScreenId::Form4 && screen != ScreenId::Form5)) {
-        return AsTyped(cell, key);
+        return use::AsTyped(cell, key);
     }
     if (index != cell_) {
         *this = {};
@@ -52,9 +44,9 @@ std::string KeyModel::After(ScreenId screen, std::string_view array, int index,
             return AfterNumber(second_, cell, key);
         case 4:  // one digit, the last one
             if (!IsDigit(key)) return cell.Text;
-            return cell.Locked ? "" : LetterOf(key);
+            return cell.Locked ? "" : std::string{static_cast<char>(key)};
         default:
-            return AsTyped(cell, key);
+            return use::AsTyped(cell, key);
     }
 }
 

@@ -1,11 +1,11 @@
 #include "property/process.h"
 
-#include <algorithm>
 #include <exception>
 #include <utility>
 
 #include "app/screens.h"
 #include "forms/screen.h"
+#include "support/use.h"
 
 namespace velmora::property {
 
@@ -14,45 +14,7 @@ namespace {
 /// Thrown by the end of the process: nothing of the handler runs behind it.
 struct Ended {};
 
-template <class T>
-T* StateOf(const Control* control) {
-    if (control == nullptr) return nullptr;
-    auto* const* const state = std::get_if<T*>(&control->state);
-    return state == nullptr ? nullptr : *state;
-}
-
-bool TakesFocus(const Control& control) { return control.row.tab != kNoTab; }
-
-bool IsFreeText(const Control& control) {
-    return control.events.free_text || !control.events.KeyPress;
-}
-
-bool HasItem(const Control& list, std::string_view item) {
-    return std::ranges::find(list.row.items, item) != list.row.items.end();
-}
-
-bool TakesKeys(const Control* control) {
-    if (control == nullptr || !TakesFocus(*control)) return false;
-    if (const auto* const list = StateOf<ComboBox>(control)) return list->Visible;
-    const auto* const cell = StateOf<TextCell>(control);
-    return cell != nullptr && cell->Visible;
-}
-
 }  // namespace
-
-std::string LetterOf(int key) {
-    if (key < 128) return {static_cast<char>(key)};
-    return {static_cast<char>(0xC0 | key >> 6), static_cast<char>(0x80 | (key & 0x3F))};
-}
-
-std::string WithoutLastLetter(std::string text) {
-    while (!text.empty()) {
-        const auto byte = static_cast<unsigned char>(text.back());
-        text.pop_back();
-        if ((byte & 0xC0U) != 0x80U) break;  // the first byte of the letter went
-    }
-    return text;
-}
 
 MsgBoxAnswer AnsweringHost::MsgBox(std::string_view prompt, MsgBoxStyle style,
                                    std::string_view title) {
@@ -111,21 +73,17 @@ bool Process::Offers(const Action& action) const {
     }
     const Control* const control = Current().FindControl(action.target);
     if (control == nullptr) return false;
-    const auto* const button = StateOf<Button>(control);
-    const auto* const list = StateOf<ComboBox>(control);
-    const auto* const cell = StateOf<TextCell>(control);
     switch (action.kind) {
         case Kind::Press:
-            return button != nullptr && button->Visible && button->Enabled;
+            return use::TakesPress(*control);
         case Kind::Pick:
-            return list != nullptr && list->Visible && !list->Locked &&
-                   HasItem(*control, action.text);
+            return use::TakesPick(*control, action.text);
         case Kind::Key:
-            return TakesKeys(control);
+            return use::TakesKeys(*control);
         case Kind::Write:
-            return cell != nullptr && TakesKeys(control) && !cell->Locked && IsFreeText(*control);
+            return use::TakesText(*control);
         case Kind::DoubleClick:
-            return cell != nullptr && cell->Visible && control->events.DblClick != nullptr;
+            return use::TakesDoubleClick(*control);
         default:
             return false;
     }
@@ -149,24 +107,24 @@ const Outcome& Process::Perform(const Action& action) {
 void Process::Do(const Action& action) {
     using Kind = Action::Kind;
     Screen& screen = Current();
-    const Control* const control = screen.FindControl(action.target);
     switch (action.kind) {
         case Kind::Press:
+            use::Press(screen, action.target);
+            break;
         case Kind::DoubleClick:
-            (action.kind == Kind::Press ? control->events.Click : control->events.DblClick)();
+            use::DoubleClick(screen, action.target);
             break;
         case Kind::Pick:
-            StateOf<ComboBox>(control)->Text = action.text;
-            if (control->events.Click) control->events.Click();
+            use::Pick(screen, action.target, action.text);
             break;
         case Kind::Key:
-            Type(*control, action.number);
+            use::Key(use::Find(screen, action.target), action.number);
             break;
         case Kind::Write:
-            StateOf<TextCell>(control)->Text = action.text;
+            use::Write(screen, action.target, action.text);
             break;
         case Kind::Choose:
-            screen.FindEntry(action.target)->Click();
+            use::Choose(screen, action.target);
             break;
         case Kind::Tick:
             host_.Wait(action.number);
@@ -175,17 +133,6 @@ void Process::Do(const Action& action) {
         default:
             break;
     }
-}
-
-void Process::Type(const Control& control, int key) {
-    KeyCode code = key;
-    if (control.events.KeyPress) control.events.KeyPress(code);
-    auto* const cell = StateOf<TextCell>(&control);
-    if (code == kKeyRefused || cell == nullptr || cell->Locked) return;
-    if (code == kBackspace)
-        cell->Text = WithoutLastLetter(cell->Text);
-    else if (IsLetter(code))
-        cell->Text += LetterOf(code);
 }
 
 }  // namespace velmora::property

@@ -87,20 +87,10 @@ public:
 
 private:
     void Do(const Action& action);
-    void Type(const Control& control, int key);
 
     Outcome outcome_;
     AnsweringHost host_;
     ScreenChain chain_;
 };
-
-/// The letter of a key, 32 to 255, in UTF-8.
-std::string LetterOf(int key);
-
-/// The text without its last letter.
-std::string WithoutLastLetter(std::string text);
-
-/// Whether a key, or the letter of one, gets into an ordinary text field.
-constexpr bool IsLetter(int key) { return (key >= 32 && key < 127) || key >= 160; }
 
 }  // namespace velmora::property

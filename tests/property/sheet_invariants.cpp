@@ -43,12 +43,6 @@ int TasksLaidOut(const EvaluacionRecord& record) {
     return tasks <= 3 ? tasks : 2;
 }
 
-const DaySheet& SlotOf(const EvaluacionRecord& record, int day) {
-    return day == 1   ? record.HojaPrimerDia
-           : day == 2 ? record.HojaSegundoDia
-                      : record.HojaTercerDia;
-}
-
 Verdict TheFiveAnswersAreAlwaysLocked(const Step& s) {
     if (!OnSheet(s)) return Verdict::PassedOver();
     for (const std::string_view name : kAnswers) {
@@ -358,7 +352,7 @@ Verdict ADaysSlotIsWhatTheSheetShowsOnceValidatedOrRecovered(const Step& s) {
     const bool validated = s.Pressed(Form5, "Command8");
     const bool recovered = PicksADay(s, "recup") && OnSheet(s) && IsLaidOut(s.after);
     if ((!validated && !recovered) || !s.Lives()) return Verdict::PassedOver();
-    const int entry = FirstDifference(SlotOf(s.record_after, s.after.Day()), s.after);
+    const int entry = FirstDifference(s.record_after.Hoja(s.after.Day()), s.after);
     return entry == 0 ? Verdict::Holds() : Verdict::Broken("entry ", entry);
 }
 

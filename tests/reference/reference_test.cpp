@@ -119,42 +119,30 @@ protected:
         Choose("introprimero");
         int cell = kC1;
         for (const std::string& text : Split(set.at("samples"), ' ')) {
-            for (const char letter : text) {
-                KeyCode key = static_cast<unsigned char>(letter);
-                form.Text1_KeyPress(cell, key);
-                if (key != kKeyRefused) form.Text1(cell).Text += static_cast<char>(key);
-            }
+            Type(Indexed("Text1", cell), text);
             EXPECT_EQ(form.Text1(cell).Text, text);
             ++cell;
         }
-    }
-
-    void Push(std::string_view button) {
-        const Control* const control = Current<Form5>().FindControl(button);
-        ASSERT_NE(control, nullptr) << button;
-        const Button& state = *std::get<Button*>(control->state);
-        ASSERT_TRUE(state.Visible && state.Enabled) << button;
-        control->events.Click();
     }
 
     /// Presses the buttons up to the class of probability, or to the run-time error that the
     /// outcome stands for; true when the row's cells are to be compared.
     bool PressThrough(const std::string& outcome) {
         if (outcome == "one usable sample") {
-            test::ExpectError(ErrorKind::InvalidOperation, [&] { Push("Command1"); });
+            test::ExpectError(ErrorKind::InvalidOperation, [&] { Press("Command1"); });
             return false;
         }
         if (outcome == "mean too large") {
-            test::ExpectError(ErrorKind::Overflow, [&] { Push("Command1"); });
+            test::ExpectError(ErrorKind::Overflow, [&] { Press("Command1"); });
             return false;
         }
-        Push("Command1");
-        Push("Command4");
+        Press("Command1");
+        Press("Command4");
         if (outcome == "mean shown as zero") {
-            test::ExpectError(ErrorKind::DivisionByZero, [&] { Push("Command5"); });
+            test::ExpectError(ErrorKind::DivisionByZero, [&] { Press("Command5"); });
         } else {
             EXPECT_EQ(outcome, "shown");
-            Push("Command5");
+            Press("Command5");
         }
         return true;
     }

@@ -54,28 +54,10 @@ protected:
     }
     ~EvaluationTest() override { std::filesystem::remove(file_); }
 
-    void Pick(const std::string& name, std::string_view item) {
-        const Control& list = Find(name);
-        std::get<ComboBox*>(list.state)->Text = item;
-        if (list.events.Click) list.events.Click();
-    }
-
-    void Press(const std::string& name) {
-        const Control& control = Find(name);
-        const Button& button = *std::get<Button*>(control.state);
-        if (!button.Visible || !button.Enabled) throw std::runtime_error(name + " is closed");
-        control.events.Click();
-    }
-
-    /// Wipes the cell with a backspace, then types; what the filter refuses doesn't arrive.
-    void Type(const std::string& name, std::string_view text) {
-        const Control& control = Find(name);
-        auto& cell = *std::get<TextCell*>(control.state);
-        for (const char letter : "\b" + std::string(text)) {
-            KeyCode key = static_cast<unsigned char>(letter);
-            if (control.events.KeyPress) control.events.KeyPress(key);
-            if (key != 0 && key != kBackspace) cell.Text.push_back(static_cast<char>(key));
-        }
+    /// Wipes a cell of numbers with a backspace, then types; what the filter refuses doesn't
+    /// arrive.
+    void Type(const std::string& cell, std::string_view text) {
+        VelmoraTest::Type(cell, "\b" + std::string(text));
     }
 
     /// Days and tasks of the plan, on its screen.
@@ -115,7 +97,7 @@ protected:
             Type(Indexed("Text1", 5 * i + 3), agent.vla_ec);
             Type(Indexed("Text1", 5 * i + 4), agent.group);
             for (int minutes = 30; minutes >= agent.minutes; minutes -= 15) {
-                Find(Indexed("Text3", i)).events.DblClick();
+                DoubleClick(Indexed("Text3", i));
             }
             Pick(Indexed("Combo13", i), "mg/m3");
         }

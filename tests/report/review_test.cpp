@@ -290,12 +290,7 @@ TEST_F(ReviewTest, ASampleWithTwoPointsIsReadUpToTheSecond) {
     TypeSamples(1, {"120", "95", "150", "110.5"});
     TypeSamples(2, kAcetonesDay);
     // Back in the cell after another one, the filter lets a second point through.
-    const Control& cell = Find(CellName(1, 10));
-    for (const char letter : std::string("2.3")) {
-        KeyCode key = letter;
-        cell.events.KeyPress(key);
-        if (key != 0) std::get<TextCell*>(cell.state)->Text.push_back(letter);
-    }
+    VelmoraTest::Type(CellName(1, 10), "2.3");
     PressAll();
     EXPECT_THAT(Finish().findings,
                 ElementsAre(Finds(FindingKind::SampleMisread, 1, 1, 1,

@@ -16,8 +16,13 @@ constexpr bool IsDigitCode(KeyCode code) { return code >= 48 && code <= 57; }
 
 class KeyFilterTest : public SheetTest {
 protected:
-    bool Accepts(int cell, KeyCode key) { return Press(cell, key) == key; }
-    bool Refuses(int cell, KeyCode key) { return Press(cell, key) == kKeyRefused; }
+    KeyFilterTest() {
+        SetPlan(1, 1, 1);
+        Choose("introprimero");
+    }
+
+    bool Accepts(int cell, KeyCode key) { return Filtered(cell, key) == key; }
+    bool Refuses(int cell, KeyCode key) { return Filtered(cell, key) == kKeyRefused; }
 
     /// A sheet without any key pressed on it yet.
     Form5& Fresh() { return Open<Form5>(ScreenId::Form5); }
@@ -137,11 +142,11 @@ TEST_F(KeyFilterTest, BackspaceInALockedCellOfTheNamesEmptiesItAndLeavesTheRecor
 TEST_F(KeyFilterTest, AKeyChangesNoControlButForBackspacesOwnCell) {
     Scribble();
     const auto before = StateOf(form);
-    Press(kCell, '1');
-    Press(kCell, kPoint);
-    Press(kCell, kComma);
+    Filtered(kCell, '1');
+    Filtered(kCell, kPoint);
+    Filtered(kCell, kComma);
     EXPECT_THAT(Changed(before, form), ::testing::IsEmpty());
-    Press(kCell, kBackspace);
+    Filtered(kCell, kBackspace);
     EXPECT_THAT(Changed(before, form), ::testing::ElementsAre("Text1(7)"));
 }
 
@@ -224,11 +229,11 @@ TEST_F(KeyFilterTest, TheCountersEndWithTheScreen) {
 
 TEST_F(KeyFilterTest, TheDigitsOfOneVisitAreCountedInAnInteger) {
     for (int i = 0; i < 32767; ++i) ASSERT_TRUE(Accepts(kCell, '1'));
-    ExpectError(ErrorKind::Overflow, [&] { Press(kCell, '1'); });
+    ExpectError(ErrorKind::Overflow, [&] { Filtered(kCell, '1'); });
 }
 
 TEST_F(KeyFilterTest, ACellThatTheArrayDoesNotHaveIsASubscriptError) {
-    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Press(324, kBackspace); });
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { Filtered(324, kBackspace); });
 }
 
 }  // namespace

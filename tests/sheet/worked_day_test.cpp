@@ -130,18 +130,18 @@ constexpr std::array<SheetRow, 3> kClosedUnderComma = {{
 TEST_F(WorkedDayTest, FromTheMenuToTheVerdictEveryCellHoldsItsFigure) {
     Choose("introprimero");
     TypeSamples();
-    Push("Command1");
+    Press("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "117.76");
     EXPECT_EQ(Cell(2, kIndex).Text, ".15");
     EXPECT_EQ(Cell(3, kMg).Text, "") << "the means are the next button's";
-    Push("Command4");
+    Press("Command4");
     EXPECT_EQ(Cell(2, kCombinedIndex).Text, "0.19");
     EXPECT_EQ(Cell(1, kMg).Text, "117.11");
     EXPECT_FALSE(form.Command8.Visible);
-    Push("Command5");
+    Press("Command5");
     EXPECT_EQ(form.Text2.Text, "");
     EXPECT_TRUE(form.Text2.Visible);
-    Push("Command8");
+    Press("Command8");
     ExpectSheet(kClosed, ".");
     ExpectAnswers("0.61", "0.001", kTwoDaysMore, kLow, "NO");
     ExpectFinalTable({"0.61", "0.19", ""}, {"0.001", "0.001", ""});
@@ -150,7 +150,7 @@ TEST_F(WorkedDayTest, FromTheMenuToTheVerdictEveryCellHoldsItsFigure) {
 TEST_F(WorkedDayTest, TheRecordHoldsTheMeansUnrounded) {
     Choose("introprimero");
     TypeSamples();
-    for (const std::string_view button : {"Command1", "Command4", "Command5"}) Push(button);
+    for (const std::string_view button : {"Command1", "Command4", "Command5"}) Press(button);
     // Python: exp of the mean and of the spread of the logarithms.
     const std::array<double, 3> mg = {117.11086773137221, 31.178696328762346, 16.548754598234364};
     const std::array<double, 3> gsd = {1.2105874457116013, 1.4048275621731852, 1.485266983696769};
@@ -169,7 +169,7 @@ TEST_F(WorkedDayTest, TheDayComesBackAfterLeavingTheSheet) {
     Choose("introprimero");
     TypeSamples();
     for (const std::string_view button : {"Command1", "Command4", "Command5", "Command8"}) {
-        Push(button);
+        Press(button);
     }
     Choose("resultadosfinales");
     Choose("calculos");
@@ -200,15 +200,15 @@ TEST_F(WorkedDayTest, TheNextDayShowsTheOldConclusionsUntilItsOwnAreValidated) {
     Choose("introprimero");
     TypeSamples();
     for (const std::string_view button : {"Command1", "Command4", "Command5", "Command8"}) {
-        Push(button);
+        Press(button);
     }
     Choose("introsegundo");
     EXPECT_FALSE(form.Text5.Visible);
     TypeSamples();
-    for (const std::string_view button : {"Command1", "Command4", "Command5"}) Push(button);
+    for (const std::string_view button : {"Command1", "Command4", "Command5"}) Press(button);
     EXPECT_TRUE(form.Text5.Visible);
     ExpectAnswers("0.61", "0.001", kTwoDaysMore, kLow, "");  // the validation took Text7 away
-    Push("Command8");
+    Press("Command8");
     ExpectAnswers("0.61", "0.001", "SE CONTINUA  CON EL PLAN DE MEDICIONES", kLow, "NO");
     ExpectSheet(kClosed, ".");
     EXPECT_EQ(record.HojaPrimerDia(399), kTwoDaysMore);
@@ -220,7 +220,7 @@ TEST_F(WorkedDayTest, ARepeatedChainComesToTheSameSheet) {
     TypeSamples();
     for (int times = 1; times <= 2; ++times) {
         for (const std::string_view button : {"Command1", "Command4", "Command5", "Command8"}) {
-            Push(button);
+            Press(button);
         }
     }
     ExpectSheet(kClosed, ".");
@@ -232,7 +232,7 @@ TEST_F(WorkedDayTest, UnderACommaTheSameDayFallsIntoTheFirstColumn) {
     Choose("introprimero");
     TypeSamples();
     for (const std::string_view button : {"Command1", "Command4", "Command5", "Command8"}) {
-        Push(button);
+        Press(button);
     }
     ExpectSheet(kClosedUnderComma, ",");
     ExpectAnswers("0", "0", kBelowTenth, kLow, "NO");
@@ -272,7 +272,7 @@ TEST_F(ThreeTasksTest, EachPressOpensTheNextButtonUpToTheConclusions) {
     const std::string buttons = "12345678";
     for (std::size_t n = 1; n <= buttons.size(); ++n) {
         EXPECT_EQ(OpenButtons(), buttons.substr(0, n));
-        Push(std::string("Command") + buttons[n - 1]);
+        Press(std::string("Command") + buttons[n - 1]);
     }
     EXPECT_EQ(OpenButtons(), buttons);
     for (const int row : {1, 7, 13}) {
@@ -299,14 +299,14 @@ TEST_F(ThreeTasksTest, ARecoveredDayCanBeClosedAgainAndItsThirdTaskIsReachedThro
     }
     for (const std::string_view button : {"Command1", "Command2", "Command3", "Command4",
                                           "Command5", "Command6", "Command7", "Command8"}) {
-        Push(button);
+        Press(button);
     }
     const DaySheet closed = record.HojaSegundoDia;
     Choose("recupsegundodia");
     EXPECT_EQ(OpenButtons(), "128");
-    Push("Command8");
+    Press("Command8");
     EXPECT_TRUE(record.HojaSegundoDia == closed);
-    Push("Command2");
+    Press("Command2");
     EXPECT_EQ(OpenButtons(), "1238");
     EXPECT_EQ(form.Text7.Text, "") << "the validation takes the answer away";
 }

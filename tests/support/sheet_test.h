@@ -96,30 +96,13 @@ protected:
     }
 
     /// The code of the key after the filter of a cell has seen it.
-    KeyCode Press(int cell, KeyCode key) {
+    KeyCode Filtered(int cell, KeyCode key) {
         form.Text1_KeyPress(cell, key);
         return key;
     }
 
-    /// Types on a cell of the main grid as a user does: what the filter lets through is added.
-    void Type(int cell, std::string_view keys) {
-        for (const char letter : keys) {
-            const KeyCode key = Press(cell, static_cast<unsigned char>(letter));
-            if (key != kKeyRefused && key != kBackspace) {
-                form.Text1(cell).Text.push_back(static_cast<char>(key));
-            }
-        }
-    }
-
-    /// Presses a button that a user can press.
-    void Push(std::string_view name) {
-        const Control* control = form.FindControl(name);
-        ASSERT_NE(control, nullptr) << name;
-        const Button& button = *std::get<Button*>(control->state);
-        ASSERT_TRUE(button.Visible && button.Enabled) << name;
-        ASSERT_TRUE(control->events.Click) << name << " has no handler";
-        control->events.Click();
-    }
+    /// Types on a cell of the main grid.
+    void Type(int cell, std::string_view keys) { VelmoraTest::Type(Indexed("Text1", cell), keys); }
 
     Form5& form{Open<Form5>(ScreenId::Form5)};
 

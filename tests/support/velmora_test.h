@@ -11,6 +11,7 @@
 #include "core/numbers.h"
 #include "core/record.h"
 #include "support/scripted_host.h"
+#include "support/use.h"
 
 namespace velmora::test {
 
@@ -45,19 +46,17 @@ protected:
         return dynamic_cast<Form&>(chain.Current());
     }
 
-    /// Presses the entry of the menu of the current screen that bears this name.
-    void Choose(std::string_view entry) {
-        const MenuEntry* found = chain.Current().FindEntry(entry);
-        ASSERT_NE(found, nullptr) << entry;
-        ASSERT_TRUE(found->Click) << entry << " has no handler";
-        found->Click();
+    // What a person does on the current screen.
+    const Control& Find(std::string_view name) { return use::Find(chain.Current(), name); }
+    void Press(std::string_view button) { use::Press(chain.Current(), button); }
+    void Pick(std::string_view list, std::string_view item) {
+        use::Pick(chain.Current(), list, item);
     }
-
-    const Control& Find(const std::string& name) {
-        const Control* const control = chain.Current().FindControl(name);
-        if (control == nullptr) throw std::runtime_error("no control " + name);
-        return *control;
+    void Type(std::string_view cell, std::string_view text) {
+        use::Type(chain.Current(), cell, text);
     }
+    void DoubleClick(std::string_view cell) { use::DoubleClick(chain.Current(), cell); }
+    void Choose(std::string_view entry) { use::Choose(chain.Current(), entry); }
 
     WithSeparator separator{"."};
     EvaluacionRecord record;
