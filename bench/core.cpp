@@ -6,8 +6,8 @@ namespace velmora::bench {
 
 Rows MeasureCore(const Places& places) {
     constexpr int kRepetitions = 41;
-    Quiet<Host> host;
-    Core core(places.examples, host);
+    Core core;
+    Restore(places.examples, core.record);
     const EvaluacionRecord measured = core.record;
     const EvaluacionRecord plan = PlanOf(measured);
     const std::string saved = places.scratch + "/evaluated.doc";

@@ -9,8 +9,7 @@
 #include "evaluation.h"
 
 int main() {
-    velmora::bench::Quiet<velmora::Host> host;
-    velmora::bench::Core core(host);
+    velmora::bench::Core core;
     const velmora::Form5& sheet = velmora::bench::WorkDay(core);
     std::cout << std::fixed << std::setprecision(2);
     for (int row = 0; row < 3; ++row) {

@@ -3,7 +3,6 @@
 #include <array>
 #include <stdexcept>
 
-#include "app/screens.h"
 #include "core/grid.h"
 #include "final/form6.h"
 #include "store/evaluation_file.h"
@@ -37,10 +36,7 @@ std::tm LocalTime() {
     return local;
 }
 
-Core::Core(Host& host)
-    : chain([this, &host](ScreenId id) {
-          return MakeScreen(id, {record, chain, host});
-      }) {
+void PlanWorkedDay(EvaluacionRecord& record) {
     record.NumJornadas = 1;
     record.NumTareas = 1;
     record.TiempoExposicion(1, 1) = 8;
@@ -53,10 +49,9 @@ Core::Core(Host& host)
         record.TiempoMuestreo(1, c) = 15;
         record.Aditivo(1, c) = c == 1 ? 0 : 1;
     }
-    chain.Go(ScreenId::Form5);
 }
 
-Core::Core(const std::string& file, Host& host) : Core(host) {
+void Restore(const std::string& file, EvaluacionRecord& record) {
     ReadEvaluation(file, record);
     if (record.NumJornadas != 3) throw std::logic_error("no evaluation of three days in " + file);
 }
@@ -105,6 +100,8 @@ Form5& WorkDay(Core& core) {
         int entry = static_cast<int>(row) * grid::kColumns + grid::kFirstSample + 1;
         for (const std::string_view sample : kSamples.at(row)) measured(entry++) = sample;
     }
+    PlanWorkedDay(core.record);
+    core.chain.Go(ScreenId::Form5);
     auto& sheet = core.Current<Form5>();
     TypeDay(sheet, 1, measured);
     for (const int button : {1, 4, 5, 8}) HandlerOf(sheet, button)();

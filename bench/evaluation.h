@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/chain.h"
 #include "core/record.h"
 #include "forms/host.h"
 #include "sheet/form5.h"
+#include "support/core.h"
 
 namespace velmora::bench {
 
@@ -42,22 +42,14 @@ private:
     mutable long ticks_ = 0;
 };
 
-/// One run of the program without its window, on the sheet.
-struct Core {
-    /// The record is filled from an evaluation of three days.
-    Core(const std::string& file, Host& host);
-    /// The record holds the worked day's plan.
-    explicit Core(Host& host);
+/// Fills the record with the worked day's plan.
+void PlanWorkedDay(EvaluacionRecord& record);
 
-    /// The present screen, which has to be a `Form`.
-    template <class Form>
-    Form& Current() {
-        return dynamic_cast<Form&>(chain.Current());
-    }
+/// Fills the record from an evaluation of three days.
+void Restore(const std::string& file, EvaluacionRecord& record);
 
-    EvaluacionRecord record;
-    ScreenChain chain;
-};
+/// A run that stands on the sheet.
+using Core = velmora::Core<Quiet<Host>>;
 
 /// Every button of the sheet, in the order of a day of three tasks: "Command1" to "Command8".
 inline constexpr int kButtons = 8;
@@ -71,8 +63,8 @@ void TypeDay(Form5& sheet, int day, const DaySheet& slot);
 /// `measured` holds.
 void Evaluate(Core& core, const EvaluacionRecord& measured);
 
-/// The sheet of the worked day: one task of eight hours, three contaminants, all its buttons
-/// pressed.
+/// The sheet of the worked day, from its plan: one task of eight hours, three contaminants, all its
+/// buttons pressed.
 Form5& WorkDay(Core& core);
 
 /// The record without what the sheet and the final table came to.

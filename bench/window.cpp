@@ -14,6 +14,7 @@
 #include "evaluation.h"
 #include "resident_memory.h"
 #include "rows.h"
+#include "support/program_on.h"
 #include "support/screen_state.h"
 
 namespace velmora::bench {
@@ -36,29 +37,27 @@ public:
 };
 
 /// The program's window over an evaluation of three days, three tasks and six contaminants each.
-struct Program {
-    explicit Program(const std::string& file) : core(file, host), window(core.chain, host) {
+struct Program : ProgramOn<Quiet<QuietErrors>> {
+    explicit Program(const std::string& file) {
+        Restore(file, record);
+        Go(ScreenId::Form5);
         window.resize(825, 585);
         window.show();
         Settle();
     }
 
     void Go(ScreenId screen) {
-        window.Run([&] { core.chain.Go(screen); });
+        window.Run([&] { chain.Go(screen); });
         Settle();
     }
-
-    Quiet<QuietErrors> host;
-    Core core;
-    Window window;
 };
 
 Row MeasureMove(const Places& places) {
     constexpr int kRepetitions = 41;
     constexpr double kBudget = 1.3;
     Program program(places.examples);
-    Quiet<Host> host;
-    Core other(places.examples, host);
+    Core other;
+    Restore(places.examples, other.record);
     BareWindow bare;
     bare.show();
     const auto show_bare = [&](ScreenId screen) {
@@ -109,10 +108,10 @@ public:
           bare_(bare),
           handler_(HandlerOf(Sheet(), button)),
           name_("Command" + std::string(1, static_cast<char>('0' + button))),
-          record_before_(program.core.record),
+          record_before_(program.record),
           before_(test::StateOf(Sheet())) {
         program_.window.Run(handler_);
-        record_after_ = program_.core.record;
+        record_after_ = program_.record;
         after_ = test::StateOf(Sheet());
         changed_ = Differing(before_, after_);
     }
@@ -150,7 +149,7 @@ public:
                     kRepetitions, kBudget),
         };
         // The next button starts from where this one led to.
-        program_.core.record = record_after_;
+        program_.record = record_after_;
         SetContents(Sheet(), after_);
         program_.window.ShowChanges();
         SetBare();
@@ -159,10 +158,10 @@ public:
     }
 
 private:
-    Screen& Sheet() { return program_.core.chain.Current(); }
+    Screen& Sheet() { return program_.chain.Current(); }
 
     void Reset() {
-        program_.core.record = record_before_;
+        program_.record = record_before_;
         SetContents(Sheet(), before_);
         program_.window.ShowChanges();
         Settle();
@@ -194,18 +193,18 @@ private:
 
 Rows MeasureButtons(const Places& places) {
     Program program(places.examples);
-    const EvaluacionRecord measured = program.core.record;
-    TypeDay(program.core.Current<Form5>(), 1, measured.HojaPrimerDia);
+    const EvaluacionRecord measured = program.record;
+    TypeDay(program.Current<Form5>(), 1, measured.HojaPrimerDia);
     program.window.ShowChanges();
     BareWindow bare;
-    bare.Show(program.core.chain.Current());
+    bare.Show(program.chain.Current());
     bare.show();
     Settle();
     Rows rows;
     for (int button = 1; button <= kButtons; ++button) {
         for (const Row& row : ButtonRun(program, bare, button).Measure()) rows.push_back(row);
     }
-    if (program.core.record.HojaPrimerDia != measured.HojaPrimerDia) {
+    if (program.record.HojaPrimerDia != measured.HojaPrimerDia) {
         throw std::logic_error("the day came to something else");
     }
     return rows;
@@ -252,8 +251,9 @@ Rows MeasureClock(const Places& places) {
     };
     std::vector<double> bare_shares;
     const auto bare = [&] {
-        Quiet<Host> host;
-        const Core core(places.examples, host);
+        Core core;
+        Restore(places.examples, core.record);
+        core.chain.Go(ScreenId::Form5);
         BareWindow window;
         window.Show(core.chain.Current());
         window.show();
@@ -281,9 +281,9 @@ Rows MeasureClock(const Places& places) {
 
 int ShowMemoryOfSheet(const Places& places) {
     Program program(places.examples);
-    TypeDay(program.core.Current<Form5>(), 1, program.core.record.Hoja(1));
+    TypeDay(program.Current<Form5>(), 1, program.record.Hoja(1));
     for (int button = 1; button <= kButtons; ++button) {
-        program.window.Run(HandlerOf(program.core.chain.Current(), button));
+        program.window.Run(HandlerOf(program.chain.Current(), button));
         Settle();
     }
     std::cout << ResidentMemory() << '\n';

@@ -151,9 +151,9 @@ void Leave(const Road& road, QMessageBox::StandardButton preset) {
                               .buttons = QMessageBox::Yes | QMessageBox::No,
                               .preset = preset});
         road.robot.Choose("salir");
-        const auto& status = road.program.exit_status;
+        const std::vector<int>& ends = road.program.ends;
         road.guide.Check(answer == QMessageBox::No ? "Con No, el programa" : "Con Sí, el programa",
-                         status ? "termina con " + std::to_string(*status) : "sigue",
+                         ends.empty() ? "sigue" : "termina con " + std::to_string(ends.back()),
                          answer == QMessageBox::No ? "sigue" : "termina con 0");
     }
 }

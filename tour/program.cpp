@@ -8,7 +8,6 @@
 namespace velmora::tour {
 
 Program::Program(const std::filesystem::path& printed_page, int pace) {
-    host.owner = [this] { return OwnerOf(chain.Current(), record); };
     host.make_printer = [printed_page] {
         auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
         printer->setOutputFormat(QPrinter::PdfFormat);

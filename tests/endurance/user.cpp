@@ -15,7 +15,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "app/screens.h"
 #include "core/numbers.h"
 #include "qt/text.h"
 
@@ -36,11 +35,6 @@ const std::array<std::vector<const char*>, 6> kMoves = {{
 constexpr std::array<const char*, 3> kEnter = {"introprimero", "introsegundo", "introtercero"};
 constexpr std::array<const char*, 3> kRecover = {"recupprimerdia", "recupsegundodia",
                                                  "recuptercerdia"};
-
-ScreenChain& Started(ScreenChain& chain) {
-    chain.Go(ScreenId::Form1);
-    return chain;
-}
 
 std::string Digits(int n) { return TextoEntero(Entero(n)); }
 
@@ -72,27 +66,20 @@ int Random::Below(int n) {
 }
 
 User::User(std::string file)
-    : file_(std::move(file)),
-      host_(file_),
-      chain_([this](ScreenId id) {
-          return MakeScreen(id, {record_, chain_, host_});
-      }),
-      window_(Started(chain_), host_),
-      saved_(kKinds),
-      rounds_(kKinds) {
-    host_.Attach(window_);
-    host_.end = [this](int status) { Fault("the process ended with " + Digits(status)); };
+    : file_(std::move(file)), program_(file_), saved_(kKinds), rounds_(kKinds) {
+    program_.host.Attach(window_);
+    program_.host.end = [this](int status) { Fault("the process ended with " + Digits(status)); };
     window_.show();
 }
 
 std::vector<std::string> User::Faults() const {
     std::vector<std::string> all = faults_;
-    all.insert(all.end(), host_.refusals.begin(), host_.refusals.end());
+    all.insert(all.end(), program_.host.refusals.begin(), program_.host.refusals.end());
     return all;
 }
 
 void User::Fault(const std::string& fault) {
-    faults_.push_back(fault + " on " + std::string(chain_.Current().Name()));
+    faults_.push_back(fault + " on " + std::string(program_.chain.Current().Name()));
 }
 
 template <class Widget>

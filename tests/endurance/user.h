@@ -6,11 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "core/chain.h"
-#include "core/record.h"
 #include "endurance/dialogs.h"
 #include "qt/qt_host.h"
-#include "qt/window.h"
+#include "support/program_on.h"
 
 namespace velmora::endurance {
 
@@ -59,10 +57,10 @@ public:
     void GoHome();
 
     std::vector<Remains> CompareDialogs(int times) {
-        return endurance::CompareDialogs(host_, window_, times);
+        return endurance::CompareDialogs(program_.host, window_, times);
     }
 
-    ScreenId Screen() const { return chain_.Current().Id(); }
+    ScreenId Screen() const { return program_.chain.Current().Id(); }
     /// What went wrong so far.
     std::vector<std::string> Faults() const;
 
@@ -85,10 +83,8 @@ private:
     void CompareSaved(int kind);
 
     std::string file_;
-    EvaluacionRecord record_;
-    AnsweringHost host_;
-    ScreenChain chain_;
-    Window window_;
+    ProgramOn<AnsweringHost> program_;
+    Window& window_ = program_.window;
     std::vector<std::optional<std::string>> saved_;  ///< by kind, from the second round on
     std::vector<int> rounds_;
     std::vector<std::string> faults_;

@@ -2,11 +2,7 @@
 
 #include <QLineEdit>
 #include <QPalette>
-#include <QTest>
 
-#include <stdexcept>
-
-#include "core/numbers.h"
 #include "forms/screen.h"
 #include "support/messages.h"
 
@@ -26,12 +22,6 @@ const char* Of(const std::array<const char*, 3>& names, int day) {
 std::string CellOf(int row, int column) { return Indexed("Text1", 18 * row + column); }
 
 }  // namespace
-
-Program::Program() {
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window)) throw std::runtime_error("no active window");
-}
 
 void Journey::EnterCompany() {
     robot.Choose("Nuevaempresa");
@@ -237,10 +227,6 @@ std::vector<std::string> Journey::Marked() const {
     }
     return marked;
 }
-
-JourneyTest::JourneyTest() : separator_before_(DecimalSeparator()) { SetDecimalSeparator("."); }
-
-JourneyTest::~JourneyTest() { SetDecimalSeparator(separator_before_); }
 
 Robot::Box Refusal(std::string text) { return {.text = std::move(text)}; }
 

@@ -8,16 +8,12 @@
 
 #include "journeys/expected.h"
 #include "support/program.h"
+#include "support/velmora_test.h"
 
 namespace velmora::journeys {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-/// One run of the program, its window active.
-struct Program : velmora::Program {
-    Program();
-};
 
 /// The steps of an evaluation, by mouse and keys. Each starts on the screen where the one before it
 /// ended and fails the test where the window shows something else than was computed.
@@ -66,16 +62,13 @@ public:
 /// An evaluation's window and its steps; the end of the process fails the test.
 class JourneyTest : public ::testing::Test {
 protected:
-    JourneyTest();
-    ~JourneyTest() override;
+    JourneyTest() { run.Show(); }
 
-    void TearDown() override { EXPECT_FALSE(run.exit_status) << "the process ended"; }
+    void TearDown() override { EXPECT_THAT(run.ends, IsEmpty()) << "the process ended"; }
 
+    test::WithSeparator separator{"."};
     Program run;
     Robot& robot = run.robot;
-
-private:
-    std::string separator_before_;
 };
 
 /// Boxes as the logic opens them.

@@ -3,7 +3,6 @@
 #include <exception>
 #include <utility>
 
-#include "app/screens.h"
 #include "forms/screen.h"
 #include "support/use.h"
 
@@ -19,18 +18,18 @@ struct Ended {};
 MsgBoxAnswer AnsweringHost::MsgBox(std::string_view prompt, MsgBoxStyle style,
                                    std::string_view title) {
     const MsgBoxAnswer answer = style == MsgBoxStyle::Ok ? MsgBoxAnswer::Ok : action_->answer;
-    outcome_->boxes.push_back({std::string(prompt), style, std::string(title), answer});
+    outcome.boxes.push_back({std::string(prompt), style, std::string(title), answer});
     return answer;
 }
 
 void AnsweringHost::ShowSave(CommonDialog& dialog) {
-    outcome_->file_dialogs.push_back(dialog);
+    outcome.file_dialogs.push_back(dialog);
     if (action_->file) dialog.FileName = (folder_ / *action_->file).string();
 }
 
-void AnsweringHost::ShowPrinter(CommonDialog& dialog) { outcome_->print_dialogs.push_back(dialog); }
+void AnsweringHost::ShowPrinter(CommonDialog& dialog) { outcome.print_dialogs.push_back(dialog); }
 
-void AnsweringHost::PrintForm() { ++outcome_->prints; }
+void AnsweringHost::PrintForm() { ++outcome.prints; }
 
 std::tm AnsweringHost::Now() const {
     const auto day = std::chrono::floor<std::chrono::days>(now_);
@@ -47,21 +46,15 @@ std::tm AnsweringHost::Now() const {
 }
 
 void AnsweringHost::End(int status) {
-    outcome_->ended = status;
+    outcome.ended = status;
     throw Ended{};
 }
 
-Process::Process(const std::filesystem::path& folder)
-    : host_(folder, outcome_), chain_([this](ScreenId id) {
-          ++outcome_.screens_made;
-          return MakeScreen(id, Environment{record, chain_, host_});
-      }) {
-    chain_.Go(ScreenId::Form1);
-}
+Process::Process(const std::filesystem::path& folder) : Core(folder) { chain.Go(ScreenId::Form1); }
 
 void Process::Open(ScreenId id) {
-    if (id != Current().Id()) chain_.Go(id);
-    chain_.Settle();
+    if (id != Current().Id()) chain.Go(id);
+    chain.Settle();
 }
 
 bool Process::Offers(const Action& action) const {
@@ -90,18 +83,21 @@ bool Process::Offers(const Action& action) const {
 }
 
 const Outcome& Process::Perform(const Action& action) {
-    outcome_ = {};
-    host_.Answer(action);
+    Outcome& outcome = host.outcome;
+    outcome = {};
+    const int made = screens_made;
+    host.Answer(action);
     try {
         Do(action);
-        if (!action.at_once) chain_.Settle();
+        if (!action.at_once) chain.Settle();
     } catch (const Ended&) {
     } catch (const ErrorEjecucion& error) {
-        outcome_.error = error.Kind();
+        outcome.error = error.Kind();
     } catch (const std::exception& error) {
-        outcome_.foreign_exception = error.what();
+        outcome.foreign_exception = error.what();
     }
-    return outcome_;
+    outcome.screens_made = screens_made - made;
+    return outcome;
 }
 
 void Process::Do(const Action& action) {
@@ -127,7 +123,7 @@ void Process::Do(const Action& action) {
             use::Choose(screen, action.target);
             break;
         case Kind::Tick:
-            host_.Wait(action.number);
+            host.Wait(action.number);
             screen.Timer1_Timer();
             break;
         default:

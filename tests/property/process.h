@@ -8,11 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "core/chain.h"
-#include "core/record.h"
 #include "forms/host.h"
 #include "property/action.h"
 #include "runtime/error.h"
+#include "support/core.h"
 
 namespace velmora::property {
 
@@ -42,8 +41,7 @@ struct Outcome {
 /// A toolkit that answers every box and dialog as the action at hand says.
 class AnsweringHost : public Host {
 public:
-    AnsweringHost(std::filesystem::path folder, Outcome& outcome)
-        : folder_(std::move(folder)), outcome_(&outcome) {}
+    explicit AnsweringHost(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
     void Answer(const Action& action) { action_ = &action; }
     void Wait(int seconds) { now_ += std::chrono::seconds(seconds); }
@@ -56,21 +54,20 @@ public:
     std::tm Now() const override;
     [[noreturn]] void End(int status) override;
 
+    Outcome outcome;
+
 private:
     std::filesystem::path folder_;
-    Outcome* outcome_;
     const Action* action_ = nullptr;
     std::chrono::sys_seconds now_{std::chrono::sys_days{std::chrono::year{2024} / 2 / 28} +
                                   std::chrono::hours{23}};
 };
 
 /// One run of the program, from `Form1` on, used as a window would use it.
-class Process {
+class Process : Core<AnsweringHost> {
 public:
     /// Files are named within `folder`.
     explicit Process(const std::filesystem::path& folder);
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
 
     /// Whether the screen offers this action at the moment. Never so for the actions on files.
     bool Offers(const Action& action) const;
@@ -78,19 +75,15 @@ public:
     /// Does an action that the screen offers. Once the outcome doesn't live, the process is over.
     const Outcome& Perform(const Action& action);
 
-    Screen& Current() const { return chain_.Current(); }
-    std::tm Now() const { return host_.Now(); }
+    Screen& Current() const { return chain.Current(); }
+    std::tm Now() const { return host.Now(); }
     /// Goes to a screen by no entry of a menu, as a start from the middle.
     void Open(ScreenId id);
 
-    EvaluacionRecord record;
+    using Core::record;
 
 private:
     void Do(const Action& action);
-
-    Outcome outcome_;
-    AnsweringHost host_;
-    ScreenChain chain_;
 };
 
 }  // namespace velmora::property

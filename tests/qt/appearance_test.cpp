@@ -86,14 +86,14 @@ protected:
 TEST_F(SheetAppearance, ACellTooNarrowForItsTextTellsItWholeInItsToolTip) {
     auto& form5 = OpenSheet(1, 1, 1);
     form5.Text3(0).Text = "536.069661301946";
-    window->ShowChanges();
+    window.ShowChanges();
     EXPECT_EQ(ToolTipOver(Cell("Text3(0)")), QStringLiteral("536.069661301946"));
 }
 
 TEST_F(SheetAppearance, ACellThatShowsAllItsTextHasNoToolTip) {
     auto& form5 = OpenSheet(1, 1, 1);
     form5.Text3(0).Text = "384";
-    window->ShowChanges();
+    window.ShowChanges();
     EXPECT_EQ(ToolTipOver(Cell("Text3(0)")), QString());
 }
 
@@ -102,13 +102,13 @@ TEST_F(SheetAppearance, ASampleOverItsLimitIsToldToAScreenReaderToo) {
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QString());
     form5.Text1(7).BackColor = 250;
     form5.Text1(7).ForeColor = kWindowBackground;
-    window->ShowChanges();
+    window.ShowChanges();
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QStringLiteral("Sobre el límite"));
     EXPECT_EQ(Cell("Text1(7)").palette().color(QPalette::Base), QColor(250, 0, 0));
     EXPECT_EQ(Cell("Text1(7)").palette().color(QPalette::Text), QColor(Qt::white));
     form5.Text1(7).BackColor = kWindowBackground;
     form5.Text1(7).ForeColor = kWindowText;
-    window->ShowChanges();
+    window.ShowChanges();
     EXPECT_EQ(Cell("Text1(7)").accessibleDescription(), QString());
 }
 

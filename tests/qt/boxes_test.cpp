@@ -61,7 +61,7 @@ protected:
                       std::string_view title = "Velmora") {
         std::optional<MsgBoxAnswer> answer;
         robot.Act("showing a box",
-                  [&] { window->Run([&] { answer = host.MsgBox(prompt, style, title); }); });
+                  [&] { window.Run([&] { answer = host.MsgBox(prompt, style, title); }); });
         return answer.value();
     }
 };
@@ -148,9 +148,9 @@ TEST_F(BoxTest, NothingOfTheWindowIsReachedWhileItIsOpen) {
     robot.on_modal = [&](QDialog& modal) {
         EXPECT_TRUE(modal.isModal());
         const QWidget& cell = robot.Find("Text1(4)");
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-                          cell.mapTo(window.get(), cell.rect().center()));
-        QTest::keyClick(window->windowHandle(), Qt::Key_A);
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                          cell.mapTo(&window, cell.rect().center()));
+        QTest::keyClick(window.windowHandle(), Qt::Key_A);
     };
     robot.ExpectBox(BoxOf("x", MsgBoxStyle::Ok));
     Show("x", MsgBoxStyle::Ok);

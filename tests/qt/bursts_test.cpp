@@ -112,10 +112,10 @@ protected:
     int ScreensMadeBy(const std::string& title, const std::string& name, const Use& use) {
         Open(GetParam());
         Drain();
-        QWidget* owner = window->menuBar();
+        QWidget* owner = window.menuBar();
         if (!title.empty()) {
             QMenu* const menu = Action(title).menu();
-            menu->popup(window->mapToGlobal(QPoint(20, 20)));
+            menu->popup(window.mapToGlobal(QPoint(20, 20)));
             owner = menu;
         }
         const int before = screens_made;
@@ -137,11 +137,11 @@ TEST_P(BurstTest, AnEntryUsedTwiceAtOnceMovesOnce) {
 }
 
 TEST_P(BurstTest, AListThatStandsOpenGoesWithItsScreen) {
-    auto* const list = new QMenu(window->menuBar());
+    auto* const list = new QMenu(window.menuBar());
     list->addAction(QStringLiteral("entrada"));
-    list->popup(window->mapToGlobal(QPoint(20, 20)));
+    list->popup(window.mapToGlobal(QPoint(20, 20)));
     ASSERT_EQ(QApplication::activePopupWidget(), list);
-    window->Run([this] { chain.Go(ScreenId::Form1); });
+    window.Run([this] { chain.Go(ScreenId::Form1); });
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 

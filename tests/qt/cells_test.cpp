@@ -33,16 +33,16 @@ protected:
     /// Drags a text over the middle of a widget, by the road through the native window, and drops
     /// it where the window takes it; tells whether it did.
     bool Drop(QWidget& widget, std::string_view text) {
-        const QPoint place = widget.mapTo(window.get(), widget.rect().center());
+        const QPoint place = widget.mapTo(&window, widget.rect().center());
         QMimeData data;
         data.setText(ToQt(text));
         QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(window->windowHandle(), &enter);
+        QCoreApplication::sendEvent(window.windowHandle(), &enter);
         if (!enter.isAccepted()) return false;
         QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(window->windowHandle(), &move);
+        QCoreApplication::sendEvent(window.windowHandle(), &move);
         QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(window->windowHandle(), &drop);
+        QCoreApplication::sendEvent(window.windowHandle(), &drop);
         return true;
     }
 
@@ -161,7 +161,7 @@ TEST_P(FilteredCellTest, NoKeyThatEditsWithoutACharacterOfTheFilterChangesIt) {
         Edit(cell).selectAll();
     }
     for (const Qt::Key key : {Qt::Key_Paste, Qt::Key_Cut, Qt::Key_Undo, Qt::Key_Redo}) {
-        QTest::sendKeyEvent(QTest::Click, window->windowHandle(), key, QString(), {});
+        QTest::sendKeyEvent(QTest::Click, window.windowHandle(), key, QString(), {});
         ExpectUntouched("a key of its own for an edit");
         Edit(cell).selectAll();
     }
@@ -530,7 +530,7 @@ TEST_F(CellTest, ALongTextGoesOnWhereItsCaretWasWhenTheFocusComesBack) {
 
 TEST_F(CellTest, ALongTextTakesAKeyAtItsCaretEvenWithoutTheFocus) {
     Open(ScreenId::Form2);
-    window->Run([this] { Current<Form2>().Text1(4).Text = std::string(200, 'm'); });
+    window.Run([this] { Current<Form2>().Text1(4).Text = std::string(200, 'm'); });
     robot.Click("Text1(3)");
     QTest::keyClick(&Edit("Text1(4)"), Qt::Key_X);
     EXPECT_EQ(robot.Text("Text1(4)"), std::string(200, 'm') + "x");
@@ -539,7 +539,7 @@ TEST_F(CellTest, ALongTextTakesAKeyAtItsCaretEvenWithoutTheFocus) {
 TEST_F(CellTest, ATextThatTheProgramGivesHasTheCaretAtItsEnd) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form2);
-    window->Run([this] { Current<Form2>().Text1(4).Text = "Pinturas"; });
+    window.Run([this] { Current<Form2>().Text1(4).Text = "Pinturas"; });
     Edit("Text1(4)").setFocus();
     robot.Type(" del Norte");
     EXPECT_EQ(robot.Text("Text1(4)"), "Pinturas del Norte");

@@ -35,7 +35,7 @@ protected:
     CutTextTest() { Open(ScreenId::Form2); }
 
     void Give(const std::string& text) {
-        window->Run([&] { Current<Form2>().Text1(4).Text = text; });
+        window.Run([&] { Current<Form2>().Text1(4).Text = text; });
     }
     QLineEdit& Cell() { return robot.Find<QLineEdit>("Text1(4)"); }
 };
@@ -70,7 +70,7 @@ TEST_F(CutTextTest, ItShowsItsBeginningWhenTheFocusComes) {
 TEST_F(CutTextTest, ItsToolTipSaysTheWholeAndThenItsOwnWords) {
     const QString figure(40, u'1');
     OpenSheet(1, 1, 1).Text1(7).Text = figure.toStdString();
-    window->ShowChanges();
+    window.ShowChanges();
     auto& cell = robot.Find<QLineEdit>("Text1(7)");
     QHelpEvent event(QEvent::ToolTip, {2, 2}, cell.mapToGlobal(QPoint(2, 2)));
     QCoreApplication::sendEvent(&cell, &event);
@@ -85,7 +85,7 @@ protected:
     CutListTest() { OpenRows(2); }
 
     void Give(const std::string& text) {
-        window->Run([&] { Current<Form4>().Combo13(0).Text = text; });
+        window.Run([&] { Current<Form4>().Combo13(0).Text = text; });
     }
     QComboBox& List() { return robot.Find<QComboBox>("Combo13(0)"); }
 };

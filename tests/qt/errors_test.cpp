@@ -98,21 +98,20 @@ TEST_F(RunTimeErrorTest, ATextThatIsNoNumberWhereAnIntegerIsWantedIsAMismatch) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form3);
     ExpectEnd("los tipos no coinciden.", [this] {
-        robot.Act("a step with a bad text",
-                  [this] { window->Run([] { ConvertirEntero("dos"); }); });
+        robot.Act("a step with a bad text", [this] { window.Run([] { ConvertirEntero("dos"); }); });
     });
 }
 
 TEST_F(RunTimeErrorTest, AnyOtherFaultEndsTheProgramTheSameWay) {
     robot.ExpectBox(ErrorBox("Error en tiempo de ejecución: error interno."));
-    robot.Act("a fault", [this] { window->Run([] { throw std::length_error("x"); }); });
+    robot.Act("a fault", [this] { window.Run([] { throw std::length_error("x"); }); });
     EXPECT_THAT(TakeEnds(), ElementsAre(1));
 }
 
 TEST_F(RunTimeErrorTest, AKeyFiltersErrorEndsTheProgramToo) {
     OpenSheet(1, 1, 1);
     // Digits are counted in 16 bits: the one past 32767 overflows.
-    window->Run([this] {
+    window.Run([this] {
         KeyCode digit = '1';
         for (int i = 0; i < 32767; ++i) Current<Form5>().Text1_KeyPress(7, digit);
     });
@@ -127,7 +126,7 @@ TEST_F(RunTimeErrorTest, NothingRunsBehindItsBoxNorAfterIt) {
     robot.on_modal = [&](QDialog&) {
         ends_while_open = TakeEnds();
         Action("contaminantes").trigger();
-        window->close();
+        window.close();
     };
     ExpectErrorBox("operación aritmética no válida.");
     robot.Press("Command1");
@@ -137,7 +136,7 @@ TEST_F(RunTimeErrorTest, NothingRunsBehindItsBoxNorAfterIt) {
 
     robot.Act("going on", [this] {
         Action("contaminantes").trigger();
-        window->close();
+        window.close();
         robot.Find<QPushButton>("Command1").click();
     });
     robot.Type("Text1(9)", "7");

@@ -23,14 +23,14 @@ namespace {
 class FocusTest : public WindowTest {
 protected:
     std::string ActiveTitle() const {
-        const QAction* const active = window->menuBar()->activeAction();
+        const QAction* const active = window.menuBar()->activeAction();
         return active == nullptr ? std::string() : active->text().toStdString();
     }
 
     /// Presses and releases Alt by itself, by the road of a real key.
     void PressAlt() {
         robot.Act("Alt", [this] {
-            QWindow* const native = window->windowHandle();
+            QWindow* const native = window.windowHandle();
             QTest::sendKeyEvent(QTest::Press, native, Qt::Key_Alt, QString(), Qt::NoModifier);
             QTest::sendKeyEvent(QTest::Release, native, Qt::Key_Alt, QString(), Qt::NoModifier);
         });
@@ -39,16 +39,16 @@ protected:
     /// Opens a title's list by the mouse.
     void OpenList(std::string_view title) {
         robot.Act("opening a list", [&] {
-            const QMenuBar& bar = *window->menuBar();
-            QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-                              bar.mapTo(window.get(), bar.actionGeometry(&Action(title)).center()));
+            const QMenuBar& bar = *window.menuBar();
+            QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                              bar.mapTo(&window, bar.actionGeometry(&Action(title)).center()));
         });
         ASSERT_NE(QApplication::activePopupWidget(), nullptr);
     }
 
-    QImage Picture(const QWidget& widget) const {
-        const QRect place(widget.mapTo(window.get(), QPoint()), widget.size());
-        return window->grab(place).toImage();
+    QImage Picture(const QWidget& widget) {
+        const QRect place(widget.mapTo(&window, QPoint()), widget.size());
+        return window.grab(place).toImage();
     }
 
     /// Whether the outermost line of pixels of the widget's picture is of one colour all round.
@@ -312,9 +312,9 @@ TEST_F(FocusTest, TheFrameGrowsWithTheWindow) {
         while (picture.pixelColor(picture.width() / 2, lines) == FocusColor()) ++lines;
         return lines;
     };
-    robot.Act("a small window", [this] { window->resize(825, 585); });
+    robot.Act("a small window", [this] { window.resize(825, 585); });
     EXPECT_EQ(thickness(), 2);
-    robot.Act("a large one", [this] { window->resize(2475, 1755); });
+    robot.Act("a large one", [this] { window.resize(2475, 1755); });
     EXPECT_EQ(thickness(), 6) << "three times as large";
 }
 
@@ -322,11 +322,11 @@ TEST_F(FocusTest, TheFrameOfAnUpperRowIsWholeAndAllElseStaysAsItWasLaidOut) {
     OpenSheet(1, 1, 3);
     const QWidget& cell = robot.Find("Text1(8)");
     robot.Click("Text1(26)");
-    const QImage before = window->grab().toImage();
+    const QImage before = window.grab().toImage();
     robot.Click("Text1(8)");
     EXPECT_TRUE(IsFramed(Picture(cell), FocusColor()));
     robot.Click("Text1(26)");
-    EXPECT_EQ(window->grab().toImage(), before) << "coming back, nothing has been restacked";
+    EXPECT_EQ(window.grab().toImage(), before) << "coming back, nothing has been restacked";
 }
 
 TEST_F(FocusTest, WalkingThroughTheCellsKeepsTheOrderThatAScreenReaderTells) {
@@ -334,7 +334,7 @@ TEST_F(FocusTest, WalkingThroughTheCellsKeepsTheOrderThatAScreenReaderTells) {
     const auto told = [this] {
         std::vector<std::string> names;
         const QAccessibleInterface* const canvas =
-            QAccessible::queryAccessibleInterface(window->centralWidget());
+            QAccessible::queryAccessibleInterface(window.centralWidget());
         for (int i = 0; i < canvas->childCount(); ++i) {
             names.push_back(canvas->child(i)->object()->objectName().toStdString());
         }

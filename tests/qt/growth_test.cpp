@@ -25,9 +25,9 @@ class GrowthTest : public WindowTest {
 protected:
     /// Gives the window this size and lets it lay itself out.
     void Resize(int width, int height) {
-        window->resize(width, height);
+        window.resize(width, height);
         QCoreApplication::processEvents();
-        EXPECT_EQ(window->size(), QSize(width, height));
+        EXPECT_EQ(window.size(), QSize(width, height));
     }
 };
 
@@ -39,7 +39,7 @@ TEST_F(GrowthTest, ALetterIsAsLargeOnEachOfTheSixScreens) {
         std::set<int> clocks;  // all of 8.25 points
         for (const ScreenId id : kScreens) {
             Open(id);
-            rooms.insert(window->findChild<Canvas*>()->ScreenRect().width());
+            rooms.insert(window.findChild<Canvas*>()->ScreenRect().width());
             const Label* const clock = &chain.Current().Clock();
             for (const Control& control : chain.Current().Controls()) {
                 const auto* const label = std::get_if<Label*>(&control.state);
@@ -107,10 +107,10 @@ TEST(FirstSizeTest, IsAboutSeventyPerCentOfALargeDisplayAndAllOfASmallOne) {
 }
 
 TEST_F(GrowthTest, TheWindowStartsMaximizedOnASmallDisplay) {
-    ASSERT_EQ(window->screen()->availableSize(), QSize(800, 800));  // what the platform gives
-    window->hide();
-    window->Start();
-    EXPECT_TRUE(window->isMaximized());
+    ASSERT_EQ(window.screen()->availableSize(), QSize(800, 800));  // what the platform gives
+    window.hide();
+    window.Start();
+    EXPECT_TRUE(window.isMaximized());
 }
 
 /// Sizes at the layout's own size and at twice it.
@@ -161,7 +161,7 @@ TEST_F(GrowingThings, ABoxGrowsWithItsLettersAndItsSign) {
     const Twice signs = Measure([&] {
         robot.ExpectBox(BoxOf("x", MsgBoxStyle::YesNoInformation, QMessageBox::Yes));
         robot.Act("a box", [&] { host.MsgBox("x", MsgBoxStyle::YesNoInformation, "Velmora"); });
-        EXPECT_THAT(letters, ::testing::ElementsAre(window->width() == 825 ? 13 : 26));
+        EXPECT_THAT(letters, ::testing::ElementsAre(window.width() == 825 ? 13 : 26));
         return sign;
     });
     EXPECT_GT(signs.once, 0);
@@ -211,7 +211,7 @@ TEST_F(GrowingThings, ABoxIsInTheMiddleAndKeepsItsSizeWhenItIsLaidOutAgain) {
     robot.ExpectBox(BoxOf(text, MsgBoxStyle::Ok));
     robot.Act("a box", [&] { host.MsgBox(text, MsgBoxStyle::Ok, "Velmora"); });
     EXPECT_EQ(resizes.count, 0);
-    EXPECT_NEAR(place.center().x(), window->frameGeometry().center().x(), 2);
+    EXPECT_NEAR(place.center().x(), window.frameGeometry().center().x(), 2);
 }
 
 TEST_F(GrowingThings, ABoxWhoseLineIsWiderThanTheDisplayBreaksItAndShowsItWhole) {
@@ -315,7 +315,7 @@ TEST_F(GrowingThings, ThePrintDialogGrows) {
 
 TEST_F(GrowingThings, AToolTipGrows) {
     Resize(1650, 1214);
-    QToolTip::showText(window->mapToGlobal(QPoint(10, 10)), QStringLiteral("una frase"));
+    QToolTip::showText(window.mapToGlobal(QPoint(10, 10)), QStringLiteral("una frase"));
     const auto shown = QApplication::topLevelWidgets();
     const auto tip = std::ranges::find_if(
         shown, [](const QWidget* w) { return w->inherits("QTipLabel") && w->isVisible(); });

@@ -157,7 +157,7 @@ TEST_F(HelpTest, TheCellsOfSamplingTimesTellHowTheyChange) {
 TEST_F(HelpTest, TheContaminantsAreCopiedWithTheirHeadings) {
     OpenRows(2);
     robot.Press("Command3");
-    window->Run([this] { Current<Form4>().Text1(1).Text = "uno\tdos"; });
+    window.Run([this] { Current<Form4>().Text1(1).Text = "uno\tdos"; });
     TakeLastEntry("Text1(6)");
     EXPECT_EQ(Copied(),
               "Nº\tNombre del contaminante\tVLA-ED\tVLA-EC\tTM\tAdit.\tUnidades\n"

@@ -41,14 +41,14 @@ protected:
     LayoutTest() {
         const auto& [id, size] = GetParam();
         Open(id);
-        window->resize(size.width, size.height);
+        window.resize(size.width, size.height);
         QCoreApplication::processEvents();
-        const auto shown = std::make_pair(window->width(), window->height());
+        const auto shown = std::make_pair(window.width(), window.height());
         EXPECT_EQ(shown, std::make_pair(size.width, size.height));
     }
 
     const Screen& Shown() { return chain.Current(); }
-    Canvas& Area() { return *window->findChild<Canvas*>(); }
+    Canvas& Area() { return *window.findChild<Canvas*>(); }
 };
 
 TEST_P(LayoutTest, NoControlReachesOutOfTheWindow) {
@@ -138,14 +138,14 @@ TEST_P(LayoutTest, AFigureOfTheSheetFitsItsCellInHeight) {
 }
 
 TEST_P(LayoutTest, TheMenuBarShowsEveryTitle) {
-    const QRect bar = window->menuBar()->rect();
-    for (QAction* const action : window->menuBar()->actions()) {
-        const QRect place = window->menuBar()->actionGeometry(action);
+    const QRect bar = window.menuBar()->rect();
+    for (QAction* const action : window.menuBar()->actions()) {
+        const QRect place = window.menuBar()->actionGeometry(action);
         EXPECT_TRUE(bar.contains(place)) << action->objectName().toStdString();
         EXPECT_GT(place.width(), 7) << action->objectName().toStdString();
         if (action->text().isEmpty()) continue;
         EXPECT_GE(place.width(),
-                  QFontMetrics(window->menuBar()->font()).horizontalAdvance(action->text()))
+                  QFontMetrics(window.menuBar()->font()).horizontalAdvance(action->text()))
             << action->objectName().toStdString();
     }
 }

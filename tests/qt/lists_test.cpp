@@ -40,10 +40,10 @@ protected:
 
     /// Sends the wheel over a widget through the native window.
     void TurnWheel(const QWidget& widget, int steps) {
-        const QPoint place = widget.mapTo(window.get(), widget.rect().center());
-        QWheelEvent event(place, window->mapToGlobal(place), {}, {0, 120 * steps}, Qt::NoButton,
+        const QPoint place = widget.mapTo(&window, widget.rect().center());
+        QWheelEvent event(place, window.mapToGlobal(place), {}, {0, 120 * steps}, Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(window->windowHandle(), &event);
+        QCoreApplication::sendEvent(window.windowHandle(), &event);
         QCoreApplication::processEvents();
     }
 
@@ -58,7 +58,7 @@ protected:
 
 TEST_F(ListTest, TheLongestListOpensWithAllItsItems) {
     auto& form3 = Open<Form3>(ScreenId::Form3);
-    window->Run([&] {
+    window.Run([&] {
         form3.Combo1(4).Visible = true;
         form3.Combo1(4).Locked = false;
     });
@@ -107,7 +107,7 @@ TEST_F(TaskListTest, DownAndUpOnTheClosedListPickAndRunTheHandler) {
         ExpectText("Combo1", text);
         EXPECT_FALSE(IsOpen("Combo1"));
         EXPECT_TRUE(robot.Visible("Text1(9)")) << text;
-        window->Run([this] { Current<Form4>().Text1(9).Visible = false; });
+        window.Run([this] { Current<Form4>().Text1(9).Visible = false; });
     }
 }
 
@@ -196,9 +196,9 @@ TEST_F(TaskListTest, ADropIsNotTaken) {
     const QWidget& list = Box("Combo1");
     QMimeData data;
     data.setText(QStringLiteral("1"));
-    QDragEnterEvent enter(list.mapTo(window.get(), list.rect().center()), Qt::CopyAction, &data,
+    QDragEnterEvent enter(list.mapTo(&window, list.rect().center()), Qt::CopyAction, &data,
                           Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window->windowHandle(), &enter);
+    QCoreApplication::sendEvent(window.windowHandle(), &enter);
     EXPECT_FALSE(enter.isAccepted());
     ExpectText("Combo1", "");
 }
@@ -209,8 +209,8 @@ TEST_F(TaskListTest, AMiddleOrRightClickOffersNothingThatChangesIt) {
     }
     const QWidget& list = Box("Combo1");
     for (const auto button : {Qt::MiddleButton, Qt::RightButton}) {
-        QTest::mouseClick(window->windowHandle(), button, {},
-                          list.mapTo(window.get(), list.rect().center()));
+        QTest::mouseClick(window.windowHandle(), button, {},
+                          list.mapTo(&window, list.rect().center()));
         QCoreApplication::processEvents();
         QWidget* const popup = QApplication::activePopupWidget();
         if (popup == nullptr) continue;
@@ -271,7 +271,7 @@ TEST_F(TaskListTest, ATextThatIsNotAmongTheItemsIsShownAndCanBePickedAwayFrom) {
 
 TEST_F(TaskListTest, ALockedListCantBePickedFrom) {
     robot.Pick("Combo1", "2");
-    window->Run([this] { Current<Form4>().Combo1.Locked = true; });
+    window.Run([this] { Current<Form4>().Combo1.Locked = true; });
     robot.Click("Combo1");
     EXPECT_FALSE(IsOpen("Combo1"));
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_F4}) {
@@ -284,7 +284,7 @@ TEST_F(TaskListTest, ALockedListCantBePickedFrom) {
     QCoreApplication::processEvents();
     EXPECT_FALSE(IsOpen("Combo1"));
 
-    window->Run([this] { Current<Form4>().Combo1.Locked = false; });
+    window.Run([this] { Current<Form4>().Combo1.Locked = false; });
     robot.Pick("Combo1", "3");
     ExpectText("Combo1", "3");
 }
@@ -310,7 +310,7 @@ TEST_F(TaskListTest, AHiddenListCantBePickedFrom) {
         QTest::keyClick(&hidden, key);
         ExpectText("Combo13(0)", "");
     }
-    window->Run([this] { Current<Form4>().Combo13(0).Locked = false; });
+    window.Run([this] { Current<Form4>().Combo13(0).Locked = false; });
     QTest::keyClick(&hidden, Qt::Key_Down);
     ExpectText("Combo13(0)", "");
 }

@@ -25,11 +25,11 @@ using MenuTest = EachScreenTest;
 TEST_P(MenuTest, TheBarHasItsEntriesAndSpacersInOrder) {
     std::string expected(MenuOf(GetParam()));
     std::erase(expected, '!');  // what an entry runs isn't seen
-    EXPECT_EQ(Read(*window->menuBar()), expected);
+    EXPECT_EQ(Read(*window.menuBar()), expected);
 }
 
 TEST_P(MenuTest, AScreenReaderIsToldWhichEntriesHaveAList) {
-    for (QAction* const entry : window->menuBar()->actions()) {
+    for (QAction* const entry : window.menuBar()->actions()) {
         const auto* const told = QAccessible::queryAccessibleInterface(entry);
         EXPECT_EQ(told->state().hasPopup, entry->menu() != nullptr) << entry->text().toStdString();
     }

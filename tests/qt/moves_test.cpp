@@ -23,7 +23,7 @@ class MoveTest : public WindowTest {
 protected:
     void ExpectNoNameTwice() {
         std::set<QString> names;
-        for (const QWidget* const widget : window->findChildren<QWidget*>()) {
+        for (const QWidget* const widget : window.findChildren<QWidget*>()) {
             const QString name = widget->objectName();
             if (name.isEmpty() || name.startsWith(QStringLiteral("qt_"))) continue;
             EXPECT_TRUE(names.insert(name).second) << name.toStdString();
@@ -32,34 +32,34 @@ protected:
 };
 
 TEST_F(MoveTest, TheWindowKeepsItsPlaceAndSize) {
-    window->setGeometry(31, 17, 700, 500);
+    window.setGeometry(31, 17, 700, 500);
     QCoreApplication::processEvents();
-    const QRect before = window->geometry();
+    const QRect before = window.geometry();
     for (const ScreenId id : kScreens) {
         Open(id);
-        EXPECT_EQ(window->geometry(), before) << NameOf(id);
+        EXPECT_EQ(window.geometry(), before) << NameOf(id);
     }
 }
 
 TEST_F(MoveTest, TheWindowStaysMaximizedOrFullScreen) {
     for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
-        window->setWindowState(state);
+        window.setWindowState(state);
         QCoreApplication::processEvents();
-        const QSize size = window->size();
+        const QSize size = window.size();
         for (const ScreenId id : kScreens) {
             Open(id);
-            EXPECT_EQ(window->windowState() & state, state) << NameOf(id);
-            EXPECT_EQ(window->size(), size) << NameOf(id);
-            EXPECT_TRUE(window->isVisible());
+            EXPECT_EQ(window.windowState() & state, state) << NameOf(id);
+            EXPECT_EQ(window.size(), size) << NameOf(id);
+            EXPECT_TRUE(window.isVisible());
         }
-        window->setWindowState(Qt::WindowNoState);
+        window.setWindowState(Qt::WindowNoState);
     }
 }
 
 TEST_F(MoveTest, TheContentOfTheScreenLeftIsGone) {
     for (const ScreenId id : kScreens) {
-        const QPointer<QWidget> content = window->centralWidget();
-        const QPointer<QMenuBar> menu = window->menuBar();
+        const QPointer<QWidget> content = window.centralWidget();
+        const QPointer<QMenuBar> menu = window.menuBar();
         Open(id);
         EXPECT_EQ(content, nullptr) << NameOf(id);
         EXPECT_EQ(menu, nullptr) << NameOf(id);
@@ -71,9 +71,9 @@ TEST_F(MoveTest, NoWidgetOfTheScreenLeftIsUnderTheWindowEvenInsideTheMove) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form4);
     robot.Act("moving", [this] {
-        window->Run([this] { chain.Go(ScreenId::Form5); });
-        EXPECT_EQ(window->findChild<QWidget*>(QStringLiteral("Combo13(0)")), nullptr);
-        EXPECT_NE(window->findChild<QWidget*>(QStringLiteral("Text1(323)")), nullptr);
+        window.Run([this] { chain.Go(ScreenId::Form5); });
+        EXPECT_EQ(window.findChild<QWidget*>(QStringLiteral("Combo13(0)")), nullptr);
+        EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("Text1(323)")), nullptr);
         ExpectNoNameTwice();
     });
 }
@@ -162,8 +162,8 @@ TEST_F(MoveTest, ATitleWithoutAHandlerOnlyOpensItsList) {
           std::pair{ScreenId::Form5, "recuperar"}, std::pair{ScreenId::Form5, "continuar"}}) {
         Open(id);
         QAction& action = Action(title);
-        const QPoint place = window->menuBar()->actionGeometry(&action).center();
-        QTest::mouseClick(window->menuBar(), Qt::LeftButton, {}, place);
+        const QPoint place = window.menuBar()->actionGeometry(&action).center();
+        QTest::mouseClick(window.menuBar(), Qt::LeftButton, {}, place);
         EXPECT_TRUE(action.menu()->isVisible()) << title;
         action.menu()->close();
         EXPECT_EQ(robot.ScreenName(), NameOf(id));
@@ -173,7 +173,7 @@ TEST_F(MoveTest, ATitleWithoutAHandlerOnlyOpensItsList) {
 TEST_F(MoveTest, ThePressOfRegresarOpensNoList) {
     Open(ScreenId::Form6);
     bool opened = false;
-    QObject::connect(Action("regresar").menu(), &QMenu::aboutToShow, window.get(),
+    QObject::connect(Action("regresar").menu(), &QMenu::aboutToShow, &window,
                      [&] { opened = true; });
     robot.Choose("regresar");
     EXPECT_FALSE(opened);
@@ -182,8 +182,8 @@ TEST_F(MoveTest, ThePressOfRegresarOpensNoList) {
 
 TEST_F(MoveTest, AScreenReadersPressOfRegresarMoves) {
     Open(ScreenId::Form6);
-    QAccessibleInterface* const bar = QAccessible::queryAccessibleInterface(window->menuBar());
-    const auto place = window->menuBar()->actions().indexOf(&Action("regresar"));
+    QAccessibleInterface* const bar = QAccessible::queryAccessibleInterface(window.menuBar());
+    const auto place = window.menuBar()->actions().indexOf(&Action("regresar"));
     QAccessibleInterface* const title = bar->child(static_cast<int>(place));
     ASSERT_EQ(title->text(QAccessible::Name), QStringLiteral("Continuar/Regresar"));
     robot.Act("a screen reader's press", [&] {
@@ -198,10 +198,10 @@ TEST_F(MoveTest, TheListOfRegresarOpensByKeyboardAndItsEntriesGoWhereTheySay) {
         Open(ScreenId::Form6);
         QMenu* const list = Action("regresar").menu();
         robot.Key(Qt::Key_Alt);  // into the menu bar
-        for (int i = 0; i < 20 && window->menuBar()->activeAction() != &Action("regresar"); ++i) {
+        for (int i = 0; i < 20 && window.menuBar()->activeAction() != &Action("regresar"); ++i) {
             robot.Key(Qt::Key_Right);
         }
-        ASSERT_EQ(window->menuBar()->activeAction(), &Action("regresar"));
+        ASSERT_EQ(window.menuBar()->activeAction(), &Action("regresar"));
         EXPECT_EQ(robot.ScreenName(), "Form6") << "reaching the title moves nothing";
         robot.Key(Qt::Key_Down);
         ASSERT_TRUE(list->isVisible());
@@ -265,7 +265,7 @@ TEST_P(LeavingTest, ClosingTheWindowDoesWhatSalirDoes) {
     robot.ExpectBox(Question(QMessageBox::No));
     robot.CloseWindow();
     EXPECT_THAT(TakeEnds(), IsEmpty());
-    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(window.isVisible());
 
     robot.ExpectBox(Question(QMessageBox::Yes));
     robot.CloseWindow();
@@ -294,13 +294,13 @@ TEST_F(MoveTest, ClosingTheWindowBehindABoxDoesNothing) {
     int boxes = 0;
     robot.on_modal = [&](QDialog&) {
         ++boxes;
-        window->close();
+        window.close();
     };
     robot.ExpectBox(
         BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Choose("salir");
     EXPECT_EQ(boxes, 1);
-    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(window.isVisible());
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ protected:
 
     /// Prints the screen, as `imprimir` does after its dialog.
     void Print() {
-        window->Run([this] { host.PrintForm(); });
+        window.Run([this] { host.PrintForm(); });
     }
 
     static QByteArray Run(const char* tool, const QStringList& arguments) {
@@ -74,7 +74,7 @@ protected:
     void OpenSheetWithACutResult() {
         auto& form5 = OpenSheet(1, 1, 1);
         form5.Text3(0).Text = "536.069661301946";  // of the worked day
-        window->ShowChanges();
+        window.ShowChanges();
     }
 
     QTemporaryDir folder;
@@ -135,14 +135,14 @@ TEST_F(PaperTest, AFigureUnderTheImageIsNotBrokenAtTheEndOfALine) {
     auto& form5 = OpenSheet(1, 1, 6);
     const std::string figure = "536.069661301946";
     for (int i = 0; i < 36; ++i) form5.Text1(i).Text = figure;
-    window->ShowChanges();
+    window.ShowChanges();
     Print();
     std::string notes = Text();
     notes.erase(0, notes.find("Textos completos"));
     std::size_t whole = 0;
     for (auto at = notes.find(figure); at != std::string::npos; at = notes.find(figure, at + 1))
         ++whole;
-    EXPECT_EQ(whole, window->CutTexts().size());
+    EXPECT_EQ(whole, window.CutTexts().size());
 }
 
 TEST_F(PaperTest, WithoutACutTextNothingStandsUnderTheImage) {
@@ -184,7 +184,7 @@ TEST_F(PaperTest, AnEndlessTextIsBoundedAndToldWithItsLength) {
 TEST_F(PaperTest, WhatDoesNotFitUnderTheImageIsCounted) {
     auto& form5 = OpenSheet(3, 3, 6);
     for (int i = 0; i < 324; ++i) form5.Text1(i).Text = std::string(200, 'W');
-    window->ShowChanges();
+    window.ShowChanges();
     Print();
     EXPECT_THAT(Text(), ::testing::ContainsRegex("y [0-9]+ más que no caben"));
     EXPECT_THAT(Information(), ::testing::ContainsRegex("Pages: +1\n"));

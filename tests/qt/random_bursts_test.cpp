@@ -22,22 +22,10 @@
 namespace velmora::test {
 namespace {
 
-class RandomBursts : public WindowTest {
+class RandomBursts : public ::testing::Test {
 protected:
-    RandomBursts() {
-        host.find_guide = [] { return QString(); };
-        host.beep = [] {};
-        host.make_printer = [this] {
-            auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-            printer->setOutputFileName(folder.filePath(QStringLiteral("page.pdf")));
-            return printer;
-        };
-    }
     void SetUp() override { usual = qInstallMessageHandler(Hear); }
-    void TearDown() override {
-        qInstallMessageHandler(usual);
-        TakeEnds();  // exits are no faults here
-    }
+    void TearDown() override { qInstallMessageHandler(usual); }
 
     /// The settings of the print dialog are one dialog for all presses of their button: the toolkit
     /// refuses a press that was still queued when they opened, and says so.
@@ -66,19 +54,23 @@ protected:
 
     void StartOn(ScreenId screen) {
         while (QWidget* const list = QApplication::activePopupWidget()) list->close();
-        window.reset();
-        record = {};
-        SetPlan(1 + Pick(3), 1 + Pick(3), 1 + Pick(6));
-        chain.Go(ScreenId::Form1);
-        window = std::make_unique<Window>(chain, host);
-        host.Attach(*window);
-        window->show();
-        window->activateWindow();
-        window->Run([&] { chain.Go(screen); });
+        run.reset();
+        run = std::make_unique<Program>();
+        run->host.find_guide = [] { return QString(); };
+        run->host.beep = [] {};
+        run->host.make_printer = [this] {
+            auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+            printer->setOutputFileName(folder.filePath(QStringLiteral("page.pdf")));
+            return printer;
+        };
+        SetPlan(run->record, 1 + Pick(3), 1 + Pick(3), 1 + Pick(6));
+        run->window.show();
+        run->window.activateWindow();
+        run->window.Run([&] { run->chain.Go(screen); });
     }
 
     /// Whether a run-time error ended the program; a confirmed exit goes on here.
-    bool HasFailed() { return std::ranges::count(TakeEnds(), 1) > 0; }
+    bool HasFailed() const { return std::ranges::count(run->ends, 1) > 0; }
 
     /// From 0 to below `end`.
     int Pick(qsizetype end) {
@@ -133,10 +125,10 @@ protected:
         }};
         QWidget* top = QApplication::activePopupWidget();
         if (top == nullptr) top = QApplication::activeModalWidget();
-        if (top == nullptr || Pick(8) == 0) top = window.get();
+        if (top == nullptr || Pick(8) == 0) top = &run->window;
         if (top->windowHandle() == nullptr) return;
         const Kind& kind = kKinds.at(static_cast<std::size_t>(Pick(kKinds.size())));
-        ++met[NameOf(chain.Current().Id()) + "\t" + top->metaObject()->className() + "\t" +
+        ++met[NameOf(run->chain.Current().Id()) + "\t" + top->metaObject()->className() + "\t" +
               kind.name];
         ++posted;
         (this->*kind.post)(*top);
@@ -209,7 +201,7 @@ protected:
         widget->setFocus(static_cast<Qt::FocusReason>(Pick(8)));
     }
 
-    void Resize(QWidget& /*top*/) { window->resize(320 + Pick(1200), 240 + Pick(800)); }
+    void Resize(QWidget& /*top*/) { run->window.resize(320 + Pick(1200), 240 + Pick(800)); }
 
     /// Every action of one control or entry of this very window, twice.
     void ActFromOutside(QWidget& top) {
@@ -229,11 +221,11 @@ protected:
     void MoveAway(QWidget& /*top*/) {
         if (Pick(3) != 0) return TriggerOne();
         const ScreenId target = kScreens.at(static_cast<std::size_t>(Pick(kScreens.size())));
-        window->Run([&] { chain.Go(target); });
+        run->window.Run([&] { run->chain.Go(target); });
     }
 
     void TriggerOne() {
-        const auto entries = window->menuBar()->findChildren<QAction*>();
+        const auto entries = run->window.menuBar()->findChildren<QAction*>();
         const QPointer<QAction> entry = entries.at(Pick(entries.size()));
         for (int i = 0; i < 2 && entry; ++i) entry->trigger();
     }
@@ -241,7 +233,9 @@ protected:
     static constexpr auto kPress = QEvent::MouseButtonPress;
     static constexpr auto kRelease = QEvent::MouseButtonRelease;
 
+    WithSeparator separator{"."};
     QTemporaryDir folder;
+    std::unique_ptr<Program> run;
     std::unique_ptr<QObject> beats;  ///< waits for the next burst
     std::mt19937 random;
     Qt::MouseButtons down;
@@ -262,7 +256,7 @@ class BurstsOfSeed : public RandomBursts, public ::testing::WithParamInterface<i
 TEST_P(BurstsOfSeed, RawEventsWithoutAPauseBringNothingDown) {
     const auto seed = static_cast<unsigned>(NumberFrom("VELMORA_SEED", 1) + GetParam());
     RunBursts(seed, NumberFrom("VELMORA_BURSTS", 600));
-    EXPECT_NE(window->centralWidget(), nullptr);
+    EXPECT_NE(run->window.centralWidget(), nullptr);
     if (!qEnvironmentVariableIsSet("VELMORA_BURSTS")) return;
     for (const auto& [what, count] : met) std::cout << what << '\t' << count << '\n';
 }

@@ -20,7 +20,7 @@ protected:
 
     QImage Picture(std::string_view cell) {
         const QWidget& widget = robot.Find(cell);
-        return window->grab({widget.mapTo(window.get(), QPoint()), widget.size()}).toImage();
+        return window.grab({widget.mapTo(&window, QPoint()), widget.size()}).toImage();
     }
     QColor Frame(std::string_view cell) { return Picture(cell).pixelColor(0, 0); }
 
@@ -76,7 +76,7 @@ TEST_F(RefusalTest, AScreenReaderIsToldUntilAKeyPasses) {
 }
 
 TEST_F(RefusalTest, AMarkedCellIsToldAsSuchAgainAfterARefusal) {
-    window->Run([this] {
+    window.Run([this] {
         auto& cell = *std::get<TextCell*>(chain.Current().FindControl("Text1(7)")->state);
         cell.BackColor = 250;
     });

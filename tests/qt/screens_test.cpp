@@ -35,7 +35,7 @@ protected:
     void ExpectAllShown() {
         for (const Control& control : Shown().Controls()) {
             SCOPED_TRACE(control.name);
-            const auto found = window->findChildren<QWidget*>(ToQt(control.name));
+            const auto found = window.findChildren<QWidget*>(ToQt(control.name));
             ASSERT_EQ(found.size(), 1);
             std::visit([&](const auto& held) { Expect(*found.front(), held, control.row); },
                        control.state);
@@ -135,7 +135,7 @@ TEST_P(ScreenOnWindowTest, EachControlFollowsEveryOfItsProperties) {
         }
         void operator()(Picture) const {}
     };
-    window->Run([this] {
+    window.Run([this] {
         for (const Control& control : Shown().Controls()) std::visit(Flipper{}, control.state);
     });
     ExpectAllShown();
@@ -150,7 +150,7 @@ TEST_P(ScreenOnWindowTest, EachToolTipIsThatOfItsRow) {
 
 TEST_P(ScreenOnWindowTest, EachFontIsAsLargeAndAsBoldAsItsRowTells) {
     for (const QSize size : {QSize(825, 607), QSize(1650, 1200)}) {
-        window->resize(size);
+        window.resize(size);
         QCoreApplication::processEvents();
         for (const Control& control : Shown().Controls()) {
             const QWidget& widget = robot.Find(control.name);

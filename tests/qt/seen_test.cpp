@@ -32,7 +32,7 @@ using EachScreensButtonTest = EachScreenTest;
 
 TEST_P(EachScreensButtonTest, EnterPressesTheOneThatHasTheFocus) {
     ShowAll();
-    for (QPushButton* const button : window->findChildren<QPushButton*>()) {
+    for (QPushButton* const button : window.findChildren<QPushButton*>()) {
         if (!button->isVisible()) continue;
         int presses = 0;
         // Its handler is tested elsewhere; here it would open a box.
@@ -55,15 +55,15 @@ protected:
     TitleTest() { Open(ScreenId::Form6); }
 
     QPoint MiddleOf(std::string_view title) {
-        const QMenuBar& bar = *window->menuBar();
-        return bar.mapTo(window.get(), bar.actionGeometry(&Action(title)).center());
+        const QMenuBar& bar = *window.menuBar();
+        return bar.mapTo(&window, bar.actionGeometry(&Action(title)).center());
     }
 };
 
 TEST_F(TitleTest, OnlyTheLeftButtonMovesByTheTitleThatMovesAtOnce) {
     for (const auto button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton}) {
         robot.Act("another button", [&] {
-            QTest::mouseClick(window->windowHandle(), button, {}, MiddleOf("regresar"));
+            QTest::mouseClick(window.windowHandle(), button, {}, MiddleOf("regresar"));
         });
         EXPECT_EQ(robot.ScreenName(), "Form6") << button;
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << button;
@@ -71,15 +71,15 @@ TEST_F(TitleTest, OnlyTheLeftButtonMovesByTheTitleThatMovesAtOnce) {
 }
 
 TEST_F(TitleTest, TheTitleThatMovesAtOnceOpensNoListWhenTheMouseIsDraggedOverIt) {
-    QWindow* const native = window->windowHandle();
+    QWindow* const native = window.windowHandle();
     for (const char* const from : {"guardararchivo", "imprimir", "salir"}) {
         bool opened = false;
         robot.Act("a drag", [&] {
             QTest::mousePress(native, Qt::LeftButton, {}, MiddleOf(from));
             QTest::mouseMove(native, MiddleOf("regresar"));
             opened = QApplication::activePopupWidget() != nullptr;
-            QTest::mouseMove(native, QPoint(5, window->height() - 5));
-            QTest::mouseRelease(native, Qt::LeftButton, {}, QPoint(5, window->height() - 5));
+            QTest::mouseMove(native, QPoint(5, window.height() - 5));
+            QTest::mouseRelease(native, Qt::LeftButton, {}, QPoint(5, window.height() - 5));
         });
         EXPECT_FALSE(opened) << from;
         EXPECT_EQ(robot.ScreenName(), "Form6") << from;
@@ -91,12 +91,12 @@ using FrameTest = WindowTest;
 
 TEST_F(FrameTest, F11GoesToTheFullScreenAndComesBack) {
     for (const Qt::WindowState before : {Qt::WindowNoState, Qt::WindowMaximized}) {
-        window->setWindowState(before);
+        window.setWindowState(before);
         robot.Key(Qt::Key_F11);
-        EXPECT_TRUE(window->isFullScreen());
+        EXPECT_TRUE(window.isFullScreen());
         robot.Key(Qt::Key_F11);
-        EXPECT_FALSE(window->isFullScreen());
-        EXPECT_EQ(window->isMaximized(), before == Qt::WindowMaximized);
+        EXPECT_FALSE(window.isFullScreen());
+        EXPECT_EQ(window.isMaximized(), before == Qt::WindowMaximized);
     }
 }
 
@@ -153,15 +153,10 @@ public:
 // machine, one of a millisecond goes at least as often as one of two.
 TEST(ClockTimerTest, TheClockIsToldEveryMillisecond) {
     WithSeparator separator{"."};
-    EvaluacionRecord record;
-    CountingHost host;
-    ScreenChain chain([&](ScreenId id) {
-        return MakeScreen(id, Environment{record, chain, host});
-    });
-    chain.Go(ScreenId::Form1);
-    Window window(chain, host);
-    host.Attach(window);
-    window.show();
+    ProgramOn<CountingHost> program;
+    CountingHost& host = program.host;
+    host.Attach(program.window);
+    program.window.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return host.asked > 0; }));
 
     constexpr int kTurns = 100;
@@ -196,13 +191,13 @@ constexpr int kOfADrawing = 4;  // a fill or a gradient from top to foot has one
 class EachScreensPictureTest : public EachScreenTest {
 protected:
     EachScreensPictureTest() {
-        window->resize(825, 607);
+        window.resize(825, 607);
         QCoreApplication::processEvents();
     }
 
     /// The background alone, as the canvas paints it now.
     QImage Background() {
-        QWidget& canvas = *window->centralWidget();
+        QWidget& canvas = *window.centralWidget();
         QImage picture(canvas.size(), QImage::Format_RGB32);
         canvas.render(&picture, {}, {}, QWidget::DrawWindowBackground);
         return picture;
@@ -210,16 +205,16 @@ protected:
 };
 
 TEST_P(EachScreensPictureTest, ADrawingIsSeenBetweenTheControls) {
-    const QWidget& canvas = *window->centralWidget();
+    const QWidget& canvas = *window.centralWidget();
     const auto is_free = [&](QPoint place) { return canvas.childAt(place) == nullptr; };
     const QImage seen =
-        window->grab(QRect(canvas.mapTo(window.get(), QPoint()), canvas.size())).toImage();
+        window.grab(QRect(canvas.mapTo(&window, QPoint()), canvas.size())).toImage();
     EXPECT_GE(MostColorsInARow(seen, canvas.rect(), is_free), kOfADrawing);
 }
 
 TEST_P(EachScreensPictureTest, TheDrawingIsAsSharpAfterAResizeAsOnANewScreen) {
     Background();
-    window->resize(1650, 1214);
+    window.resize(1650, 1214);
     QCoreApplication::processEvents();
     const QImage resized = Background();
     Open(ScreenId::Form1);
@@ -229,9 +224,9 @@ TEST_P(EachScreensPictureTest, TheDrawingIsAsSharpAfterAResizeAsOnANewScreen) {
 }
 
 TEST_P(EachScreensPictureTest, ItsEndsGoOnWhereTheWindowIsTooTall) {
-    window->resize(825, 1200);
+    window.resize(825, 1200);
     QCoreApplication::processEvents();
-    const QRect drawing = window->findChild<Canvas*>()->ScreenRect();
+    const QRect drawing = window.findChild<Canvas*>()->ScreenRect();
     const QImage seen = Background();
     ASSERT_LT(drawing.bottom() + 100, seen.height());
     const QPoint foot(seen.width() / 2, drawing.bottom() - 1);
@@ -247,7 +242,7 @@ INSTANTIATE_TEST_SUITE_P(OnTheWindow, EachScreensPictureTest,
 
 class FirstScreenTest : public WindowTest {
 protected:
-    QImage Seen() { return window->centralWidget()->grab().toImage(); }
+    QImage Seen() { return window.centralWidget()->grab().toImage(); }
 };
 
 TEST_F(FirstScreenTest, ThePictureIsSeen) {
@@ -292,8 +287,8 @@ using EachScreensOrderTest = EachScreenTest;
 
 TEST_P(EachScreensOrderTest, WhereTwoControlsOverlapTheLaterOneIsOnTop) {
     ShowAll();
-    window->setFocus();
-    const QWidget& canvas = *window->centralWidget();
+    window.setFocus();
+    const QWidget& canvas = *window.centralWidget();
     std::vector<const QWidget*> widgets;  // in the order of the table
     for (const Control& control : chain.Current().Controls()) {
         widgets.push_back(&robot.Find(control.name));
@@ -320,13 +315,13 @@ using EachScreensListTest = EachScreenTest;
 TEST_P(EachScreensListTest, ALockedListIsToldAsReadOnlyAndAnOpenOneIsNot) {
     ShowAll();
     for (const bool locked : {true, false, true}) {
-        window->Run([&] {
+        window.Run([&] {
             for (const Control& control : chain.Current().Controls()) {
                 auto* const* const list = std::get_if<ComboBox*>(&control.state);
                 if (list != nullptr) (*list)->Locked = locked;
             }
         });
-        const auto lists = window->findChildren<QComboBox*>();
+        const auto lists = window.findChildren<QComboBox*>();
         ASSERT_THAT(lists, ::testing::Not(IsEmpty()));
         for (QComboBox* const list : lists) {
             const auto* const told = QAccessible::queryAccessibleInterface(list);
@@ -357,7 +352,7 @@ TEST_F(LongTextTest, AFieldThatWasReadStaysWholeAndTakesMore) {
 TEST_F(LongTextTest, ACellOfARecoveredDayStaysWhole) {
     auto& form5 = OpenSheet(1, 1, 1);
     form5.Text1(7).Text = std::string(kLetters, '7');
-    window->ShowChanges();
+    window.ShowChanges();
     EXPECT_EQ(robot.Text("Text1(7)").size(), kLetters);
     robot.Type("Text1(7)", "5");
     EXPECT_EQ(form5.Text1(7).Text.size(), kLetters + 1);

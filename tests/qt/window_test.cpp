@@ -6,7 +6,6 @@
 #include <QDirIterator>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTest>
 
 #include <stdexcept>
 #include <type_traits>
@@ -21,26 +20,13 @@ std::string NameOf(ScreenId id) {
     return "Form" + std::string(1, static_cast<char>('0' + static_cast<int>(id)));
 }
 
-WindowTest::WindowTest()
-    : window(MakeWindow()), driver(std::make_unique<Robot>(*window)), robot(*driver) {}
-
-std::unique_ptr<Window> WindowTest::MakeWindow() {
-    host.end = [this](int status) { ends_.push_back(status); };
-    chain.Go(ScreenId::Form1);
-    auto made = std::make_unique<Window>(chain, host);
-    host.Attach(*made);
-    host.owner = [this] { return OwnerOf(chain.Current(), record); };
-    made->show();
-    made->activateWindow();
-    if (!QTest::qWaitForWindowActive(made.get())) throw std::runtime_error("no active window");
-    return made;
-}
+WindowTest::WindowTest() { Show(); }
 
 void WindowTest::Open(ScreenId id) {
-    robot.Act("opening a screen", [&] { window->Run([&] { chain.Go(id); }); });
+    robot.Act("opening a screen", [&] { window.Run([&] { chain.Go(id); }); });
 }
 
-void WindowTest::SetPlan(int days, int tasks, int rows) {
+void SetPlan(EvaluacionRecord& record, int days, int tasks, int rows) {
     record.NumJornadas = days;
     record.NumTareas = tasks;
     for (int t = 1; t <= tasks; ++t) {
@@ -75,7 +61,7 @@ void WindowTest::OpenRows(int rows) {
 void WindowTest::Focus(std::string_view control) {
     QWidget& widget = robot.Find(control);
     widget.setFocus(Qt::TabFocusReason);
-    if (window->focusWidget() != &widget) throw std::runtime_error("it takes no focus");
+    if (window.focusWidget() != &widget) throw std::runtime_error("it takes no focus");
 }
 
 std::vector<std::string> WindowTest::Texts(std::string_view name, int first, int last) const {
@@ -85,7 +71,7 @@ std::vector<std::string> WindowTest::Texts(std::string_view name, int first, int
 }
 
 QAction& WindowTest::Action(std::string_view name) {
-    auto* const action = window->menuBar()->findChild<QAction*>(ToQt(name));
+    auto* const action = window.menuBar()->findChild<QAction*>(ToQt(name));
     if (action == nullptr) throw std::runtime_error("no entry " + std::string(name));
     return *action;
 }
@@ -98,7 +84,7 @@ void EachScreenTest::ShowAll() {
         void operator()(Button* button) const { button->Visible = button->Enabled = true; }
         void operator()(Picture) const {}
     };
-    window->Run([this] {
+    window.Run([this] {
         for (const Control& control : chain.Current().Controls()) {
             std::visit(Shower{}, control.state);
         }

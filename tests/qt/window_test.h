@@ -5,17 +5,12 @@
 
 #include <array>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
-#include "core/chain.h"
-#include "core/record.h"
-#include "qt/qt_host.h"
-#include "qt/window.h"
-#include "support/robot.h"
+#include "support/program.h"
 #include "support/screen_state.h"
 #include "support/velmora_test.h"
 
@@ -42,9 +37,13 @@ inline constexpr std::array<ScreenId, 6> kScreens = {ScreenId::Form1, ScreenId::
 /// "Form1" to "Form6", for the names of tests over all screens.
 std::string NameOf(ScreenId id);
 
+/// A plan in which each task of each day has `rows` contaminants, all of them named, with limits,
+/// sampling time 15 and a unit.
+void SetPlan(EvaluacionRecord& record, int days, int tasks, int rows);
+
 /// The whole program on its real window, with an end of the process that only counts. Starts on
 /// `Form1` with an empty record; the separator is the point.
-class WindowTest : public ::testing::Test {
+class WindowTest : public ::testing::Test, protected Program {
 protected:
     WindowTest();
 
@@ -56,14 +55,7 @@ protected:
     }
     void Open(ScreenId id);
 
-    template <class Form>
-    Form& Current() {
-        return dynamic_cast<Form&>(chain.Current());
-    }
-
-    /// A plan in which each task of each day has `rows` contaminants, all of them named, with
-    /// limits, sampling time 15 and a unit.
-    void SetPlan(int days, int tasks, int rows);
+    void SetPlan(int days, int tasks, int rows) { test::SetPlan(record, days, tasks, rows); }
     /// The sheet of such a plan, its first day laid out.
     Form5& OpenSheet(int days, int tasks, int rows);
     /// The contaminants' screen of a plan of one task, its rows open.
@@ -77,26 +69,11 @@ protected:
     QAction& Action(std::string_view name);
 
     /// The statuses that the process was ended with so far; a test that ends it takes them.
-    std::vector<int> TakeEnds() { return std::exchange(ends_, {}); }
+    std::vector<int> TakeEnds() { return std::exchange(ends, {}); }
 
-    void TearDown() override { EXPECT_THAT(ends_, ::testing::IsEmpty()) << "the process ended"; }
+    void TearDown() override { EXPECT_THAT(ends, ::testing::IsEmpty()) << "the process ended"; }
 
     WithSeparator separator{"."};
-    EvaluacionRecord record;
-    QtHost host;
-    int screens_made = 0;
-    ScreenChain chain{[this](ScreenId id) {
-        ++screens_made;
-        return MakeScreen(id, Environment{record, chain, host});
-    }};
-    std::unique_ptr<Window> window;
-    std::unique_ptr<Robot> driver;
-    Robot& robot;
-
-private:
-    std::unique_ptr<Window> MakeWindow();
-
-    std::vector<int> ends_;
 };
 
 /// The same on each of the six screens.

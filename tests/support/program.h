@@ -1,35 +1,34 @@
 #pragma once
 
-#include <optional>
+#include <QTest>
 
-#include "app/screens.h"
-#include "core/chain.h"
-#include "core/record.h"
+#include <stdexcept>
+#include <vector>
+
 #include "qt/qt_host.h"
-#include "qt/window.h"
+#include "support/program_on.h"
 #include "support/robot.h"
 
 namespace velmora {
 
-inline ScreenChain& Started(ScreenChain& chain) {
-    chain.Go(ScreenId::Form1);
-    return chain;
-}
-
-/// One run of the program from its start, put together as `velmora` is, and the robot that uses it.
-/// Its end is noted instead of ending this process.
-struct Program {
+/// One run of the program, put together as `velmora` is, and the robot that uses it. Its ends are
+/// noted instead of ending this process.
+struct Program : ProgramOn<QtHost> {
     Program() {
         host.Attach(window);
-        host.end = [this](int status) { exit_status = status; };
+        host.end = [this](int status) { ends.push_back(status); };
+        host.owner = [this] { return OwnerOf(chain.Current(), record); };
     }
 
-    EvaluacionRecord record;
-    QtHost host;
-    ScreenChain chain{[this](ScreenId id) { return MakeScreen(id, {record, chain, host}); }};
-    Window window{Started(chain), host};
+    /// Shows the window and waits until it is the active one.
+    void Show() {
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window)) throw std::runtime_error("no active window");
+    }
+
     Robot robot{window};
-    std::optional<int> exit_status;  ///< once the program has ended
+    std::vector<int> ends;  ///< the statuses that the process was ended with
 };
 
 }  // namespace velmora

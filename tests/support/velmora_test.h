@@ -5,11 +5,8 @@
 #include <memory>
 #include <string_view>
 
-#include "app/screens.h"
-#include "core/chain.h"
-#include "core/navigation.h"
 #include "core/numbers.h"
-#include "core/record.h"
+#include "support/core.h"
 #include "support/scripted_host.h"
 #include "support/use.h"
 
@@ -31,19 +28,14 @@ private:
 
 /// The whole program without a toolkit: a record, the chain of the six screens, a scripted host.
 /// Starts with no screen; `Open<FormN>(...)` goes to one. The separator is the point.
-class VelmoraTest : public ::testing::Test {
+class VelmoraTest : public ::testing::Test, protected Core<ScriptedHost> {
 protected:
     /// Moves to the screen and gives it as what it is.
     template <class Form>
     Form& Open(ScreenId id) {
         chain.Settle();
         chain.Go(id);
-        return dynamic_cast<Form&>(chain.Current());
-    }
-
-    template <class Form>
-    Form& Current() {
-        return dynamic_cast<Form&>(chain.Current());
+        return Current<Form>();
     }
 
     // What a person does on the current screen.
@@ -59,11 +51,6 @@ protected:
     void Choose(std::string_view entry) { use::Choose(chain.Current(), entry); }
 
     WithSeparator separator{"."};
-    EvaluacionRecord record;
-    ScriptedHost host;
-    ScreenChain chain{[this](ScreenId id) {
-        return MakeScreen(id, Environment{record, chain, host});
-    }};
 };
 
 /// Runs a step that must raise this run-time error.
