@@ -17,47 +17,6 @@ protected:
         return folder_.filePath(QString::fromLatin1(name)).toStdString();
     }
 
-    /// A plan of one task with one line for each day, every one of 8 hours.
-    void PlanOneTask(Journey& journey, int days, const char* minutes30, const char* minutes15,
-                     const char* agents) {
-        journey.FixPlan(days, 1);
-        for (int day = 1; day <= days; ++day) {
-            journey.EnterLine({std::to_string(day), "1", "8", minutes30, minutes15, agents});
-        }
-        robot.Choose("continuar", "contaminantes");
-        robot.Pick("Combo1", "1");
-    }
-
-    std::string Cell(int row, int column) {
-        return robot.Text(Indexed("Text1", 18 * row + column));
-    }
-
-    void TypeSamples(int row, const std::vector<std::string>& samples) {
-        int column = 7;
-        for (const std::string& sample : samples) {
-            robot.Type(Indexed("Text1", 18 * row + column++), sample);
-        }
-    }
-
-    /// The answers and sentences: greatest index, greatest class, over a limit, both sentences.
-    std::vector<std::string> Conclusions() {
-        std::vector<std::string> texts;
-        for (const char* const cell : {"Text2", "Text4", "Text7", "Text5", "Text6"}) {
-            texts.push_back(robot.Text(cell));
-        }
-        return texts;
-    }
-
-    /// One row of the final table, from the sheet and back to it.
-    std::vector<std::string> FinalRow(Journey& journey, int row) {
-        robot.Choose("continuar", "resultadosfinales");
-        robot.Press("Command1");
-        std::vector<std::string> texts = journey.Texts("Text1", 9 * row + 1, 9 * row + 8);
-        robot.Choose("regresar");
-        EXPECT_EQ(robot.ScreenName(), "Form5");
-        return texts;
-    }
-
 private:
     QTemporaryDir folder_;
 };
@@ -100,64 +59,81 @@ TEST_F(Journeys, ThreeDaysOfThreeTasksOfSixAgentsComeBackInASecondProcess) {
     EXPECT_EQ(BytesOf(FileNamed("second.doc")), expected.Bytes());
 }
 
-TEST_F(Journeys, APlanRestartedMidwayGoesOnWithTheNewNumbersAndKeepsTheOldTraces) {
-    const Expected expected("restarted");
-    Journey journey(run, expected);
-    journey.EnterCompany();
-    journey.FixPlan(3, 3);
-    journey.EnterLine({"1", "1", "8", "1", "2", "3"});
-    journey.EnterLine({"2", "1", "6", "1", "2", "3"});
-    journey.EnterLine({"1", "2", "4", "0", "2", "2"});
-    robot.ExpectBox(IncompletePlan(QMessageBox::Yes));
-    robot.Choose("continuar", "contaminantes");
-    journey.TypeAgents(1, 3);
-    robot.Press("Command1");
-    robot.Choose("continuar", "datosiniciales");
+class RestartedPlan : public Journeys {
+protected:
+    /// Three lines of a plan of three days and tasks, and the agents of its first task.
+    void BeginALargePlan() {
+        journey.EnterCompany();
+        journey.FixPlan(3, 3);
+        journey.EnterLine({"1", "1", "8", "1", "2", "3"});
+        journey.EnterLine({"2", "1", "6", "1", "2", "3"});
+        journey.EnterLine({"1", "2", "4", "0", "2", "2"});
+        robot.ExpectBox(IncompletePlan(QMessageBox::Yes));
+        robot.Choose("continuar", "contaminantes");
+        journey.TypeAgents(1, 3);
+        robot.Press("Command1");
+        robot.Choose("continuar", "datosiniciales");
+    }
 
-    // No: the list shows the new number, and a line is judged by the old one.
-    robot.ExpectBox(RestartQuestion(QMessageBox::No));
-    robot.Pick("Combo1(0)", "1");
-    EXPECT_EQ(robot.Text("Combo1(0)"), "1");
-    journey.EnterLine({"2", "1", "6", "1", "2", "3"});
-    EXPECT_EQ(journey.Texts("Text1", 18, 23),
-              (std::vector<std::string>{"2", "1", "6", "1", "2", "3"}));
+    /// The list shows the new number, and a line is judged by the old one.
+    void AnswerNo() {
+        robot.ExpectBox(RestartQuestion(QMessageBox::No));
+        robot.Pick("Combo1(0)", "1");
+        EXPECT_EQ(robot.Text("Combo1(0)"), "1");
+        journey.EnterLine({"2", "1", "6", "1", "2", "3"});
+        EXPECT_EQ(journey.Texts("Text1", 18, 23),
+                  (std::vector<std::string>{"2", "1", "6", "1", "2", "3"}));
+    }
 
-    // Yes: back to the choice, for which both numbers are wanted.
-    robot.ExpectBox(RestartQuestion(QMessageBox::Yes));
-    robot.Pick("Combo1(0)", "1");
-    EXPECT_EQ(robot.Text("Command1"), "Validar");
-    EXPECT_FALSE(robot.Visible("Command2"));
-    EXPECT_FALSE(robot.Visible("Text1(0)"));
-    robot.ExpectBox(Refusal(messages::kNoPick));
-    robot.Press("Command1");
+    /// Back to the choice, for which both numbers are wanted.
+    void AnswerYes() {
+        robot.ExpectBox(RestartQuestion(QMessageBox::Yes));
+        robot.Pick("Combo1(0)", "1");
+        EXPECT_EQ(robot.Text("Command1"), "Validar");
+        EXPECT_FALSE(robot.Visible("Command2"));
+        EXPECT_FALSE(robot.Visible("Text1(0)"));
+        robot.ExpectBox(Refusal(messages::kNoPick));
+        robot.Press("Command1");
+    }
+
+    /// The entry row has kept its picks: day 2, which the plan of one day no longer has.
+    void TryTheOldLine() {
+        EXPECT_EQ(robot.Text("Combo1(2)"), "2");
+        robot.ExpectBox(Refusal(messages::kEntryIncoherent));
+        robot.Press("Command2");
+        robot.ExpectBox(IncompletePlan(QMessageBox::No));
+        robot.Choose("continuar", "contaminantes");
+        EXPECT_EQ(robot.ScreenName(), "Form3");
+    }
+
+    /// The task and the day that went with the old plan are refused.
+    void EnterAgentsOfTheNewPlan() {
+        robot.Choose("continuar", "contaminantes");
+        robot.ExpectBox(Refusal(messages::kTaskAboveOnPick));
+        robot.Pick("Combo1", "3");
+        journey.TypeAgents(2, 2);
+        robot.Press("Command1");
+        robot.Choose("continuar", "pagina5");
+        robot.ExpectBox(Refusal(messages::kIncoherentDay));
+        robot.Choose("introducirdatos", "introsegundo");
+    }
+
+    Expected expected{"restarted"};
+    Journey journey{run, expected};
+};
+
+TEST_F(RestartedPlan, GoesOnWithTheNewNumbersAndKeepsTheOldTraces) {
+    BeginALargePlan();
+    AnswerNo();
+    AnswerYes();
     journey.FixPlan(1, 2);
-
-    // The entry row has kept its picks: day 2, which the plan no longer has.
-    EXPECT_EQ(robot.Text("Combo1(2)"), "2");
-    robot.ExpectBox(
-        Refusal("El número de Jornadas y Tareas seleccionado debe ser coherente con "
-                "los valores asignados"));
-    robot.Press("Command2");
-    robot.ExpectBox(IncompletePlan(QMessageBox::No));
-    robot.Choose("continuar", "contaminantes");
-    EXPECT_EQ(robot.ScreenName(), "Form3");
-
+    TryTheOldLine();
     // The first line stored brings back the one that the record still holds.
     journey.EnterLine({"1", "1", "5", "1", "1", "2"});
     EXPECT_EQ(
         journey.Texts("Text1", 0, 11),
         (std::vector<std::string>{"1", "1", "5", "1", "1", "2", "1", "2", "4", "0", "2", "2"}));
-    robot.Choose("continuar", "contaminantes");
-    robot.ExpectBox(Refusal(
-        " El número de tareas seleccionado no es coherente con el valor asignado inicialmente"));
-    robot.Pick("Combo1", "3");
-    journey.TypeAgents(2, 2);
-    robot.Press("Command1");
-    robot.Choose("continuar", "pagina5");
-    robot.ExpectBox(
-        Refusal(" El número de día seleccionado no es coherente con los datos introducidos"));
-    robot.Choose("introducirdatos", "introsegundo");
-
+    EnterAgentsOfTheNewPlan();
     journey.TypeDay(1);
     journey.PressChain();
     journey.ExpectDay(1);
@@ -166,19 +142,68 @@ TEST_F(Journeys, APlanRestartedMidwayGoesOnWithTheNewNumbersAndKeepsTheOldTraces
     EXPECT_EQ(BytesOf(FileNamed("restarted.doc")), expected.Bytes());
 }
 
+/// A company's plan of one task of 8 hours, its agents entered, on the sheet.
+class OneTask : public Journeys {
+protected:
+    OneTask(int days, const char* minutes30, const char* minutes15,
+            const std::vector<Agent>& agents) {
+        journey.EnterCompany();
+        journey.FixPlan(days, 1);
+        const auto count = static_cast<int>(agents.size());
+        for (int day = 1; day <= days; ++day) {
+            journey.EnterLine(
+                {std::to_string(day), "1", "8", minutes30, minutes15, std::to_string(count)});
+        }
+        robot.Choose("continuar", "contaminantes");
+        robot.Pick("Combo1", "1");
+        for (int row = 0; row < count; ++row) {
+            journey.TypeAgent(row, agents.at(static_cast<std::size_t>(row)));
+        }
+        robot.Press("Command1");
+        robot.Choose("continuar", "pagina5");
+    }
+
+    std::string Cell(int row, int column) {
+        return robot.Text(Indexed("Text1", 18 * row + column));
+    }
+
+    void TypeSamples(int row, const std::vector<std::string>& samples) {
+        int column = 7;
+        for (const std::string& sample : samples) {
+            robot.Type(Indexed("Text1", 18 * row + column++), sample);
+        }
+    }
+
+    /// The answers and sentences: greatest index, greatest class, over a limit, both sentences.
+    std::vector<std::string> Conclusions() {
+        std::vector<std::string> texts;
+        for (const char* const cell : {"Text2", "Text4", "Text7", "Text5", "Text6"}) {
+            texts.push_back(robot.Text(cell));
+        }
+        return texts;
+    }
+
+    /// One row of the final table, from the sheet and back to it.
+    std::vector<std::string> FinalRow(int row) {
+        robot.Choose("continuar", "resultadosfinales");
+        robot.Press("Command1");
+        std::vector<std::string> texts = journey.Texts("Text1", 9 * row + 1, 9 * row + 8);
+        robot.Choose("regresar");
+        EXPECT_EQ(robot.ScreenName(), "Form5");
+        return texts;
+    }
+
+    Expected expected{"one_day"};  // for its company
+    Journey journey{run, expected};
+};
+
 /// One agent with VLA-ED 20 and VLA-EC 100 for 8 hours. Its samples are 2 and 8 times the day's
 /// factor 1, 2 or 4. Worked by hand: the mean is the geometric one, 4, 8 and 16; the index is a
 /// twentieth of it; the spread is exp(ln(4) / sqrt(2)) = 2.67; 100 over the mean is 25, 12.5 and
 /// 6.25, where the first curve above 2.67 is that of 0.1, 1 and 5 (2.864, 2.990 and 3.036).
-class DaysOutOfOrder : public Journeys {
+class DaysOutOfOrder : public OneTask {
 protected:
-    DaysOutOfOrder() {
-        journey.EnterCompany();
-        PlanOneTask(journey, 3, "1", "0", "1");
-        journey.TypeAgent(0, {"Disolvente", "20", "100", "30", "0", "ppm"});
-        robot.Press("Command1");
-        robot.Choose("continuar", "pagina5");
-    }
+    DaysOutOfOrder() : OneTask(3, "1", "0", {{"Disolvente", "20", "100", "30", "0", "ppm"}}) {}
 
     void Validate(int day) {
         struct Told {
@@ -208,13 +233,9 @@ protected:
     std::string ResultsAfter(int day) {
         Validate(day);
         std::string results;
-        for (const std::string& cell : FinalRow(journey, 0))
-            results += (results.empty() ? "" : " ") + cell;
+        for (const std::string& cell : FinalRow(0)) results += (results.empty() ? "" : " ") + cell;
         return results;
     }
-
-    Expected expected{"one_day"};  // for its company
-    Journey journey{run, expected};
 };
 
 TEST_F(DaysOutOfOrder, ThirdFirstSecond_TheTableWaitsForTheSecondDay) {
@@ -250,48 +271,58 @@ TEST_F(DaysOutOfOrder, ADayValidatedAgainReplacesItsIndexAndItsSlot) {
                             "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS"));
     EXPECT_THAT(journey.Marked(), ElementsAre("Text1(8) red 250"));
     // The cube root of 0.2 x 1.6 x 0.8 = 0.256 (Python: 0.256 ** (1 / 3)).
-    EXPECT_THAT(FinalRow(journey, 0), ElementsAre("Disolvente", "0.2", "1.6", "0.8",
-                                                  "0.63496042078728", "0.1", "50", "5"));
+    EXPECT_THAT(FinalRow(0), ElementsAre("Disolvente", "0.2", "1.6", "0.8", "0.63496042078728",
+                                         "0.1", "50", "5"));
     journey.RecoverDay(2);
     EXPECT_EQ(Cell(0, 8), "64");
     EXPECT_THAT(journey.Marked(), IsEmpty()) << "colours are not kept";
 }
 
-// Figures by hand, as above: samples 2 and 8 give 4, samples 4 and 16 give 8, the spread is 2.67.
-TEST_F(Journeys, AListChangedAfterResultsReachesTheDayStepByStep) {
-    const Expected expected("one_day");  // for its company
-    Journey journey(run, expected);
-    journey.EnterCompany();
-    PlanOneTask(journey, 1, "1", "1", "2");
-    journey.TypeAgent(0, {"Benceno", "8", "0", "30", "0", "ppm"});
-    journey.TypeAgent(1, {"Hexano", "20", "100", "15", "0", "ppm"});
-    robot.Press("Command1");
-    robot.Choose("continuar", "pagina5");
-    robot.Choose("introducirdatos", "introprimero");
-    TypeSamples(0, {"2", "8"});
-    TypeSamples(1, {"4", "16"});
-    journey.PressChain();
+/// Two agents measured for a day. Figures by hand, as above: samples 2 and 8 give 4, samples 4 and
+/// 16 give 8, the spread is 2.67.
+class ListChangedAfterResults : public OneTask {
+protected:
+    ListChangedAfterResults()
+        : OneTask(1, "1", "1",
+                  {{"Benceno", "8", "0", "30", "0", "ppm"},
+                   {"Hexano", "20", "100", "15", "0", "ppm"}}) {
+        MeasureAnew();
+    }
+
+    void MeasureAnew() {
+        robot.Choose("introducirdatos", "introprimero");
+        TypeSamples(0, {"2", "8"});
+        TypeSamples(1, {"4", "16"});
+        journey.PressChain();
+    }
+
+    /// Another name and limit for the first agent, another short limit for the second.
+    void ChangeTheList() {
+        robot.Choose("continuar", "contaminantes");
+        robot.Pick("Combo1", "1");
+        robot.Press("Command3");
+        robot.Retype("Text1(1)", "Tolueno");
+        robot.Retype("Text1(2)", "16");
+        robot.Retype("Text1(8)", "16");
+        robot.Press("Command1");
+        robot.Choose("continuar", "pagina5");
+    }
+
+    std::vector<std::string> ShortExposures() { return journey.Texts("Text3", 0, 7); }
+};
+
+TEST_F(ListChangedAfterResults, TheTableShowsTheNewNameBesideTheIndexOfTheOldLimit) {
     // 24 / 4 = 6: the curve of 5 gives 2.96; 100 / 8 = 12.5: that of 1 gives 2.99.
-    EXPECT_THAT(journey.Texts("Text3", 0, 7),
-                ElementsAre("24", "4", "2.67", "5", "100", "8", "2.67", "1"));
-    EXPECT_THAT(FinalRow(journey, 0),
+    EXPECT_THAT(ShortExposures(), ElementsAre("24", "4", "2.67", "5", "100", "8", "2.67", "1"));
+    EXPECT_THAT(FinalRow(0),
                 ElementsAre("Benceno", "0.5", "----", "----", "----", "5", "----", "----"));
-
-    robot.Choose("continuar", "contaminantes");
-    robot.Pick("Combo1", "1");
-    robot.Press("Command3");
-    robot.Retype("Text1(1)", "Tolueno");
-    robot.Retype("Text1(2)", "16");
-    robot.Retype("Text1(8)", "16");
-    robot.Press("Command1");
-    robot.Choose("continuar", "pagina5");
-
-    // The name is in the table at once, beside the index of the old limit.
-    EXPECT_THAT(FinalRow(journey, 0),
+    ChangeTheList();
+    EXPECT_THAT(FinalRow(0),
                 ElementsAre("Tolueno", "0.5", "----", "----", "----", "5", "----", "----"));
+}
 
-    // The recovered day holds the old list; validated, its index takes the new limit, and the short
-    // time the old one.
+TEST_F(ListChangedAfterResults, ARecoveredDayTakesTheNewLimitInItsIndexAlone) {
+    ChangeTheList();
     journey.RecoverDay(1);
     EXPECT_THAT(journey.Texts("Text1", 0, 3), ElementsAre("1", "Benceno", "8", "0"));
     EXPECT_EQ(Cell(0, 14), ".5");
@@ -299,28 +330,25 @@ TEST_F(Journeys, AListChangedAfterResultsReachesTheDayStepByStep) {
     EXPECT_THAT(journey.Texts("Text1", 0, 3), ElementsAre("1", "Benceno", "8", "0"));
     EXPECT_EQ(Cell(0, 14), ".25");
     EXPECT_EQ(Cell(0, 15), ".25");
-    EXPECT_THAT(journey.Texts("Text3", 0, 7),
-                ElementsAre("24", "4", "2.67", "5", "100", "8", "2.67", "1"));
+    EXPECT_THAT(ShortExposures(), ElementsAre("24", "4", "2.67", "5", "100", "8", "2.67", "1"));
     EXPECT_EQ(robot.Text("Text2"), "0.4");
     EXPECT_EQ(robot.Text("Text7"), "NO");
-    EXPECT_THAT(FinalRow(journey, 0),
+    EXPECT_THAT(FinalRow(0),
                 ElementsAre("Tolueno", "0.25", "----", "----", "----", "5", "----", "----"));
+}
 
-    // Laid out anew, the day takes the new list whole.
-    robot.Choose("introducirdatos", "introprimero");
+TEST_F(ListChangedAfterResults, ADayLaidOutAnewTakesTheNewListWhole) {
+    ChangeTheList();
+    MeasureAnew();
     EXPECT_THAT(journey.Texts("Text1", 0, 3), ElementsAre("1", "Tolueno", "16", "0"));
     EXPECT_EQ(Cell(1, 3), "16");
-    TypeSamples(0, {"2", "8"});
-    TypeSamples(1, {"4", "16"});
-    journey.PressChain();
     // 48 / 4 = 12: the curve of 1 gives 2.94; 16 / 8 = 2 lies under every curve. 16 reaches 16.
-    EXPECT_THAT(journey.Texts("Text3", 0, 7),
-                ElementsAre("48", "4", "2.67", "1", "16", "8", "2.67", "50"));
+    EXPECT_THAT(ShortExposures(), ElementsAre("48", "4", "2.67", "1", "16", "8", "2.67", "50"));
     EXPECT_THAT(Conclusions(),
                 ElementsAre("0.4", "50", "SI", "DEBE PROCEDERSE A LA VALORACIÓN DE DOS DÍAS MÁS",
                             "ALTA PROBABILIDAD DE SUPERAR EXPOSICIONES EN PERIODOS CORTOS"));
     EXPECT_THAT(journey.Marked(), ElementsAre("Text1(26) red 255"));
-    EXPECT_THAT(FinalRow(journey, 1),
+    EXPECT_THAT(FinalRow(1),
                 ElementsAre("Hexano", "0.4", "----", "----", "----", "50", "----", "----"));
 }
 

@@ -20,35 +20,45 @@ class Ended(Exception):
         self.status = status
 
 
+def listen(folder):
+    """A socket for the driver to call, and its path."""
+    listener = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
+    path = os.path.join(folder, "socket")
+    if os.path.exists(path):
+        os.unlink(path)
+    listener.bind(path)
+    listener.listen(1)
+    listener.settimeout(PATIENCE_S)
+    return listener, path
+
+
+def environment(folder, home, locale, plugins, socket_path):
+    """All that the program learns from outside: its driver, its locale and its folders."""
+    sanitizers = {k: v for k, v in os.environ.items() if k.endswith("SAN_OPTIONS")}
+    return sanitizers | {
+        "PATH": os.environ["PATH"],
+        "HOME": home,
+        "TMPDIR": folder,
+        "LC_ALL": LOCALES[locale][0],
+        "QT_QPA_PLATFORM": "offscreen",
+        "QT_QPA_GENERIC_PLUGINS": "lockstep_driver",
+        "QT_PLUGIN_PATH": plugins,
+        "LOCKSTEP_SOCKET": socket_path,
+        "XDG_RUNTIME_DIR": folder,
+    }
+
+
 class Process:
     def __init__(self, executable, plugins, locale, folder, arguments=()):
         self.home = os.path.join(folder, "home")
         self.work = os.path.join(folder, "work")
         for path in (self.home, self.work):
             os.makedirs(path, exist_ok=True)
-        listener = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
-        socket_path = os.path.join(folder, "socket")
-        if os.path.exists(socket_path):
-            os.unlink(socket_path)
-        listener.bind(socket_path)
-        listener.listen(1)
-        listener.settimeout(PATIENCE_S)
-        environment = {
-            "PATH": os.environ["PATH"],
-            "HOME": self.home,
-            "TMPDIR": folder,
-            "LC_ALL": LOCALES[locale][0],
-            "QT_QPA_PLATFORM": "offscreen",
-            "QT_QPA_GENERIC_PLUGINS": "lockstep_driver",
-            "QT_PLUGIN_PATH": plugins,
-            "LOCKSTEP_SOCKET": socket_path,
-            "XDG_RUNTIME_DIR": folder,
-        }
-        environment.update({k: v for k, v in os.environ.items() if k.endswith("SAN_OPTIONS")})
+        listener, socket_path = listen(folder)
         self.output = open(os.path.join(folder, "output.txt"), "ab")
         self.child = subprocess.Popen(
             [executable, *arguments],
-            env=environment,
+            env=environment(folder, self.home, locale, plugins, socket_path),
             cwd=self.work,
             stdin=subprocess.DEVNULL,
             stdout=self.output,

@@ -45,10 +45,10 @@ std::string NameOf(const Element& element);
 
 constexpr int kLinesOfAFile = 1524;
 
-/// Visits every element of two records side by side: `visit(element, a, b)`. The lines are counted
-/// from the tables of the file's blocks, not from the program's own walk.
+// The walk over the parts of two records, in the file's order.
+
 template <class A, class B, class Visit>
-void WalkTogether(A& a, B& b, Visit visit) {
+void WalkPlan(A& a, B& b, Visit& visit) {
     for (int i = 1; i <= 19; ++i) {
         visit(Element{Field::DatosEmpresa, i, 0, 0, i}, a.DatosEmpresa(i), b.DatosEmpresa(i));
     }
@@ -65,6 +65,10 @@ void WalkTogether(A& a, B& b, Visit visit) {
                   b.Muestras15(d, t));
         }
     }
+}
+
+template <class A, class B, class Visit>
+void WalkTasks(A& a, B& b, Visit& visit) {
     for (int t = 1; t <= 3; ++t) {
         visit(Element{Field::NumContaminantes, t, 0, 0, 48 + t}, a.NumContaminantes(t),
               b.NumContaminantes(t));
@@ -82,6 +86,10 @@ void WalkTogether(A& a, B& b, Visit visit) {
             visit(at(Field::Unidades, 5), a.Unidades(t, c), b.Unidades(t, c));
         }
     }
+}
+
+template <class A, class B, class Visit>
+void WalkSheets(A& a, B& b, Visit& visit) {
     for (int e = 1; e <= 401; ++e) {
         const int line = 160 + 3 * (e - 1);
         visit(Element{Field::HojaPrimerDia, e, 0, 0, line}, a.HojaPrimerDia(e), b.HojaPrimerDia(e));
@@ -96,6 +104,11 @@ void WalkTogether(A& a, B& b, Visit visit) {
                   b.HojaFinal(r, c));
         }
     }
+}
+
+/// What the file leaves out.
+template <class A, class B, class Visit>
+void WalkStatistics(A& a, B& b, Visit& visit) {
     for (int d = 1; d <= 3; ++d) {
         for (int t = 1; t <= 3; ++t) {
             for (int c = 1; c <= 6; ++c) {
@@ -106,6 +119,16 @@ void WalkTogether(A& a, B& b, Visit visit) {
             }
         }
     }
+}
+
+/// Visits every element of two records side by side: `visit(element, a, b)`. The lines are counted
+/// from the tables of the file's blocks, not from the program's own walk.
+template <class A, class B, class Visit>
+void WalkTogether(A& a, B& b, Visit visit) {
+    WalkPlan(a, b, visit);
+    WalkTasks(a, b, visit);
+    WalkSheets(a, b, visit);
+    WalkStatistics(a, b, visit);
 }
 
 /// The elements in which two records differ.

@@ -13,6 +13,7 @@ come from a fixed seed through a generator of our own, so that every Python give
 import argparse
 import csv
 import io
+import itertools
 import os
 import sys
 from collections import Counter
@@ -239,11 +240,7 @@ def row(name, source, texts, hours, ed, ec, printed=("", "")):
     result = dict.fromkeys(COLUMNS, "")
     result.update(id=name, source=source, samples=" ".join(texts), hours=hours, ed=ed, ec=ec,
                   printed_mg=printed[0], printed_gsd=printed[1])  # fmt: skip
-    samples = []
-    for text in texts:
-        if read(text) == 0:
-            break
-        samples.append(read(text))
+    samples = list(itertools.takewhile(bool, map(read, texts)))
     if len(samples) < 2:
         result["outcome"] = "one usable sample"
         return result
@@ -406,22 +403,21 @@ def percent_text(value):
     return plain(Decimal(format(value, ".3g")))
 
 
-def report(results):
-    shown = [r for r in results if r["outcome"] == "shown"]
+def data_sets_section(results):
     outcomes = Counter(r["outcome"] for r in results)
     sources = Counter("published" if r["id"][0] == "p" else r["source"] for r in results)
     near = Counter(n.partition(":")[0] for r in results for n in r["near"].split("|") if n)
-    differ = [r for r in shown if r["prob"] != r["exact_class"]]
-    names = [name for _, _, name in LADDER] + [TOP_CLASS]
-    counts = {(a, b): n for a, b, n in difference_lines(results)}
     text = "## The data sets\n\n"
     text += markdown(("Data sets", "Number"), [*sources.items(), ("all", len(results))])
     text += "\n" + markdown(("What the sheet does with them", "Number"), outcomes.items())
-    text += "\n" + markdown(
+    return text + "\n" + markdown(
         ("Within 1e-12 of a border", "Number"),
         [(c, near[c]) for c in ("mg", "gsd", "mmp", "indice", "prob", "raw_class")],
     )
-    text += "\n## The ladder's rungs and the exact normal tail\n\n"
+
+
+def rungs_section():
+    text = "\n## The ladder's rungs and the exact normal tail\n\n"
     text += (
         "With the multiplier 1 a curve ratio^B divides the plane at the tail of z = 1/B; the exact\n"
         "exponent of a class is 1/z of its tail.\n\n"
@@ -433,28 +429,33 @@ def report(results):
         z = format(1 / Decimal(b), ".4f")
         rungs.append((name, a, b, format(exact, ".5f"), z, percent_text(of_b)))
     header = ("Class (%)", "A", "B", "exact B", "z = 1/B", "exact tail of that z (%)")
-    text += markdown(header, rungs)
-    text += (
+    return text + markdown(header, rungs)
+
+
+def thresholds_section():
+    header = ("Ratio", *(f"class {name}" for _, _, name in LADDER))
+    lines = {ratio: [li for li in ladder_lines() if li[0] == ratio] for ratio in RATIOS}
+    tails, borders = [], []
+    for ratio, of_ratio in lines.items():
+        cells = [percent_text(Decimal(li[5])) if li[5] else "" for li in of_ratio]
+        tails.append((ratio, *cells))
+        both = [(format(Decimal(li[3]), ".4f"), format(Decimal(li[4]), ".4f")) for li in of_ratio]
+        borders.append((ratio, *(f"{own} ({exact})" for own, exact in both)))
+    return (
         "\nWhat the exact tail is on each rung's own threshold, in per cent (nothing where the\n"
         "threshold is not above 1, as no deviation is):\n\n"
+        + markdown(header, tails)
+        + "\nThreshold of each rung, and in brackets the deviation with the class's own tail:\n\n"
+        + markdown(header, borders)
     )
-    lines = list(ladder_lines())
-    by_ratio = []
-    for ratio in RATIOS:
-        cells = [percent_text(Decimal(li[5])) if li[5] else "" for li in lines if li[0] == ratio]
-        by_ratio.append((ratio, *cells))
-    text += markdown(("Ratio", *(f"class {name}" for name in names[:-1])), by_ratio)
-    text += "\nThreshold of each rung, and in brackets the deviation with the class's own tail:\n\n"
-    by_ratio = []
-    for ratio in RATIOS:
-        cells = [
-            f"{format(Decimal(li[3]), '.4f')} ({format(Decimal(li[4]), '.4f')})"
-            for li in lines
-            if li[0] == ratio
-        ]
-        by_ratio.append((ratio, *cells))
-    text += markdown(("Ratio", *(f"class {name}" for name in names[:-1])), by_ratio)
-    text += (
+
+
+def differences_section(results):
+    shown = [r for r in results if r["outcome"] == "shown"]
+    differ = [r for r in shown if r["prob"] != r["exact_class"]]
+    names = [name for _, _, name in LADDER] + [TOP_CLASS]
+    counts = {(a, b): n for a, b, n in difference_lines(results)}
+    text = (
         f"\nOf the {len(shown)} data sets with a class {len(differ)} get another one than the exact"
         " tail gives.\nRows: the ladder's class; columns: the exact one.\n\n"
     )
@@ -474,6 +475,15 @@ def report(results):
             )
             for r in differ
         ],
+    )
+
+
+def report(results):
+    return (
+        data_sets_section(results)
+        + rungs_section()
+        + thresholds_section()
+        + differences_section(results)
     )
 
 

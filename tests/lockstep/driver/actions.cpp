@@ -359,6 +359,15 @@ QString performAll(const QJsonArray& burst) {
     return {};
 }
 
+QString pressBySpace(const QString& name) {
+    auto* button = control<QPushButton>(name);
+    if (button == nullptr) return refused("no button", name);
+    if (!button->isEnabled()) return {};
+    const QString trouble = focus(button);
+    if (trouble.isEmpty()) sendKey(button, text("<SPACE>"));
+    return trouble;
+}
+
 }  // namespace
 
 QString perform(const QJsonArray& action) {
@@ -375,14 +384,7 @@ QString perform(const QJsonArray& action) {
     if (verb == QLatin1String("menu")) return menu(name);
     if (verb == QLatin1String("menumouse")) return menuByMouse(name, more);
     if (verb == QLatin1String("reader")) return pressAsReader(name);
-    if (verb == QLatin1String("space")) {
-        auto* button = control<QPushButton>(name);
-        if (button == nullptr) return refused("no button", name);
-        if (!button->isEnabled()) return {};
-        const QString trouble = focus(button);
-        if (trouble.isEmpty()) sendKey(button, text("<SPACE>"));
-        return trouble;
-    }
+    if (verb == QLatin1String("space")) return pressBySpace(name);
     if (verb == QLatin1String("context")) return contextEntry(name, more);
     if (verb == QLatin1String("drop")) return drop(name, more);
     if (verb == QLatin1String("close")) {
