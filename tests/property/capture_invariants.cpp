@@ -5,7 +5,6 @@
 #include "core/numbers.h"
 #include "property/invariant.h"
 #include "property/judging.h"
-#include "support/messages.h"
 
 namespace velmora::property {
 
@@ -143,52 +142,6 @@ Verdict FixingThePlanStoresTheTwoNumbersPicked(const Step& s) {
     return Verdict::Holds();
 }
 
-/// The message with which the entry row is refused; empty when it is to be stored.
-std::string_view RefusalOfTheEntry(const Step& s) {
-    std::array<double, 8> picked{};
-    for (int i = 2; i <= 7; ++i) {
-        const std::string& text = s.before.List("Combo1", i).Text;
-        if (text.empty()) return messages::kEntryIncomplete;
-        picked.at(static_cast<std::size_t>(i)) = Value(text);
-    }
-    if (picked[2] > s.record_before.NumJornadas.Value() ||
-        picked[3] > s.record_before.NumTareas.Value()) {
-        return messages::kEntryIncoherent;
-    }
-    if (picked[5] + picked[6] != picked[7]) {
-        return messages::kSumDiffers;
-    }
-    return {};
-}
-
-Verdict AnEntryIsJudgedAndStoredAsTheListsTell(const Step& s) {
-    if (!s.Pressed(Form3, "Command2")) return Verdict::PassedOver();
-    const std::string_view due = RefusalOfTheEntry(s);
-    const std::string_view shown =
-        s.Refused() ? std::string_view(s.outcome.boxes.front().prompt) : std::string_view();
-    if (shown != due) return Verdict::Broken("it said \"", shown, "\" and not \"", due, "\"");
-    if (!due.empty()) {
-        return s.after == s.before ? Verdict::Holds() : Verdict::Broken("the screen changed");
-    }
-    const auto picked = [&](int i) { return s.before.List("Combo1", i).Text; };
-    const int day = static_cast<int>(Value(picked(2)));
-    const int task = static_cast<int>(Value(picked(3)));
-    const std::array<std::string, 4> line = {picked(4), picked(5), picked(6), picked(7)};
-    if (PlanRow(s.record_after, day, task) == line) return Verdict::Holds();
-    return Verdict::Broken("the line of day ", day, " and task ", task, " holds something else");
-}
-
-Verdict TheLimitOfSixIsToldWhenTheLaterCountIsPicked(const Step& s) {
-    const bool pick = s.action.kind == Kind::Pick && s.before.Id() == Form3;
-    if (!pick || s.action.target == "Combo1(0)" || s.action.target == "Combo1(1)") {
-        return Verdict::PassedOver();
-    }
-    const double sum =
-        Value(s.after.List("Combo1", 5).Text) + Value(s.after.List("Combo1", 6).Text);
-    const bool due = s.action.target == "Combo1(6)" && sum > 6;
-    return s.Refused() == due ? Verdict::Holds() : Verdict::Broken("the sum is ", sum);
-}
-
 Verdict APlanIsReopenedOnlyByAYes(const Step& s) {
     const bool pick = s.action.kind == Kind::Pick && s.before.Id() == Form3;
     if (!pick || (s.action.target != "Combo1(0)" && s.action.target != "Combo1(1)")) {
@@ -261,84 +214,6 @@ Verdict APickOfATaskEmptiesTheRows(const Step& s) {
     return s.Refused() == refused ? Verdict::Holds() : Verdict::Broken("wrongly judged");
 }
 
-/// The message with which a button of Form4 is refused; empty when it does its work.
-std::string_view RefusalOfTheTask(const Step& s) {
-    const std::string& task = s.before.List("Combo1").Text;
-    if (task.empty()) return messages::kNoTask;
-    if (Value(task) > s.record_before.NumTareas.Value()) {
-        return messages::kTaskAbove;
-    }
-    if (s.action.target == "Command3") return {};
-    const int rows = s.record_before.NumContaminantes(static_cast<int>(Value(task))).Value();
-    for (int i = 0; i < 5 * rows; ++i) {
-        if (s.before.Cells("Text1")(i).Text.empty()) return messages::kRowsIncomplete;
-    }
-    for (int i = 0; i < rows; ++i) {
-        if (s.before.List("Combo13", i).Text.empty() || s.before.Cells("Text3")(i).Text.empty()) {
-            return messages::kRowsIncomplete;
-        }
-    }
-    return {};
-}
-
-/// The name of the first thing in which row r of the screen and contaminant r of the record differ,
-/// empty when they agree.
-std::string_view DifferenceOfRow(const Screenshot& screen, const EvaluacionRecord& record, int t,
-                                 int r, bool stored) {
-    const auto Text1 = screen.Cells("Text1");
-    const auto Text3 = screen.Cells("Text3");
-    // Stored, a cell is read by the rule of the leading number; shown, it has the number's text.
-    const auto agrees = [&](const std::string& cell, double number) {
-        return stored ? Value(cell) == number : cell == TextoDoble(number);
-    };
-    if (Text1(5 * r - 4).Text != record.NombreContaminante(t, r)) return "name";
-    if (!agrees(Text1(5 * r - 3).Text, record.VlaEd(t, r).Value())) return "VLA-ED";
-    if (!agrees(Text1(5 * r - 2).Text, record.VlaEc(t, r).Value())) return "VLA-EC";
-    if (!agrees(Text1(5 * r - 1).Text, record.Aditivo(t, r).Value())) return "additive mark";
-    if (!agrees(Text3(r - 1).Text, record.TiempoMuestreo(t, r).Value())) return "TM";
-    if (screen.List("Combo13", r - 1).Text != record.Unidades(t, r)) return "unit";
-    return {};
-}
-
-Verdict TheListOfATaskIsStoredAndShownAsTheRowsTell(const Step& s) {
-    const bool stores = s.Pressed(Form4, "Command1");
-    if ((!stores && !s.Pressed(Form4, "Command3")) || !s.Lives()) return Verdict::PassedOver();
-    const std::string_view due = RefusalOfTheTask(s);
-    const std::string_view shown =
-        s.Refused() ? std::string_view(s.outcome.boxes.front().prompt) : std::string_view();
-    if (shown != due) return Verdict::Broken("it said \"", shown, "\" and not \"", due, "\"");
-    if ((stores || !due.empty()) && !(s.after == s.before)) {
-        return Verdict::Broken("the screen changed");
-    }
-    if (!due.empty()) return Verdict::Holds();
-    const int task = static_cast<int>(Value(s.before.List("Combo1").Text));
-    const int rows = s.record_after.NumContaminantes(task).Value();
-    for (int r = 1; r <= rows; ++r) {
-        const auto difference = DifferenceOfRow(s.after, s.record_after, task, r, stores);
-        if (!difference.empty()) return Verdict::Broken(difference, " of row ", r);
-        const std::string& in_the_table = s.record_after.HojaFinal(6 * (task - 1) + r, 2);
-        if (stores && in_the_table != s.record_after.NombreContaminante(task, r)) {
-            return Verdict::Broken("HojaFinal names row ", r, " \"", in_the_table, "\"");
-        }
-    }
-    return Verdict::Holds();
-}
-
-Verdict ADoubleClickSwitchesTheSamplingTime(const Step& s) {
-    if (s.action.kind != Kind::DoubleClick) return Verdict::PassedOver();
-    for (int i = 0; i <= 5; ++i) {
-        if (s.action.target != Say("Text3(", i, ")")) continue;
-        const std::string& before = s.before.Cells("Text3")(i).Text;
-        const std::string& after = s.after.Cells("Text3")(i).Text;
-        const double number = Value(before);
-        const std::string due = before.empty() || number == 15 ? "30"
-                                : number == 30                 ? "15"
-                                                               : before;
-        return after == due ? Verdict::Holds() : Verdict::Broken(before, " became ", after);
-    }
-    return Verdict::Broken("something else takes double-clicks");
-}
-
 /// Text that the keys of a limit value can make, or the program's own text of a number.
 bool IsNumberText(const std::string& text) {
     return std::ranges::all_of(text, [](char c) {
@@ -377,20 +252,12 @@ const std::vector<Invariant> kCaptureInvariants = {
      TheGridShowsThePlanOfTheRecord},
     {"Fixing the plan stores the two numbers picked and opens empty rows.",
      FixingThePlanStoresTheTwoNumbersPicked},
-    {"A line of the plan is judged and stored as its lists tell.",
-     AnEntryIsJudgedAndStoredAsTheListsTell},
-    {"The limit of six samples is told when the 15-minute count is picked, and only then.",
-     TheLimitOfSixIsToldWhenTheLaterCountIsPicked},
     {"A fixed plan asks before it is reopened, and only a Yes reopens it.",
      APlanIsReopenedOnlyByAYes},
     {"Form4 has open as many rows as the task picked has contaminants, and hidden cells are "
      "empty.",
      TheRowsOfTheTaskPickedAreOpenAndNoOther},
     {"A pick of a task empties the rows and shows the headings.", APickOfATaskEmptiesTheRows},
-    {"A task's list is refused, stored and shown as its rows tell.",
-     TheListOfATaskIsStoredAndShownAsTheRowsTell},
-    {"A double-click makes 30 of an empty sampling time, then 15, then 30.",
-     ADoubleClickSwitchesTheSamplingTime},
     {"The rows of Form4 hold only what their keys let through.",
      TheRowsHoldOnlyWhatTheKeysLetThrough},
 };

@@ -142,18 +142,4 @@ std::vector<Group> GroupsOf(const Screenshot& sheet, int task, int contaminants)
     return groups;
 }
 
-std::vector<int> SinglesOf(const Screenshot& sheet, int task, int contaminants) {
-    const auto Text1 = sheet.Cells("Text1");
-    const auto group_of = [&](int c) { return Value(Text1(At(task, c, Col::kGroup)).Text); };
-    std::vector<int> singles;
-    for (int c = 1; c <= contaminants; ++c) {
-        const double group = group_of(c);
-        int members = 0;
-        for (int other = 1; other <= contaminants; ++other) members += group_of(other) == group;
-        const bool alone = members == 1 && group >= 1 && group <= 6 && group == std::floor(group);
-        if (group == 0 || alone) singles.push_back(c);
-    }
-    return singles;
-}
-
 }  // namespace velmora::property

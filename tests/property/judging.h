@@ -47,9 +47,6 @@ struct Group {
 };
 std::vector<Group> GroupsOf(const Screenshot& sheet, int task, int contaminants);
 
-/// Contaminants of a task that are judged by themselves: without a group, or alone in one.
-std::vector<int> SinglesOf(const Screenshot& sheet, int task, int contaminants);
-
 /// Index of a cell of the sheet: `Text1` by task, contaminant (from 1) and column, and `Text3`.
 constexpr int At(int task, int contaminant, int column) {
     return ((task - 1) * 6 + contaminant - 1) * 18 + column;

@@ -99,7 +99,6 @@ void World::Start() {
     process_ = std::make_unique<Process>(folder_);
     started_ = true;
     shown_.Take(process_->Current());
-    keys_.Forget();
     previous_.reset();
     own_ = true;
 }
@@ -155,10 +154,8 @@ void World::NoteFiles(const Action& action) {
     }
 }
 
-bool World::Perform(const Action& action) {
-    const bool on_file = IsFileAction(action);
-    if (on_file ? !OffersFileAction(action) : !process_->Offers(action)) return false;
-
+/// Puts what the last step left, or what the start gave, ahead of this one.
+void World::Begin(const Action& action) {
     step_.action = action;
     step_.folder = folder_;
     step_.disk = &disk_;
@@ -166,8 +163,6 @@ bool World::Perform(const Action& action) {
     step_.own_before = own_;
     step_.saved.clear();
     step_.restored.clear();
-    step_.text_due.reset();
-    // What stands before this step is what the last one left, or what the start gave.
     std::swap(step_.before, step_.after);
     if (!step_.written.empty()) step_.record_before = step_.record_after;
     if (started_) {
@@ -176,18 +171,10 @@ bool World::Perform(const Action& action) {
         step_.record_after = process_->record;
         started_ = false;
     }
+}
 
-    if (on_file) {
-        ChangeFile(action);
-        step_.outcome = {};
-    } else {
-        const Control* const control = process_->Current().FindControl(action.target);
-        if (action.kind == Action::Kind::Key && std::holds_alternative<TextCell*>(control->state)) {
-            step_.text_due = keys_.After(step_.before.Id(), control->row.name, control->row.index,
-                                         *std::get<TextCell*>(control->state), action.number);
-        }
-        step_.outcome = process_->Perform(action);
-    }
+/// Notes what the action has come to.
+void World::TakeIn(const Action& action) {
     step_.now = process_->Now();
     step_.after.Take(process_->Current());
     step_.menu.reset();
@@ -196,15 +183,25 @@ bool World::Perform(const Action& action) {
     if (!step_.written.empty()) step_.record_after = process_->record;
     NoteFiles(action);
     step_.own_after = own_;
+}
 
-    if (!step_.Lives()) {
-        Start();
-        return true;
+bool World::Perform(const Action& action) {
+    const bool on_file = IsFileAction(action);
+    if (on_file ? !OffersFileAction(action) : !process_->Offers(action)) return false;
+
+    Begin(action);
+    if (on_file) {
+        ChangeFile(action);
+        step_.outcome = {};
+    } else {
+        step_.outcome = process_->Perform(action);
     }
+    TakeIn(action);
+
     previous_.reset();
-    if (step_.Moved())
-        keys_.Forget();
-    else
+    if (!step_.Lives())
+        Start();
+    else if (!step_.Moved())
         previous_ = action;
     return true;
 }

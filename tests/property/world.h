@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "property/action.h"
-#include "property/key_model.h"
 #include "property/process.h"
 #include "property/record_walk.h"
 #include "property/screenshot.h"
@@ -47,8 +46,6 @@ struct Step {
     std::optional<std::string> menu;
     /// The action before, when it was done on the same visit to the screen.
     std::optional<Action> previous;
-    /// Of a key in a text cell: the text that the cell must hold afterwards.
-    std::optional<std::string> text_due;
     /// The record was made by the program's own screens, or read from whole files of such.
     bool own_before = true;
     bool own_after = true;
@@ -91,13 +88,14 @@ private:
     bool OffersFileAction(const Action& action) const;
     void ChangeFile(const Action& action);
     void NoteFiles(const Action& action);
+    void Begin(const Action& action);
+    void TakeIn(const Action& action);
 
     std::filesystem::path folder_;
     std::string separator_before_;
     std::unique_ptr<Process> process_;
     bool started_ = false;  ///< the program has just been started: nothing was done on it yet
     Screenshot shown_;      ///< what it showed then
-    KeyModel keys_;
     Disk disk_;
     std::optional<Action> previous_;
     bool own_ = true;
