@@ -53,8 +53,8 @@ Verdict ThePlanScreenHasOneOfItsTwoFaces(const Step& s) {
     const Screenshot& plan = s.after;
     const bool fixed = PlanIsFixed(plan);
     if (plan.ButtonOf("Command1").Enabled == fixed) return Verdict::Broken("Command1");
-    const Button& validar = plan.ButtonOf("Command2");
-    if (validar.Visible != fixed || validar.Enabled != fixed) return Verdict::Broken("Command2");
+    const Button& button = plan.ButtonOf("Command2");
+    if (button.Visible != fixed || button.Enabled != fixed) return Verdict::Broken("Command2");
     for (int i = 0; i <= 11; ++i) {
         if (plan.LabelOf("Label3", i).Visible != fixed) return Verdict::Broken("Label3(", i, ")");
     }

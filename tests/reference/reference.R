@@ -51,8 +51,8 @@ for (i in seq_len(nrow(sets))) {
     expect(set$id, "gsd", gsd, as.numeric(set$gsd), 1e-13)
     expect(set$id, "mean", mean, as.numeric(set$mean), tolerance)
     if (set$outcome != "shown") next
-    ratio <- as.numeric(set$ec_mas) / as.numeric(set$mg_mas)
-    deviation <- as.numeric(set$gsd_mas)
+    ratio <- as.numeric(set$ec_plus) / as.numeric(set$mg_plus)
+    deviation <- as.numeric(set$gsd_plus)
     expect(set$id, "class", class_of(ratio, deviation), as.numeric(set$prob), 0)
     if (deviation == 1) next
     # The logarithm of the tail: far out the tail itself is no Double.

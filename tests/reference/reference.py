@@ -66,7 +66,7 @@ WORKED = (
 )
 
 COLUMNS = ("id", "source", "samples", "hours", "ed", "ec", "outcome", "mg", "gsd", "mean",
-           "mg_text", "gsd_text", "mmp_text", "indice_text", "ec_mas", "mg_mas", "gsd_mas", "prob",
+           "mg_text", "gsd_text", "mmp_text", "index_text", "ec_plus", "mg_plus", "gsd_plus", "prob",
            "raw_class", "tail_percent", "exact_class", "near",
            "printed_mg", "printed_gsd")  # fmt: skip
 
@@ -250,18 +250,18 @@ def row(name, source, texts, hours, ed, ec, printed=("", "")):
         return result
     index = Decimal(hours) * mean / (Decimal(ed) * 8) if Decimal(ed) else Decimal(0)
     near = []
-    for column, value in (("mg", mg), ("gsd", gsd), ("mmp", mean), ("indice", index)):
+    for column, value in (("mg", mg), ("gsd", gsd), ("mmp", mean), ("index", index)):
         result[column + "_text"] = two_decimals(value)
         if value and near_text(value) is not None:
             near.append(f"{column}:{near_text(value)}")
     result.update({k: format(v, ".20g") for k, v in (("mg", mg), ("gsd", gsd), ("mean", mean))})
     limit = Decimal(ec) or 3 * Decimal(ed)
-    result["ec_mas"] = general(limit)
+    result["ec_plus"] = general(limit)
     result["raw_class"] = ladder(limit / mg, gsd)
     if near_ladder(limit / mg, gsd):
         near.append("raw_class")
     shown_mg, shown_gsd = read(result["mg_text"]), read(result["gsd_text"])
-    result["mg_mas"], result["gsd_mas"] = general(shown_mg), general(shown_gsd)
+    result["mg_plus"], result["gsd_plus"] = general(shown_mg), general(shown_gsd)
     if shown_mg == 0:
         result["outcome"] = "mean shown as zero"
     else:
@@ -412,7 +412,7 @@ def data_sets_section(results):
     text += "\n" + markdown(("What the sheet does with them", "Number"), outcomes.items())
     return text + "\n" + markdown(
         ("Within 1e-12 of a border", "Number"),
-        [(c, near[c]) for c in ("mg", "gsd", "mmp", "indice", "prob", "raw_class")],
+        [(c, near[c]) for c in ("mg", "gsd", "mmp", "index", "prob", "raw_class")],
     )
 
 
@@ -467,8 +467,8 @@ def differences_section(results):
         [
             (
                 r["id"],
-                format(Decimal(r["ec_mas"]) / Decimal(r["mg_mas"]), ".5g"),
-                r["gsd_mas"],
+                format(Decimal(r["ec_plus"]) / Decimal(r["mg_plus"]), ".5g"),
+                r["gsd_plus"],
                 percent_text(Decimal(r["tail_percent"])),
                 r["prob"],
                 r["exact_class"],

@@ -97,9 +97,9 @@ constexpr int kMmp = 13;
 constexpr int kIndex = 14;
 constexpr int kMg = 16;
 constexpr int kGsd = 17;
-constexpr int kEcMas = 0;  ///< columns of `Text3`
-constexpr int kMgMas = 1;
-constexpr int kGsdMas = 2;
+constexpr int kEcPlus = 0;  ///< columns of `Text3`
+constexpr int kMgPlus = 1;
+constexpr int kGsdPlus = 2;
 constexpr int kProb = 3;
 
 /// The sheet of one day, one task and one contaminant in its first row.
@@ -172,9 +172,9 @@ protected:
 
     void ExpectShort(const Line& set) {
         Form5& form = Current<Form5>();
-        EXPECT_EQ(form.Text3(kEcMas).Text, set.at("ec_mas"));
-        EXPECT_EQ(form.Text3(kMgMas).Text, set.at("mg_mas"));
-        EXPECT_EQ(form.Text3(kGsdMas).Text, set.at("gsd_mas"));
+        EXPECT_EQ(form.Text3(kEcPlus).Text, set.at("ec_plus"));
+        EXPECT_EQ(form.Text3(kMgPlus).Text, set.at("mg_plus"));
+        EXPECT_EQ(form.Text3(kGsdPlus).Text, set.at("gsd_plus"));
         if (!IsNearAThreshold(set, "prob")) {
             EXPECT_EQ(form.Text3(kProb).Text, set.at("prob"));
         }
@@ -207,7 +207,7 @@ TEST_F(ReferenceTest, TheSheetShowsWhatTheIndependentProgramComputes) {
         TypeInto(set);
         if (!PressThrough(set.at("outcome"))) continue;
         ExpectText(set, "mmp", kMmp);
-        ExpectText(set, "indice", kIndex);
+        ExpectText(set, "index", kIndex);
         const bool mg_as_told = ExpectText(set, "mg", kMg);
         const bool gsd_as_told = ExpectText(set, "gsd", kGsd);
         if (mg_as_told && gsd_as_told) {
@@ -258,7 +258,7 @@ TEST(ReferenceRoutines, GiveTheClassOfUnroundedFigures) {
     for (const Line& set : DataSets()) {
         if (set.at("raw_class").empty() || IsNearAThreshold(set, "raw_class")) continue;
         SCOPED_TRACE(set.at("id"));
-        const Doble ratio = LeerValor(set.at("ec_mas")) / LeerValor(set.at("mg"));
+        const Doble ratio = LeerValor(set.at("ec_plus")) / LeerValor(set.at("mg"));
         EXPECT_EQ(ProbabilidadExceso(ratio, LeerValor(set.at("gsd"))).Value(),
                   Number(set.at("raw_class")));
         ++compared;
@@ -285,8 +285,8 @@ TEST(ReferenceLadder, DiffersFromTheExactTailAsTheTableCounts) {
     std::map<std::pair<std::string, std::string>, int> counts;
     for (const Line& set : DataSets()) {
         if (set.at("outcome") != "shown") continue;
-        const Doble ratio = LeerValor(set.at("ec_mas")) / LeerValor(set.at("mg_mas"));
-        const Doble shown = ProbabilidadExceso(ratio, LeerValor(set.at("gsd_mas")));
+        const Doble ratio = LeerValor(set.at("ec_plus")) / LeerValor(set.at("mg_plus"));
+        const Doble shown = ProbabilidadExceso(ratio, LeerValor(set.at("gsd_plus")));
         ++counts[{TextoDoble(shown), set.at("exact_class")}];
     }
     int differ = 0;
@@ -302,10 +302,10 @@ TEST(ReferenceLadder, ExactClassesAreThoseOfTheNormalTail) {
     // std::erfc, good to fifteen digits, against the table's tails of sixty.
     int compared = 0;
     for (const Line& set : DataSets()) {
-        if (set.at("outcome") != "shown" || set.at("gsd_mas") == "1") continue;
+        if (set.at("outcome") != "shown" || set.at("gsd_plus") == "1") continue;
         SCOPED_TRACE(set.at("id"));
-        const double ratio = Number(set.at("ec_mas")) / Number(set.at("mg_mas"));
-        const double z = std::log(ratio) / std::log(Number(set.at("gsd_mas")));
+        const double ratio = Number(set.at("ec_plus")) / Number(set.at("mg_plus"));
+        const double z = std::log(ratio) / std::log(Number(set.at("gsd_plus")));
         const double percent = 50 * std::erfc(z / std::sqrt(2.0));
         if (percent < 1e-200) continue;  // the relative error of erfc grows with z
         EXPECT_NEAR(percent, Number(set.at("tail_percent")), 1e-7 * Number(set.at("tail_percent")));
