@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
@@ -221,7 +222,7 @@ private:
     mutable QIcon more_;  ///< of a menu bar too narrow for its titles, once it was asked for
 };
 
-/// The faces by `Family`: the one asked for, and those that stand in for it.
+/// The face asked for, and those that stand in for it.
 QStringList FacesOf(Family family) {
     switch (family) {
         case Family::MsSansSerif:
@@ -235,6 +236,30 @@ QStringList FacesOf(Family family) {
             break;
     }
     return {QStringLiteral("Arial"), QStringLiteral("Liberation Sans")};
+}
+
+/// Those of the faces that the machine has, or all where it has none of them.
+QStringList Installed(const QStringList& faces) {
+    const QStringList families = QFontDatabase::families();
+    QStringList installed;
+    for (const QString& face : faces) {
+        const QString of_a_maker = face + QStringLiteral(" [");  // where several have one
+        const bool is_there = std::ranges::any_of(families, [&](const QString& family) {
+            return family.compare(face, Qt::CaseInsensitive) == 0 ||
+                   family.startsWith(of_a_maker, Qt::CaseInsensitive);
+        });
+        if (is_there) installed << face;
+    }
+    return installed.isEmpty() ? faces : installed;
+}
+
+/// The faces of a family, once they were looked for: for one that the machine doesn't have the
+/// toolkit sorts all others by their likeness, and does so anew for each weight.
+const QStringList& InstalledFacesOf(Family family) {
+    static std::map<Family, QStringList> found;
+    const auto [entry, is_new] = found.try_emplace(family);
+    if (is_new) entry->second = Installed(FacesOf(family));
+    return entry->second;
 }
 
 QPalette LightPalette() {
@@ -304,7 +329,7 @@ QFont FontOf(const Look& look, double pixels_per_twip) {
     constexpr double kTwipsPerPoint = 20;
     constexpr double kRoundingSlack = 0.01;
     QFont font;
-    font.setFamilies(FacesOf(look.family));
+    font.setFamilies(InstalledFacesOf(look.family));
     font.setStyleHint(look.family == Family::TimesNewRoman ? QFont::Serif : QFont::SansSerif);
     font.setBold(look.bold);
     const double pixels = look.points * kTwipsPerPoint * pixels_per_twip;
