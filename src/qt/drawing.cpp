@@ -48,6 +48,7 @@ QPixmap Drawing::Rendered(const QSize& size) const {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     Render(painter, picture.rect());
+    painter.end();  // what is still painted on would be kept as a copy
     QPixmapCache::insert(key, picture);
     return picture;
 }
