@@ -23,6 +23,7 @@
 #include <utility>
 
 #include "qt/drawing.h"
+#include "qt/late_icon.h"
 #include "qt/platform.h"
 #include "qt/spanish.h"
 
@@ -167,8 +168,10 @@ public:
             case SP_MessageBoxCritical:
                 return SignOnADisc({0xb0, 0x1c, 0x1c}, u'\u00d7');
             case SP_ToolBarHorizontalExtensionButton:  // every menu bar asks for it, at every move
-                if (more_.isNull()) more_ = QProxyStyle::standardIcon(icon, option, widget);
-                return more_;
+                return LateIcon([this, icon] {
+                    if (more_.isNull()) more_ = QProxyStyle::standardIcon(icon);
+                    return more_;
+                });
             default:
                 return QProxyStyle::standardIcon(icon, option, widget);
         }
@@ -291,7 +294,7 @@ void DressApplication(QApplication& application) {
     QApplication::setApplicationDisplayName({});
     QApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
-    QApplication::setWindowIcon(Drawing(QStringLiteral("velmora")).Icon());
+    QApplication::setWindowIcon(LateIcon([] { return Drawing(QStringLiteral("velmora")).Icon(); }));
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setStyle(new Style);  // NOLINT(cppcoreguidelines-owning-memory): taken over
     QApplication::setPalette(LightPalette());
