@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QPainter>
 #include <QPicture>
 #include <QPushButton>
@@ -148,6 +149,7 @@ Window::Window(ScreenChain& chain, WindowHost& host) : chain_(chain), host_(host
 void Window::Start() {
     const FirstSize first = FirstSizeOn(screen()->availableSize());
     resize(first.size);
+    ScaleMenu();
     if (first.maximized)
         showMaximized();
     else
@@ -237,7 +239,7 @@ void Window::BuildMenu() {
     menu_ = new MenuBar(
         screen_->Menu(), [this](const std::function<void()>& handler) { Run(handler); }, *bonds_,
         this);
-    ScaleMenu();
+    if (isVisible()) ScaleMenu();  // until it is seen its size isn't known
     setMenuBar(menu_);
 }
 
@@ -251,6 +253,7 @@ void Window::ScaleMenu() {
 void Window::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     ScaleMenu();
+    layout()->activate();  // the bar's new height is in the very next picture, not in the one after
 }
 
 void Window::keyPressEvent(QKeyEvent* event) {

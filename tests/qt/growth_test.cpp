@@ -113,6 +113,26 @@ TEST_F(GrowthTest, TheWindowStartsMaximizedOnASmallDisplay) {
     EXPECT_TRUE(window.isMaximized());
 }
 
+/// Where the screen stands below the menu bar whenever it is painted.
+class Tops : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) seen.insert(qobject_cast<QWidget*>(watched)->y());
+        return false;
+    }
+
+    std::set<int> seen;
+};
+
+TEST_F(GrowthTest, NoPictureOfTheStartHasTheMenuBarAtTheHeightOfOtherLetters) {
+    Window fresh(chain, host);
+    Tops tops;
+    fresh.centralWidget()->installEventFilter(&tops);
+    fresh.Start();
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();  // whatever is still laid out
+    EXPECT_EQ(tops.seen, std::set<int>{fresh.centralWidget()->y()});
+}
+
 /// Sizes at the layout's own size and at twice it.
 struct Twice {
     int once = 0;
