@@ -285,6 +285,21 @@ QPalette LightPalette() {
     return palette;
 }
 
+/// The application's palette with every colour as its own, which no widget's parent adds to.
+const QPalette& WholePalette() {
+    static const QPalette whole = [] {
+        QPalette palette = QApplication::palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            for (int i = 0; i < QPalette::NColorRoles; ++i) {
+                const auto role = static_cast<QPalette::ColorRole>(i);
+                palette.setBrush(group, role, palette.brush(group, role));
+            }
+        }
+        return palette;
+    }();
+    return whole;
+}
+
 constexpr int kDialogPoints = 10;
 
 }  // namespace
@@ -340,24 +355,12 @@ QFont FontOf(const Look& look, double pixels_per_twip) {
     return font;
 }
 
-void SharePalette(QWidget& widget) {
-    static const QPalette shared = [] {
-        QPalette palette = QApplication::palette();
-        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            for (int i = 0; i < QPalette::NColorRoles; ++i) {
-                const auto role = static_cast<QPalette::ColorRole>(i);
-                palette.setBrush(group, role, palette.brush(group, role));
-            }
-        }
-        return palette;
-    }();
-    widget.setPalette(shared);
-}
+void SharePalette(QWidget& widget) { widget.setPalette(WholePalette()); }
 
 void Paint(QWidget& widget, Color fore, Color back) {
     // Made once for each pair: widgets share the data of palettes that are the same one.
     static std::map<std::pair<Color, Color>, QPalette> made;
-    const auto [entry, is_new] = made.try_emplace({fore, back}, QApplication::palette());
+    const auto [entry, is_new] = made.try_emplace({fore, back}, WholePalette());
     if (is_new) {
         for (const auto role : {QPalette::Text, QPalette::WindowText}) {
             entry->second.setColor(QPalette::All, role, ToQt(fore));
