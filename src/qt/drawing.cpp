@@ -1,10 +1,13 @@
 #include "qt/drawing.h"
 
+#include <QImage>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPicture>
 #include <QPixmapCache>
+
+#include <utility>
 
 namespace velmora {
 
@@ -44,11 +47,12 @@ QPixmap Drawing::Rendered(const QSize& size) const {
     const QString key = QStringLiteral("%1 %2x%3").arg(name_).arg(size.width()).arg(size.height());
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
-    picture = QPixmap(size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    Render(painter, picture.rect());
-    painter.end();  // what is still painted on would be kept as a copy
+    QImage drawn(size, QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    Render(painter, drawn.rect());
+    painter.end();
+    picture = QPixmap::fromImage(std::move(drawn));  // opaque where no pixel lets anything through
     QPixmapCache::insert(key, picture);
     return picture;
 }
