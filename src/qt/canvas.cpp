@@ -19,9 +19,12 @@ constexpr QRgb kBottomOfFirst = 0xffcfdde9;
 
 }  // namespace
 
-Canvas::Canvas(const Screen& screen, QWidget* parent)
+Canvas::Canvas(const Screen& screen, const QSize& size, QWidget* parent)
     : QWidget(parent), background_(ToQt(screen.Background())), frames_(new Frames(this)) {
     setMinimumSize(320, 240);
+    if (size.isEmpty()) return;
+    resize(size);
+    Measure();
 }
 
 void Canvas::Place(QWidget& widget, const Row& row) {
@@ -38,22 +41,33 @@ QRect Canvas::ToPixels(const Box& box) const {
 
 QRect Canvas::ScreenRect() const { return ToPixels(kRoomOfAScreen); }
 
-void Canvas::LayOut(const Placed& placed) {
-    placed.widget->setGeometry(ToPixels(placed.row.box));
-    const Look& look = placed.row.look;
-    // Made once for each look: widgets share the data of fonts that are the same one.
-    const auto [entry, is_new] = fonts_.try_emplace({look.family, look.points, look.bold});
-    if (is_new) entry->second = FontOf(look, scale_);
-    placed.widget->setFont(entry->second);
-}
-
-void Canvas::resizeEvent(QResizeEvent* /*event*/) {
+void Canvas::Measure() {
     constexpr Box kRoom = kRoomOfAScreen;
+    measured_ = size();
     scale_ = std::min(static_cast<double>(width()) / kRoom.width,
                       static_cast<double>(height()) / kRoom.height);
     origin_ = {(width() - kRoom.width * scale_) / 2, (height() - kRoom.height * scale_) / 2};
     fonts_.clear();
-    for (const Placed& placed : placed_) LayOut(placed);
+    setFont(FontFor({}));  // that of most widgets, which have it from here
+}
+
+void Canvas::LayOut(const Placed& placed) {
+    placed.widget->setGeometry(ToPixels(placed.row.box));
+    const QFont& font = FontFor(placed.row.look);
+    if (placed.widget->font() != font) placed.widget->setFont(font);
+}
+
+const QFont& Canvas::FontFor(const Look& look) {
+    const auto [entry, is_new] = fonts_.try_emplace({look.family, look.points, look.bold});
+    if (is_new) entry->second = FontOf(look, scale_);
+    return entry->second;
+}
+
+void Canvas::resizeEvent(QResizeEvent* /*event*/) {
+    if (measured_ != size()) {
+        Measure();
+        for (const Placed& placed : placed_) LayOut(placed);
+    }
     frames_->Resize(scale_);
 }
 

@@ -19,7 +19,8 @@ class Canvas : public QWidget {
     Q_OBJECT
 
 public:
-    Canvas(const Screen& screen, QWidget* parent);
+    /// Widgets are placed at once where its size is known already, else when it gets one.
+    Canvas(const Screen& screen, const QSize& size, QWidget* parent);
 
     /// Takes a widget in, to stand where its row tells.
     void Place(QWidget& widget, const Row& row);
@@ -37,13 +38,16 @@ private:
         Row row;
     };
 
+    void Measure();
     void LayOut(const Placed& placed);
+    const QFont& FontFor(const Look& look);
     QRect ToPixels(const Box& box) const;
 
     Drawing background_;
     Frames* frames_;
     std::vector<Placed> placed_;
     std::map<std::tuple<Family, double, bool>, QFont> fonts_;  ///< at the present scale, by look
+    QSize measured_;                                           ///< the size that the rest is for
     double scale_ = 0;
     QPointF origin_;
 };

@@ -213,7 +213,7 @@ void Window::BuildScreen() {
         left->setParent(nullptr);
         left->deleteLater();
     }
-    canvas_ = new Canvas(*screen_, this);
+    canvas_ = new Canvas(*screen_, left != nullptr ? left->size() : QSize(), this);
     shown_.clear();
     shown_.reserve(screen_->Controls().size());
     clock_ = nullptr;
