@@ -222,8 +222,9 @@ void Window::BuildScreen() {
         Shown& shown = shown_.emplace_back(control);
         shown.widget = MakeWidget(shown);
         shown.widget->setObjectName(ToQt(control.name));
-        shown.widget->setAccessibleName(ToQt(control.spoken));
-        shown.widget->setToolTip(ToQt(control.row.tool_tip));
+        // To be given an empty one is an event, too.
+        if (!control.spoken.empty()) shown.widget->setAccessibleName(ToQt(control.spoken));
+        if (!control.row.tool_tip.empty()) shown.widget->setToolTip(ToQt(control.row.tool_tip));
         canvas_->Place(*shown.widget, control.row);
         ShowChange(shown);
         const auto* const label = std::get_if<Label*>(&control.state);
@@ -324,6 +325,7 @@ QWidget* Window::MakeCell(Shown& shown) {
     if (events.KeyPress) {
         Bind(*cell, &CellEdit::KeyPressed,
              [this, &control](KeyCode key, bool& passes) { Filter(control, key, passes); });
+        Bind(*cell, &CellEdit::Refused, [this] { host_.Beep(); });
     }
     Bind(*cell, &CellEdit::Typed, [&shown](const QString& text) {
         auto& state = *std::get<TextCell*>(shown.control->state);
@@ -333,7 +335,6 @@ QWidget* Window::MakeCell(Shown& shown) {
     if (events.DblClick) {
         Bind(*cell, &CellEdit::DoubleClicked, [this, &events] { Run(events.DblClick); });
     }
-    Bind(*cell, &CellEdit::Refused, [this] { host_.Beep(); });
     if (control.row.in_table) {
         cell->SetInTable();
         Bind(*cell, &CellEdit::TableWanted, [this] { CopyTable(); });
