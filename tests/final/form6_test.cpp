@@ -324,7 +324,7 @@ TEST_F(Form6Test, Command1_ShowsTheNineHeadingsEvenWithoutAPlan) {
 
 TEST_F(Form6Test, Command1_ATaskWithTwoContaminantsShowsTheFirst18CellsOfItsBlock) {
     EXPECT_EQ(CellsOfATaskOf(2), Range(0, 17));
-    Form6& form6 = Current<Form6>();
+    auto& form6 = Current<Form6>();
     for (int row = 3; row <= 6; ++row) {
         for (int column = 2; column <= 9; ++column) {
             EXPECT_EQ(Cell(form6, row, column).Text, "----") << row << ", " << column;
@@ -399,7 +399,7 @@ TEST_F(Form6Test, Command1_FourTasksShowTwoBlocks) {
 
 TEST_F(Form6Test, Command1_MoreThanSixContaminantsRunIntoTheNextBlock) {
     EXPECT_EQ(CellsOfATaskOf(7), Range(0, 62));
-    Form6& form6 = Current<Form6>();
+    auto& form6 = Current<Form6>();
     EXPECT_FALSE(form6.Label5.Visible);
 }
 

@@ -43,6 +43,7 @@ protected:
         for (const NumberedRow& r : rows) SetRow(r.row, r.group, r.index);
         form.Command4_Click();
         std::vector<std::string> texts;
+        texts.reserve(rows.size());
         for (const NumberedRow& r : rows) texts.push_back(CombinedIndex(r.row));
         return texts;
     }

@@ -34,7 +34,7 @@ constexpr std::array<Letter, 18> kLatinLetters = {{
 }};
 // clang-format on
 
-std::string OneByte(unsigned byte) { return std::string(1, static_cast<char>(byte)); }
+std::string OneByte(unsigned byte) { return std::string() + static_cast<char>(byte); }
 
 TEST(Windows1252Test, TheOwnCodesAreTheLettersOfTheCodePage) {
     for (const Letter& letter : kOwnLetters) {
