@@ -48,8 +48,8 @@ public:
         robot.Pick("Combo1", "3");
     }
 
-    /// The sheet of one day, of one contaminant in each of its tasks, with the buttons up to that of
-    /// the last task opened.
+    /// The sheet of one day, of one contaminant in each of its tasks, with the buttons up to that
+    /// of the last task opened.
     void OpenSheetAtLastTask(int tasks) {
         OpenSheet(1, tasks, 1);
         for (int t = 1; t < tasks; ++t) {
