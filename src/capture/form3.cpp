@@ -35,6 +35,8 @@ constexpr std::span<const std::string_view> From(std::size_t first, std::size_t 
 }
 
 // clang-format off
+constexpr StandingControl<Form3> kClock =
+    {&Form3::Label2, {.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = kClockLook}};
 constexpr std::array<StandingControl<Form3>, 3> kControls = {{
     {&Form3::Command1, {.name = "Command1", .box = {9000, 120, 2655, 255}, .text = kPlanToFix,
       .tab = 2, .spoken = "Validar jornadas y tareas"}, &Form3::Command1_Click},
@@ -43,8 +45,6 @@ constexpr std::array<StandingControl<Form3>, 3> kControls = {{
     {&Form3::Text2, {.name = "Text2", .box = {9000, 480, 75, 105}, .look = {.back = kMarkColor},
       .spoken = "Marca de color, sin función"}},
 }};
-constexpr StandingControl<Form3> kClock =
-    {&Form3::Label2, {.name = "Label2", .box = {9120, 7980, 2655, 255}, .look = kClockLook}};
 constexpr std::array<EntryRow<Form3>, 4> kMoves = {{
     {"contaminantes", "Contaminantes", &Form3::contaminantes_Click},
     {"pagina5", "Cálculos", &Form3::pagina5_Click},

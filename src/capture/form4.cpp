@@ -27,6 +27,8 @@ constexpr StandingControl<Form4> kTitle =
       .text = "Cararcteristicas de los contaminates  analizados por  tareas ", .look = Heading(14.25, false)}};
 constexpr Row kLabel3{.name = "Label3", .index = 0, .box = {120, 480, 975, 255}, .text = "Tarea",
                       .look = Heading(8.25, true, Align::Left)};
+constexpr StandingControl<Form4> kClock =
+    {&Form4::Label1, {.name = "Label1", .box = {9120, 7980, 2655, 255}, .look = kClockLook}};
 constexpr std::array<StandingControl<Form4>, 3> kControls = {{
     {&Form4::Combo1, {.name = "Combo1", .box = {1080, 480, 855, 315}, .look = {.back = kWindowBackground},
       .tab = 44, .spoken = "Tarea", .items = kTasks}, &Form4::Combo1_Click, &Form4::Combo1_KeyPress},
@@ -34,8 +36,6 @@ constexpr std::array<StandingControl<Form4>, 3> kControls = {{
     {&Form4::Command1, {.name = "Command1", .box = {120, 840, 5775, 255}, .text = "Validar", .tab = 42,
       .spoken = "Validar los contaminantes de la tarea"}, &Form4::Command1_Click},
 }};
-constexpr StandingControl<Form4> kClock =
-    {&Form4::Label1, {.name = "Label1", .box = {9120, 7980, 2655, 255}, .look = kClockLook}};
 constexpr std::array<EntryRow<Form4>, 4> kMoves = {{
     {"pagina5", "Cálculos", &Form4::pagina5_Click},
     {"datosiniciales", "Datos iniciales: Jornadas y Tareas", &Form4::datosiniciales_Click},
