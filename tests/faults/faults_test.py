@@ -55,7 +55,7 @@ class FaultTest(process_test.ProcessTest):
 
     prelude = "exec"
 
-    def start(self, locale="punto"):
+    def start(self, locale="point"):
         real = os.environ["VELMORA"]
         shell = self.path("velmora.sh")
         with open(shell, "w") as opened:
@@ -219,7 +219,7 @@ class Forbidden(FaultTest):
     def forbid(self, name, mode):
         os.chmod(self.path(name), mode)
 
-    def start(self, locale="punto"):
+    def start(self, locale="point"):
         os.chmod(self.folder, 0o777)
         before = os.umask(0)
         try:

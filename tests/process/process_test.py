@@ -54,7 +54,7 @@ class ProcessTest(unittest.TestCase):
         self.process = None
         self.addCleanup(self.kill)
 
-    def start(self, locale="punto", arguments=()):
+    def start(self, locale="point", arguments=()):
         self.kill()
         self.process = Process(
             os.environ["VELMORA"], os.environ["VELMORA_DRIVER"], locale, self.folder, arguments
@@ -187,14 +187,14 @@ class Ending(ProcessTest):
 
 class Restoring(ProcessTest):
     def test_saved_restored_in_another_process_and_saved_again_gives_the_same_bytes(self):
-        for locale in ("punto", "coma"):
+        for locale in ("point", "comma"):
             with self.subTest(locale):
                 self.write("plan.doc", WORKED_DAY)
                 self.start(locale)
                 self.restore("plan.doc")
                 self.type_worked_day()
                 # Python's mean of the first row, with the locale's own mark.
-                mean = {"punto": "117.76", "coma": "117,76"}[locale]
+                mean = {"point": "117.76", "comma": "117,76"}[locale]
                 self.assertEqual(self.text("Text1(13)"), mean)
                 self.do("menu", "resultadosfinales")
                 self.do("click", "Command1")
@@ -257,23 +257,23 @@ class Separators(ProcessTest):
         self.do("menu", "introprimero")
 
     def test_under_a_comma_one_line_says_that_the_results_are_not_valid(self):
-        self.start("punto")
+        self.start("point")
         self.assertNotIn(b"separador", self.read("output.txt"))
-        self.start("coma")
+        self.start("comma")
         said = [line for line in self.read("output.txt").splitlines() if b"separador" in line]
         self.assertEqual(len(said), 1, said)
         self.assertIn(b"los resultados no valen", said[0])
 
     def test_under_a_point_the_cells_show_a_point(self):
-        self.lay_out("punto")
+        self.lay_out("point")
         self.assertEqual(self.texts("Text1", (2, 3)), ["12.5", "1.25"])
 
     def test_under_a_comma_the_cells_show_a_comma(self):
-        self.lay_out("coma")
+        self.lay_out("comma")
         self.assertEqual(self.texts("Text1", (2, 3)), ["12,5", "1,25"])
 
     def test_under_a_comma_the_keys_still_give_a_point_and_results_a_comma(self):
-        self.lay_out("coma")
+        self.lay_out("comma")
         self.do("type", "Text1(7)", list("2,.0"))
         self.do("type", "Text1(8)", list("8"))
         self.assertEqual(self.text("Text1(7)"), "2.0")
@@ -282,7 +282,7 @@ class Separators(ProcessTest):
         self.assertEqual(self.texts("Text1", (13, 14)), ["4,", ",32"])
 
     def test_under_a_comma_an_index_of_a_third_reads_as_0_in_the_verdict(self):
-        self.lay_out("coma")
+        self.lay_out("comma")
         self.do("type", "Text1(7)", ["2"])
         self.do("type", "Text1(8)", ["8"])
         for button in ("Command1", "Command4", "Command5", "Command8"):
@@ -294,7 +294,7 @@ class Separators(ProcessTest):
 
     def test_under_a_comma_a_limit_validated_as_shown_keeps_its_whole_part(self):
         self.write("plan.doc", self.PLAN)
-        self.start("coma")
+        self.start("comma")
         self.restore("plan.doc")
         self.do("menu", "contaminantes")
         self.do("pick", "Combo1", 0, "mouse")
@@ -308,7 +308,7 @@ class Separators(ProcessTest):
 
     def test_the_files_doubles_have_a_point_under_a_comma(self):
         self.write("plan.doc", self.PLAN)
-        self.start("coma")
+        self.start("comma")
         self.restore("plan.doc")
         self.do("menu", "resulatadofinal")
         self.save("otra.doc")
