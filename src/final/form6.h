@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/grid.h"
 #include "core/navigation.h"
 #include "runtime/array.h"
 
@@ -23,8 +24,9 @@ public:
     void salir_Click();
 
     Label Label2, Label3, Label5, Label6;
-    Array<Label, 0, 8> Label4;      ///< headings, in the order of the columns
-    Array<TextCell, 0, 161> Text1;  ///< row by row of `HojaFinal`
+    Array<Label, 0, final_table::kColumns - 1> Label4;  ///< headings, in the order of the columns
+    /// Row by row of `HojaFinal`.
+    Array<TextCell, 0, grid::kRows * final_table::kColumns - 1> Text1;
     Button Command1;
     CommonDialog CommonDialog1;
 

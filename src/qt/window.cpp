@@ -218,22 +218,24 @@ void Window::BuildScreen() {
     shown_.reserve(screen_->Controls().size());
     clock_ = nullptr;
     openings_ = 0;
-    for (const Control& control : screen_->Controls()) {
-        Shown& shown = shown_.emplace_back(control);
-        shown.widget = MakeWidget(shown);
-        shown.widget->setObjectName(ToQt(control.name));
-        // To be given an empty one is an event, too.
-        if (!control.spoken.empty()) shown.widget->setAccessibleName(ToQt(control.spoken));
-        if (!control.row.tool_tip.empty()) shown.widget->setToolTip(ToQt(control.row.tool_tip));
-        canvas_->Place(*shown.widget, control.row);
-        ShowChange(shown);
-        const auto* const label = std::get_if<Label*>(&control.state);
-        if (label != nullptr && *label == &screen_->Clock()) clock_ = &shown;
-    }
+    for (const Control& control : screen_->Controls()) AddWidget(control);
     SetTabOrder();
     setCentralWidget(canvas_);
     setUpdatesEnabled(true);
     FocusFirst();
+}
+
+void Window::AddWidget(const Control& control) {
+    Shown& shown = shown_.emplace_back(control);
+    shown.widget = MakeWidget(shown);
+    shown.widget->setObjectName(ToQt(control.name));
+    // To be given an empty one is an event, too.
+    if (!control.spoken.empty()) shown.widget->setAccessibleName(ToQt(control.spoken));
+    if (!control.row.tool_tip.empty()) shown.widget->setToolTip(ToQt(control.row.tool_tip));
+    canvas_->Place(*shown.widget, control.row);
+    ShowChange(shown);
+    const auto* const label = std::get_if<Label*>(&control.state);
+    if (label != nullptr && *label == &screen_->Clock()) clock_ = &shown;
 }
 
 void Window::BuildMenu() {

@@ -78,6 +78,7 @@ private:
     bool Guard(const std::function<void()>& handler);
     void EndWith(std::string_view message);
     void BuildScreen();
+    void AddWidget(const Control& control);
     void BuildMenu();
     void ScaleMenu();
     QWidget* MakeWidget(Shown& shown);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/grid.h"
 #include "core/navigation.h"
 #include "core/numbers.h"
 #include "runtime/array.h"
@@ -63,10 +64,11 @@ public:
     void imprimir_Click();
     void salir_Click();
 
-    Array<TextCell, 0, 323> Text1;
-    Array<TextCell, 0, 71> Text3;
-    Array<Label, 0, 56> Label7;  ///< headings of Text1 by task, then the tasks' titles: `TitleOf`
-    Array<Label, 0, 11> Label3;  ///< headings of Text3 by task
+    Array<TextCell, 0, grid::kRows * grid::kColumns - 1> Text1;
+    Array<TextCell, 0, grid::kRows * grid::kColumns3 - 1> Text3;
+    /// Headings of Text1 by task, then the tasks' titles.
+    Array<Label, 0, grid::TitleOf(grid::kTasks)> Label7;
+    Array<Label, 0, grid::kTasks * grid::kColumns3 - 1> Label3;  ///< headings of Text3 by task
     TextCell Text2, Text4, Text5, Text6, Text7;  ///< the day's answers and sentences
     Label Label1, Label2, Label4;
     Label Label5;  ///< the clock
