@@ -15,12 +15,14 @@ tests=ON
 # and its checkers.
 test_packages=(
     libgtest-dev libgmock-dev
-    binutils clang-14 clang-format clang-tidy cppcheck libclang-rt-14-dev
+    binutils clang-format cppcheck
     dpkg-dev file git python3
     python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon xvfb openbox x11-utils
     cups-daemon cups-client poppler-utils
     lintian desktop-file-utils appstream man-db valgrind
 )
+# What the other builds take beyond that.
+other_packages=("${windows_packages[@]}" clang-14 libclang-rt-14-dev)
 
 export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
@@ -116,8 +118,8 @@ other_builds() {
         run_tests asan es_ES.UTF-8
 }
 
-step "Packages" install_packages "${build_packages[@]}" "${windows_packages[@]}" \
-    "${test_packages[@]}"
+step "Packages" install_packages "${build_packages[@]}" "${test_packages[@]}" \
+    ${whole:+"${other_packages[@]}"}
 at_start=$(state)
 once "Format" check_format
 step "Release build" build release

@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
-# Bans and arrows of the sources, README's map, the explained mutants, and cppcheck over the program,
-# the guided example, the benchmark and what drives the window in the tests; any finding fails. With
-# --tidy, clang-tidy over the same, with --tests over the tests, which takes half an hour.
+# Bans and arrows of the sources, the scripts' pipes, README's map, the explained mutants, and cppcheck
+# over the program, the guided example, the benchmark and what drives the window in the tests; any
+# finding fails. With --tidy, clang-tidy over the same, with --tests over the tests.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
-install_packages "${build_packages[@]}" libgtest-dev libgmock-dev clang-tidy cppcheck
+install_packages "${build_packages[@]}" libgtest-dev libgmock-dev cppcheck
 
 # tidy <folder>...: over the sources as the daily build compiles them, one by one. It is built first:
 # what it has read tells which sources have changed, and what the toolkit's own compiler makes of the
 # headers has to be there.
 tidy() {
+    install_packages clang-tidy
     tests=ON build dev
     say "clang-tidy ($*)"
     python3 scripts/tidy.py build/dev "$@"
