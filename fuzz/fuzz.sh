@@ -1,7 +1,7 @@
 #!/bin/bash
 # Builds and runs the five fuzzers, one after another.
 #
-#   fuzz/fuzz.sh                  a bounded run, the same each time: under a minute
+#   fuzz/fuzz.sh                  a bounded run, the same each time
 #   fuzz/fuzz.sh --runs N         N executions of each, with a corpus that is kept and grows
 #   fuzz/fuzz.sh --seconds N      the same for N seconds of each; with --runs, what comes first
 #
