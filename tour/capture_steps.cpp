@@ -43,9 +43,7 @@ void EnterLine(const Road& road, int day, int task, int tasks, int agents) {
 /// The question on leaving a plan that lacks data, answered No.
 void TryToLeaveIncompletePlan(const Road& road) {
     road.guide.Say("Faltan líneas por introducir: el programa pregunta antes de seguir (No)");
-    road.robot.ExpectBox({.text = " Aún le faltan datos por introducir y sin ellos\r\n"
-                                  "  el programa no funcionará correctamente\r\n"
-                                  "¿Está seguro de que quiere continuar ?",
+    road.robot.ExpectBox({.text = messages::kIncompletePlan,
                           .answer = QMessageBox::No,
                           .icon = QMessageBox::Information,
                           .buttons = QMessageBox::Yes | QMessageBox::No,

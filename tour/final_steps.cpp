@@ -96,8 +96,8 @@ void PrintFinalTable(const Road& road) {
     const std::filesystem::path page = road.guide.Folder() / "resultados.pdf";
     std::filesystem::remove(page);
     road.guide.Say("Se imprime; la pregunta ya avisa: cancelar después no detiene la impresión");
-    road.robot.ExpectBox(BoxOf(messages::PrintQuestion("Se imprimirán los resultados en  pantalla"),
-                               MsgBoxStyle::YesNo, QMessageBox::Yes));
+    road.robot.ExpectBox(
+        BoxOf(messages::PrintQuestion(ScreenId::Form6), MsgBoxStyle::YesNo, QMessageBox::Yes));
     // Accepting could send the page to a printer of this machine; what Cancel lets through goes to
     // the file.
     if (kHasToolkitsPrintDialog) road.robot.ExpectPrintDialog(Robot::Print::Cancel);
@@ -145,7 +145,7 @@ void RestoreInNewRun(const Road& road, const std::filesystem::path& file,
 void Leave(const Road& road, QMessageBox::StandardButton preset) {
     road.guide.Title("Salida");
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-        road.robot.ExpectBox({.text = "¿Está seguro de que quiere salir?",
+        road.robot.ExpectBox({.text = messages::kExit,
                               .answer = answer,
                               .icon = QMessageBox::Information,
                               .buttons = QMessageBox::Yes | QMessageBox::No,

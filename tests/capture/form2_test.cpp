@@ -19,7 +19,7 @@
 namespace velmora::test {
 namespace {
 
-constexpr std::string_view kHint = " El nombre de la empresa es imprescindible.";
+constexpr std::string_view kHint = messages::kNameHint;
 
 /// A folder of its own for a test's files.
 class Folder {
@@ -358,8 +358,7 @@ TEST_F(Form2Test, Regresar_OnYesGoesToForm1AndStoresNothing) {
 TEST_F(Form2Test, AnEmptyNameDoesNotStandInTheWayOfTheOtherEntries) {
     Form2& form = OpenForm2();
     form.Text1(1).Text = "";
-    host.ExpectBox(messages::PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo,
-                   MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::PrintQuestion(ScreenId::Form2), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
     Choose("imprimir");
     EXPECT_EQ(host.printed, 1);
     host.ExpectFileDialog(std::nullopt);

@@ -903,7 +903,7 @@ TEST_F(Form4Test, Datosdeempresa_ReliesOnTheLoadOfForm2Alone) {
     record.DatosEmpresa(2) = "Los Olivos";
     OpenForm4();
     Choose("datosdeempresa");
-    EXPECT_EQ(Current<Form2>().Text1(1).Text, " El nombre de la empresa es imprescindible.");
+    EXPECT_EQ(Current<Form2>().Text1(1).Text, messages::kNameHint);
     EXPECT_EQ(Current<Form2>().Text1(2).Text, "");
 }
 

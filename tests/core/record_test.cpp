@@ -16,6 +16,7 @@
 #include "sheet/form5.h"
 #include "store/evaluation_file.h"
 #include "support/files.h"
+#include "support/messages.h"
 #include "support/velmora_test.h"
 
 namespace velmora::test {
@@ -247,10 +248,7 @@ TEST_F(RecordTest, Nuevaempresa_ALoadedPlanSurvivesIt) {
 
 TEST_F(RecordTest, Regresar_ChangesNothingOfTheRecordInSpiteOfItsWarning) {
     record = FilledRecord();
-    host.ExpectBox(
-        "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
-        "¿Está seguro de que quiere regresar?",
-        MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::kGoBack, MsgBoxStyle::YesNoInformationNo, MsgBoxAnswer::Yes);
     Open<Form2>(ScreenId::Form2);
     Choose("Regresar");
     EXPECT_EQ(chain.Current().Id(), ScreenId::Form1);
@@ -263,7 +261,7 @@ TEST_F(RecordTest, BeforeAnyPlanTheSheetShowsNothingForAnyDay) {
     auto& form5 = Open<Form5>(ScreenId::Form5);
     for (const std::string_view entry : {"introprimero", "introsegundo", "introtercero",
                                          "recupprimerdia", "recupsegundodia", "recuptercerdia"}) {
-        host.ExpectBox(" El número de día seleccionado no es coherente con los datos introducidos");
+        host.ExpectBox(messages::kIncoherentDay);
         Choose(entry);
         for (const TextCell& cell : form5.Text1) {
             EXPECT_FALSE(cell.Visible) << entry;

@@ -329,7 +329,7 @@ TEST_F(ScreensTest, OtherWaysToForm2LeaveItToItsLoadHandler) {
     Show(ScreenId::Form4);
     Choose("datosdeempresa");
     const auto& form2 = Current<Form2>();
-    EXPECT_EQ(form2.Text1(1).Text, " El nombre de la empresa es imprescindible.");
+    EXPECT_EQ(form2.Text1(1).Text, messages::kNameHint);
     EXPECT_EQ(form2.Text1(2).Text, "");
 }
 
@@ -392,7 +392,7 @@ TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) 
         host.printed = 0;
         std::size_t dialogs_before_printing = 0;
         host.on_print = [&] { dialogs_before_printing = host.print_dialogs.size(); };
-        host.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
+        host.ExpectBox(PrintQuestion(print.screen), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
         Choose("imprimir");
         ASSERT_EQ(host.print_dialogs.size(), 1U) << screen.Name();
         EXPECT_EQ(host.print_dialogs[0].Flags, 524288U) << screen.Name();
@@ -408,7 +408,7 @@ TEST_F(ScreensTest, Imprimir_OnYesShowsTheDialogWithItsPagesAndPrintsTheScreen) 
 TEST_F(ScreensTest, Imprimir_OnNoShowsNoDialogAndPrintsNothing) {
     for (const Print& print : kPrints) {
         Show(print.screen);
-        host.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::No);
+        host.ExpectBox(PrintQuestion(print.screen), MsgBoxStyle::YesNo, MsgBoxAnswer::No);
         Choose("imprimir");
         EXPECT_TRUE(host.print_dialogs.empty()) << print.notice;
         EXPECT_EQ(host.printed, 0) << print.notice;
@@ -432,7 +432,7 @@ public:
 TEST_F(ScreensTest, Imprimir_PassesOverAPrintDialogAndAPrintThatFail) {
     for (const Print& print : kPrints) {
         WithoutPrinter failing;
-        failing.ExpectBox(PrintQuestion(print.notice), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
+        failing.ExpectBox(PrintQuestion(print.screen), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
         const auto screen = MakeScreen(print.screen, Environment{record, chain, failing});
         EXPECT_NO_THROW(screen->FindEntry("imprimir")->Click()) << screen->Name();
         EXPECT_EQ(failing.tried, 1) << screen->Name();

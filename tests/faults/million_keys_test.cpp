@@ -1,6 +1,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/messages.h"
 #include "support/sheet_test.h"
 
 namespace velmora::test {
@@ -64,14 +65,14 @@ TEST_F(MillionKeysTest, AMillionDecimalsAreANumberLikeAnyOther) {
 
 TEST_F(MillionKeysTest, ANumberTooSmallForADoubleReadsAsZeroAndIsAGap) {
     SetSample("0." + std::string(kMillion - 3, '0') + "5");
-    host.ExpectBox("No deje espacios vacios");
+    host.ExpectBox(messages::kNoGaps);
     Press("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "");
 }
 
 TEST_F(MillionKeysTest, AMillionLettersReadAsZeroAndAreAGap) {
     SetSample(std::string(kMillion, 'x'));
-    host.ExpectBox("No deje espacios vacios");
+    host.ExpectBox(messages::kNoGaps);
     Press("Command1");
     EXPECT_EQ(Cell(1, kMmp).Text, "");
 }

@@ -717,8 +717,7 @@ TEST_F(Form6SavingTest, guardararchivo_TheNameIsHeldForOneVisitToTheScreen) {
 
 TEST_F(Form6SavingTest, guardararchivo_AfterPrintingSetsItsFlagsAnewAndKeepsItsName) {
     host.ExpectFileDialog(Path("a.doc"));
-    host.ExpectBox(messages::PrintQuestion("Se imprimirán los resultados en  pantalla"),
-                   MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
+    host.ExpectBox(messages::PrintQuestion(ScreenId::Form6), MsgBoxStyle::YesNo, MsgBoxAnswer::Yes);
     host.ExpectFileDialog(std::nullopt);
     Form6& form6 = Screen6();
     form6.guardararchivo_Click();

@@ -121,7 +121,7 @@ private:
 
 TEST_P(Pictures, OfTheFirstScreen) {
     Take("form1");
-    TakeWithBox("form1-exit-question", {.text = "¿Está seguro de que quiere salir?",
+    TakeWithBox("form1-exit-question", {.text = messages::kExit,
                                         .answer = QMessageBox::No,
                                         .icon = QMessageBox::Information,
                                         .buttons = QMessageBox::Yes | QMessageBox::No,
@@ -213,9 +213,7 @@ TEST_P(Pictures, OfTheSheet) {
 TEST_P(Pictures, OfARefusedDay) {
     Restore(Expected("one_day"));
     robot.Choose("continuar", "calculos");
-    TakeWithBox(
-        "form5-refused-day",
-        Refusal(" El número de día seleccionado no es coherente con los datos introducidos"));
+    TakeWithBox("form5-refused-day", Refusal(messages::kIncoherentDay));
     robot.Choose("introducirdatos", "introsegundo");
     robot.Choose("recuperar", "recupprimerdia");
     Take("form5-one-task");
@@ -227,9 +225,8 @@ TEST_P(Pictures, OfTheFinalTable) {
     Take("form6-hidden");
     robot.Press("Command1");
     Take("form6-filled");
-    TakeWithBox("form6-print-question",
-                BoxOf(messages::PrintQuestion("Se imprimirán los resultados en  pantalla"),
-                      MsgBoxStyle::YesNo, QMessageBox::No));
+    TakeWithBox("form6-print-question", BoxOf(messages::PrintQuestion(ScreenId::Form6),
+                                              MsgBoxStyle::YesNo, QMessageBox::No));
     robot.Choose("imprimir");
 }
 

@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "property/invariant.h"
 #include "property/judging.h"
+#include "support/messages.h"
 
 namespace velmora::property {
 
@@ -30,9 +31,7 @@ Verdict OpeningForm2ShowsTheCompanyOnceItHasAName(const Step& s) {
     if (!s.Moved() || s.after.Id() != Form2) return Verdict::PassedOver();
     const bool named = !s.record_after.DatosEmpresa(1).empty();
     for (int i = 1; i <= 19; ++i) {
-        const std::string laid_out = i == 1   ? " El nombre de la empresa es imprescindible."
-                                     : i == 9 ? " "
-                                              : "";
+        const std::string laid_out = i == 1 ? messages::kNameHint : i == 9 ? " " : "";
         const std::string& due = named ? s.record_after.DatosEmpresa(i) : laid_out;
         const std::string& shown = s.after.Cells("Text1")(i).Text;
         // From Form3 the boxes are filled with or without a name.

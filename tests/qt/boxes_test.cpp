@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "qt/window_test.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -156,7 +157,7 @@ TEST_F(BoxTest, NothingOfTheWindowIsReachedWhileItIsOpen) {
     Show("x", MsgBoxStyle::Ok);
     EXPECT_EQ(robot.Focused(), "Text1(1)");
     EXPECT_EQ(robot.Text("Text1(4)"), "");
-    EXPECT_EQ(robot.Text("Text1(1)"), " El nombre de la empresa es imprescindible.");
+    EXPECT_EQ(robot.Text("Text1(1)"), messages::kNameHint);
 }
 
 }  // namespace

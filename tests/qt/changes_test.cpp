@@ -199,8 +199,7 @@ TEST_F(ChangeTest, TheClockGoesOnBehindABoxAndTouchesItsLabelAlone) {
         went_on = QTest::qWaitFor([this] { return ClockLostItsMark(); });
         touched = Touched();
     };
-    robot.ExpectBox(BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformationNo,
-                          QMessageBox::No));
+    robot.ExpectBox(BoxOf(messages::kExit, MsgBoxStyle::YesNoInformationNo, QMessageBox::No));
     robot.Choose("salir");
     EXPECT_TRUE(went_on);
     EXPECT_THAT(touched, ElementsAre("Label3"));

@@ -16,6 +16,7 @@
 
 #include "qt/text.h"
 #include "qt/window_test.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -125,8 +126,7 @@ TEST_F(FocusTest, ABoxReachedByF10LeavesTheKeyboardWhereItWas) {
     robot.Key(Qt::Key_F10);
     robot.Key(Qt::Key_Left);  // round to the last title
     ASSERT_EQ(ActiveTitle(), "Salir");
-    robot.ExpectBox(
-        BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
+    robot.ExpectBox(BoxOf(messages::kExit, MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Key(Qt::Key_Return);
     EXPECT_EQ(robot.Focused(), "Text1(8)");
 }
@@ -158,8 +158,7 @@ TEST_F(FocusTest, ADayChosenByKeysTakesItsFirstDigitInC1) {
 TEST_F(FocusTest, ABoxOfTheSheetLeavesTheKeyboardInItsCell) {
     OpenSheet(1, 1, 2);
     robot.Click("Text1(26)");
-    robot.ExpectBox(
-        BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
+    robot.ExpectBox(BoxOf(messages::kExit, MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Choose("salir");
     EXPECT_EQ(robot.Focused(), "Text1(26)");
 }

@@ -114,7 +114,7 @@ std::vector<Message> MessagesOfForm2() {
         {"Form2CalculosWithoutName",         kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "calculos")},
         {"Form2ResultadoFinalWithoutName",   kNoName, MsgBoxStyle::Ok, nameless, Choosing("continuar", "resulatadofinal")},
         {"Form2Regresar", kGoBack, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("Regresar")},
-        {"Form2Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form2), Choosing("imprimir")},
+        {"Form2Imprimir", PrintQuestion(ScreenId::Form2), MsgBoxStyle::YesNo, At(ScreenId::Form2), Choosing("imprimir")},
         {"Form2Salir", kExit, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form2), Choosing("salir")},
     };
 }
@@ -149,7 +149,7 @@ std::vector<Message> MessagesOfForm3() {
         {"Form3EntryOfADayAbove",         kEntryIncoherent, MsgBoxStyle::Ok, entry(1, {"2", "1", "8", "1", "0", "1"}), Pressing("Command2")},
         {"Form3EntryOfATaskAbove",        kEntryIncoherent, MsgBoxStyle::Ok, entry(3, {"3", "2", "8", "1", "0", "1"}), Pressing("Command2")},
         {"Form3EntryWithAnotherSum",      kSumDiffers,      MsgBoxStyle::Ok, entry(1, {"1", "1", "8", "3", "2", "4"}), Pressing("Command2")},
-        {"Form3Imprimir", PrintQuestion("Se imprimirá la pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form3), Choosing("imprimir")},
+        {"Form3Imprimir", PrintQuestion(ScreenId::Form3), MsgBoxStyle::YesNo, At(ScreenId::Form3), Choosing("imprimir")},
         {"Form3Salir", kExit, MsgBoxStyle::YesNoInformationNo, At(ScreenId::Form3), Choosing("salir")},
     };
 }
@@ -179,7 +179,7 @@ std::vector<Message> MessagesOfForm4() {
          [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form4); test.robot.Pick("Combo1", "1");
                                  test.robot.Type("Text1(1)", "a"); test.robot.Type("Text1(2)", "1"); test.robot.Type("Text1(3)", "1");
                                  test.robot.Type("Text1(4)", "0"); test.robot.Pick("Combo13(0)", "ppm"); }, Pressing("Command1")},
-        {"Form4Imprimir", PrintQuestion("Se imprimirá pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form4), Choosing("imprimir")},
+        {"Form4Imprimir", PrintQuestion(ScreenId::Form4), MsgBoxStyle::YesNo, At(ScreenId::Form4), Choosing("imprimir")},
         {"Form4Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form4), Choosing("salir")},
     };
 }
@@ -196,37 +196,37 @@ std::vector<Message> MessagesOfForm5() {
         {"Form5ThirdDayAbove",          kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("introducirdatos", "introtercero")},
         {"Form5RecoverSecondDayAbove",  kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("recuperar", "recupsegundodia")},
         {"Form5RecoverThirdDayAbove",   kIncoherentDay, MsgBoxStyle::Ok, one_day, Choosing("recuperar", "recuptercerdia")},
-        {"Form5Command1WithoutLimits", "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok,
+        {"Form5Command1WithoutLimits", kNoLimits, MsgBoxStyle::Ok,
          at(1, [](auto& t) { t.Wipe(2); t.Wipe(3); }), Pressing("Command1")},
-        {"Form5Command2WithoutLimits", "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok,
+        {"Form5Command2WithoutLimits", kNoLimits, MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.Wipe(110); t.Wipe(111); }), Pressing("Command2")},
-        {"Form5Command3WithoutLimits", "No se dispone de datos relativos a los contaminantes ", MsgBoxStyle::Ok,
+        {"Form5Command3WithoutLimits", kNoLimits, MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.Wipe(218); t.Wipe(219); }), Pressing("Command3")},
-        {"Form5Command1WithoutData", "No hay datos para operar", MsgBoxStyle::Ok, at(1, [](auto&) {}), Pressing("Command1")},
-        {"Form5Command2WithoutData", " No hay datos para operar", MsgBoxStyle::Ok,
+        {"Form5Command1WithoutData", kNoData, MsgBoxStyle::Ok, at(1, [](auto&) {}), Pressing("Command1")},
+        {"Form5Command2WithoutData", kNoDataOfLaterTask, MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.Wipe(7); t.Wipe(8); }), Pressing("Command2")},
-        {"Form5Command3WithoutData", " No hay datos para operar", MsgBoxStyle::Ok,
+        {"Form5Command3WithoutData", kNoDataOfLaterTask, MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.Wipe(7); t.Wipe(8); }), Pressing("Command3")},
-        {"Form5Command1WithOneSample", "No hay datos suficientes para operar ", MsgBoxStyle::Ok,
+        {"Form5Command1WithOneSample", kFewSamples, MsgBoxStyle::Ok,
          at(1, [](auto& t) { t.robot.Type("Text1(7)", "5"); }), Pressing("Command1")},
-        {"Form5Command2WithOneSample", "No hay datos suficientes para operar ", MsgBoxStyle::Ok,
+        {"Form5Command2WithOneSample", kFewSamples, MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.robot.Type("Text1(115)", "5"); }), Pressing("Command2")},
-        {"Form5Command3WithOneSample", "No hay datos suficientes para operar ", MsgBoxStyle::Ok,
+        {"Form5Command3WithOneSample", kFewSamples, MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.robot.Type("Text1(223)", "5"); }), Pressing("Command3")},
-        {"Form5Command1WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
+        {"Form5Command1WithAGap", kNoGaps, MsgBoxStyle::Ok,
          at(1, [](auto& t) { t.robot.Type("Text1(8)", "5"); t.robot.Type("Text1(9)", "5"); }), Pressing("Command1")},
-        {"Form5Command2WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
+        {"Form5Command2WithAGap", kNoGaps, MsgBoxStyle::Ok,
          at(2, [](auto& t) { t.robot.Type("Text1(115)", "0"); t.robot.Type("Text1(116)", "5"); }), Pressing("Command2")},
-        {"Form5Command3WithAGap", "No deje espacios vacios", MsgBoxStyle::Ok,
+        {"Form5Command3WithAGap", kNoGaps, MsgBoxStyle::Ok,
          at(3, [](auto& t) { t.robot.Type("Text1(223)", "5"); t.robot.Type("Text1(228)", "5"); }), Pressing("Command3")},
-        {"Form5Imprimir", PrintQuestion("Se imprimirán todos los datos en pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form5), Choosing("imprimir")},
+        {"Form5Imprimir", PrintQuestion(ScreenId::Form5), MsgBoxStyle::YesNo, At(ScreenId::Form5), Choosing("imprimir")},
         {"Form5Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form5), Choosing("salir")},
     };
 }
 
 std::vector<Message> MessagesOfForm6() {
     return {
-        {"Form6Imprimir", PrintQuestion("Se imprimirán los resultados en  pantalla"), MsgBoxStyle::YesNo, At(ScreenId::Form6), Choosing("imprimir")},
+        {"Form6Imprimir", PrintQuestion(ScreenId::Form6), MsgBoxStyle::YesNo, At(ScreenId::Form6), Choosing("imprimir")},
         {"Form6Salir", kExit, MsgBoxStyle::YesNoInformation, At(ScreenId::Form6), Choosing("salir")},
     };
 }
@@ -278,10 +278,7 @@ TEST_F(MessageTest, AYesToTheIncompletePlanMovesAllTheSame) {
 
 TEST_F(MessageTest, AYesToRegresarGoesToTheStart) {
     Open(ScreenId::Form2);
-    robot.ExpectBox(
-        BoxOf("Si regresa perderá todos los datos introducidos hasta el momento\n"
-              "¿Está seguro de que quiere regresar?",
-              MsgBoxStyle::YesNoInformationNo, QMessageBox::Yes));
+    robot.ExpectBox(BoxOf(kGoBack, MsgBoxStyle::YesNoInformationNo, QMessageBox::Yes));
     robot.Choose("Regresar");
     EXPECT_EQ(robot.ScreenName(), "Form1");
 }

@@ -95,7 +95,7 @@ TEST_F(MoveTest, IniciarOpensTheCompanysScreenAndClearsTheCompanyAlone) {
     SetPlan(3, 2, 1);
     robot.Choose("Nuevaempresa");
     EXPECT_EQ(robot.ScreenName(), "Form2");
-    EXPECT_EQ(robot.Text("Text1(1)"), " El nombre de la empresa es imprescindible.");
+    EXPECT_EQ(robot.Text("Text1(1)"), messages::kNameHint);
     EXPECT_EQ(record.DatosEmpresa(1), "");
     EXPECT_EQ(record.NumJornadas, 3);
 }
@@ -242,7 +242,7 @@ protected:
     Robot::Box Question(QMessageBox::StandardButton answer) {
         const bool defaults_to_no = GetParam() == ScreenId::Form2 || GetParam() == ScreenId::Form3;
         return BoxOf(
-            "¿Está seguro de que quiere salir?",
+            messages::kExit,
             defaults_to_no ? MsgBoxStyle::YesNoInformationNo : MsgBoxStyle::YesNoInformation,
             answer);
     }
@@ -296,8 +296,7 @@ TEST_F(MoveTest, ClosingTheWindowBehindABoxDoesNothing) {
         ++boxes;
         window.close();
     };
-    robot.ExpectBox(
-        BoxOf("¿Está seguro de que quiere salir?", MsgBoxStyle::YesNoInformation, QMessageBox::No));
+    robot.ExpectBox(BoxOf(messages::kExit, MsgBoxStyle::YesNoInformation, QMessageBox::No));
     robot.Choose("salir");
     EXPECT_EQ(boxes, 1);
     EXPECT_TRUE(window.isVisible());

@@ -41,8 +41,8 @@ protected:
 
     std::string Page() const { return folder.filePath(QStringLiteral("page.pdf")).toStdString(); }
 
-    void ExpectQuestion(std::string_view notice, QMessageBox::StandardButton answer) {
-        robot.ExpectBox(BoxOf(messages::PrintQuestion(notice), MsgBoxStyle::YesNo, answer));
+    void ExpectQuestion(ScreenId screen, QMessageBox::StandardButton answer) {
+        robot.ExpectBox(BoxOf(messages::PrintQuestion(screen), MsgBoxStyle::YesNo, answer));
     }
 
     /// How many pages the file holds; 0 when there is none.
@@ -63,7 +63,7 @@ TEST_P(EachPrintTest, AsksShowsTheDialogAndPrintsOnePage) {
     const messages::Print& row = GetParam();
     SetPlan(1, 1, 1);
     Open(row.screen);
-    ExpectQuestion(row.notice, QMessageBox::Yes);
+    ExpectQuestion(row.screen, QMessageBox::Yes);
     bool to_file = true;
     std::pair<int, int> pages;
     std::pair<int, int> bounds;
@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(OnTheWindow, EachPrintTest, ::testing::ValuesIn(message
 
 TEST_F(PrintTest, ANoPrintsNothingAndShowsNoDialog) {
     Open(ScreenId::Form2);
-    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::No);
+    ExpectQuestion(ScreenId::Form2, QMessageBox::No);
     robot.Choose("imprimir");
     EXPECT_EQ(Pages(), 0);
     EXPECT_EQ(printers, 0);
@@ -101,7 +101,7 @@ TEST_F(PrintTest, TheDialogIsSpanish) {
         }
     };
     Open(ScreenId::Form2);
-    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+    ExpectQuestion(ScreenId::Form2, QMessageBox::Yes);
     robot.ExpectPrintDialog(Print::Cancel);
     robot.Choose("imprimir");
     EXPECT_THAT(captions, ::testing::HasSubstr("Cancelar|"));
@@ -115,7 +115,7 @@ TEST_F(PrintTest, NoPrinterAtAllIsPassedOverWhateverTheDialogsAnswer) {
     const bool has_dialog = HasPrintDialog(QPrinter(QPrinter::HighResolution));
     Open(ScreenId::Form2);
     for (const Print answer : {Print::Cancel, Print::Accept}) {
-        ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+        ExpectQuestion(ScreenId::Form2, QMessageBox::Yes);
         if (has_dialog) {
             robot.ExpectPrintDialog(answer);
         } else {
@@ -149,7 +149,7 @@ TEST_F(PrintTest, ThePageHasTheScreensColoursAndLiesAcrossWhateverThePrinterIsSe
         return printer;
     };
     Open(ScreenId::Form2);
-    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+    ExpectQuestion(ScreenId::Form2, QMessageBox::Yes);
     robot.ExpectPrintDialog(Print::Cancel);
     robot.Choose("imprimir");
     const QString drawn = folder.filePath(QStringLiteral("page"));
@@ -165,7 +165,7 @@ TEST_F(PrintTest, ThePageHoldsTheScreensTextsAndNotTheMenu) {
     if (reader.isEmpty()) GTEST_SKIP() << "no pdftotext";
     Open(ScreenId::Form2);
     robot.Type("Text1(4)", "Gran Vía 1");
-    ExpectQuestion("Se imprimirá la pantalla", QMessageBox::Yes);
+    ExpectQuestion(ScreenId::Form2, QMessageBox::Yes);
     robot.ExpectPrintDialog(Print::Cancel);
     robot.Choose("imprimir");
     QProcess process;

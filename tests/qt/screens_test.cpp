@@ -15,6 +15,7 @@
 
 #include "qt/text.h"
 #include "qt/window_test.h"
+#include "support/messages.h"
 
 namespace velmora::test {
 namespace {
@@ -240,8 +241,7 @@ TEST_F(CaptionTest, AnEntryOfADayNamesItInTheTitleBarEvenWhenTheDayIsRefused) {
     // clang-format on
     Open(ScreenId::Form5);
     for (const auto& [title, entry, caption] : captions) {
-        robot.ExpectBox(
-            {.text = " El número de día seleccionado no es coherente con los datos introducidos"});
+        robot.ExpectBox({.text = messages::kIncoherentDay});
         robot.Choose(title, entry);
         EXPECT_EQ(robot.WindowCaption(), caption);
     }

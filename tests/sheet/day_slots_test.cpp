@@ -6,13 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "support/messages.h"
 #include "support/sheet_test.h"
 
 namespace velmora::test {
 namespace {
-
-constexpr std::string_view kIncoherentDay =
-    " El número de día seleccionado no es coherente con los datos introducidos";
 
 constexpr std::string_view kFirstDayTitle =
     "Velmora / h5                          CÁLCULOS   Y   RESULTADOS: PRIMER DIA ";
@@ -415,7 +413,7 @@ TEST_P(DayEntryTest, SetsTheCaptionOfItsDayAndTheDay) {
 
 TEST_P(DayEntryTest, WithoutAPlanRefusesEveryDayWithTheMessageOnABlankSheet) {
     Scribble();
-    host.ExpectBox(std::string(kIncoherentDay));
+    host.ExpectBox(messages::kIncoherentDay);
     std::string while_shown;
     host.on_box = [&] {
         while_shown = form.Caption;
@@ -432,7 +430,7 @@ TEST_P(DayEntryTest, WithoutAPlanRefusesEveryDayWithTheMessageOnABlankSheet) {
 
 TEST_P(DayEntryTest, OnAPlanOfOneDayRefusesTheOtherDays) {
     SetPlan(1, 1, 2);
-    if (GetParam().day > 1) host.ExpectBox(std::string(kIncoherentDay));
+    if (GetParam().day > 1) host.ExpectBox(messages::kIncoherentDay);
     Choose(GetParam().entry);
     EXPECT_EQ(form.Command1.Visible, GetParam().day == 1);
     EXPECT_EQ(form.Text1(0).Visible, GetParam().day == 1);
@@ -441,7 +439,7 @@ TEST_P(DayEntryTest, OnAPlanOfOneDayRefusesTheOtherDays) {
 
 TEST_P(DayEntryTest, ANegativeNumberOfDaysRefusesEveryDay) {
     SetPlan(-1, 1, 2);
-    host.ExpectBox(std::string(kIncoherentDay));
+    host.ExpectBox(messages::kIncoherentDay);
     Choose(GetParam().entry);
     EXPECT_FALSE(form.Command1.Visible);
 }
@@ -704,7 +702,7 @@ TEST_F(IntroTest, WithoutLimpiaBeforeItATaskThatFellAwayStaysAsItIs) {
 TEST_F(IntroTest, ARefusedDayIsBlankedByIntroItself) {
     record.NumJornadas = 2;
     Scribble();
-    host.ExpectBox(std::string(kIncoherentDay));
+    host.ExpectBox(messages::kIncoherentDay);
     form.intro(3);
     EXPECT_EQ(Cell(1, kC1).Text, "");
     EXPECT_FALSE(Cell(1, kC1).Visible);

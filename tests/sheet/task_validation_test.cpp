@@ -5,14 +5,13 @@
 #include <string_view>
 #include <vector>
 
+#include "support/messages.h"
 #include "support/sheet_test.h"
 
 namespace velmora::test {
 namespace {
 
-constexpr std::string_view kNoLimits = "No se dispone de datos relativos a los contaminantes ";
-constexpr std::string_view kFewSamples = "No hay datos suficientes para operar ";
-constexpr std::string_view kNoGaps = "No deje espacios vacios";
+using namespace messages;
 
 /// One of the three twins: its task, its own first message, and the first row of its block.
 struct Twin {
@@ -25,9 +24,9 @@ struct Twin {
 /// How the test programs name a button's tests.
 void PrintTo(const Twin& twin, std::ostream* out) { *out << twin.button; }
 
-constexpr std::array<Twin, 3> kTwins = {{{1, "Command1", "No hay datos para operar"},
-                                         {2, "Command2", " No hay datos para operar"},
-                                         {3, "Command3", " No hay datos para operar"}}};
+constexpr std::array<Twin, 3> kTwins = {{{1, "Command1", kNoData},
+                                         {2, "Command2", kNoDataOfLaterTask},
+                                         {3, "Command3", kNoDataOfLaterTask}}};
 
 class TaskValidationTest : public SheetTest {
 protected:
@@ -140,10 +139,10 @@ TEST_P(TaskButtonTest, TheLimitsOfTheRecordAreNotWhatIsChecked) {
 
 TEST_F(TaskValidationTest, ASeventhContaminantLooksAtTheNextTasksFirstRow) {
     SetTask(1, 7, 0);
-    host.ExpectBox(std::string(kNoLimits));
+    host.ExpectBox(kNoLimits);
     form.Command1_Click();
     Cell(7, kEc).Text = "3";
-    host.ExpectBox("No hay datos para operar");
+    host.ExpectBox(kNoData);
     form.Command1_Click();
 }
 
@@ -201,7 +200,7 @@ TEST_F(TaskValidationTest, Command1_OnASingleCellOfItsBlockPassesTheCheckOfData)
         for (int column = kC1; column <= kC6; ++column) {
             form.limpia(1);
             Cell(row, column).Text = " ";
-            if (column > kC1) host.ExpectBox(std::string(kNoGaps));
+            if (column > kC1) host.ExpectBox(kNoGaps);
             form.Command1_Click();
         }
     }
@@ -210,7 +209,7 @@ TEST_F(TaskValidationTest, Command1_OnASingleCellOfItsBlockPassesTheCheckOfData)
 TEST_F(TaskValidationTest, Command2_OnAnEmptyBlockOfItsOwnPassesTheCheckOfData) {
     SetTask(2, 1, 1);
     FillFirstTask();
-    host.ExpectBox(std::string(kFewSamples));
+    host.ExpectBox(kFewSamples);
     form.Command2_Click();
 }
 
@@ -221,7 +220,7 @@ TEST_P(TaskButtonTest, TheMeasurementsOfTheBlockAreBlackEvenIfALaterCheckRefuses
     FillFirstTask();
     SetSamples(Row(1), {"1", ""});
     Paint();
-    host.ExpectBox(std::string(kFewSamples));
+    host.ExpectBox(kFewSamples);
     Click();
     for (int i = 0; i < 324; ++i) {
         EXPECT_EQ(form.Text1(i).ForeColor, IsOwnSample(i) ? kWindowText : 1U) << i;

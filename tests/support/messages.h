@@ -1,16 +1,18 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
 
 #include "forms/screen.h"
 
-/// What the boxes of the six screens say, as the tests expect it.
+/// What the six screens say in their boxes and ask for in a field, as the tests expect it.
 namespace velmora::messages {
 
 inline constexpr const char* kExit = "¿Está seguro de que quiere salir?";
 inline constexpr const char* kNoName = "Debe cumplimentarse por lo menos el nombre de la empresa";
+inline constexpr const char* kNameHint = " El nombre de la empresa es imprescindible.";
 inline constexpr const char* kGoBack =
     "Si regresa perderá todos los datos introducidos hasta el momento\r\n"
     "¿Está seguro de que quiere regresar?";
@@ -41,6 +43,11 @@ inline constexpr const char* kTaskAboveOnPick =
 inline constexpr const char* kRowsIncomplete = " Cumplimente todos los datos";
 inline constexpr const char* kIncoherentDay =
     " El número de día seleccionado no es coherente con los datos introducidos";
+inline constexpr const char* kNoLimits = "No se dispone de datos relativos a los contaminantes ";
+inline constexpr const char* kNoData = "No hay datos para operar";
+inline constexpr const char* kNoDataOfLaterTask = " No hay datos para operar";
+inline constexpr const char* kFewSamples = "No hay datos suficientes para operar ";
+inline constexpr const char* kNoGaps = "No deje espacios vacios";
 
 /// What a screen asks ahead of its page, and the pages that it sets in the dialog.
 struct Print {
@@ -64,6 +71,9 @@ inline constexpr std::array<Print, 5> kPrints = {{
 inline std::string PrintQuestion(std::string_view notice) {
     return std::string(notice) +
            "\r\n¿Desea continuar?\r\n \r\nPulsar 'Si' no admite cancelación posterior";
+}
+inline std::string PrintQuestion(ScreenId screen) {
+    return PrintQuestion(std::ranges::find(kPrints, screen, &Print::screen)->notice);
 }
 
 }  // namespace velmora::messages
