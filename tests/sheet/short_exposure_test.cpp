@@ -11,16 +11,6 @@
 namespace velmora::test {
 namespace {
 
-/// One of the three twins: its task and its button.
-struct Twin {
-    int task;
-    std::string_view button;
-    int Row(int r) const { return (task - 1) * 6 + r; }
-};
-
-/// How the test programs name a button's tests.
-void PrintTo(const Twin& twin, std::ostream* out) { *out << twin.button; }
-
 constexpr std::array<Twin, 3> kTwins = {{{1, "Command5"}, {2, "Command6"}, {3, "Command7"}}};
 
 /// What a row holds before the press.
@@ -36,8 +26,6 @@ struct RowTexts {
 
 class ShortExposureTest : public DayTest {
 protected:
-    void Click(const Twin& twin) { form.FindControl(twin.button)->events.Click(); }
-
     void Set(int row, const RowTexts& texts) {
         Cell(row, kNumber).Text = Digits((row - 1) % 6 + 1);
         Cell(row, kAdditive).Text = texts.group;
@@ -58,11 +46,8 @@ protected:
     }
 };
 
-class ExposureButtonTest : public ShortExposureTest, public ::testing::WithParamInterface<Twin> {
+class ExposureButtonTest : public TwinTest<ShortExposureTest> {
 protected:
-    const Twin& T() const { return GetParam(); }
-    int Row(int r) const { return T().Row(r); }
-    void Click() { ShortExposureTest::Click(T()); }
     void SetContaminants(int n) { record.NumContaminantes(T().task) = n; }
 
     /// What the press makes of a contaminant that is the task's only one.
@@ -74,8 +59,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Buttons, ExposureButtonTest, ::testing::ValuesIn(kTwins),
-                         [](const auto& tested) { return std::string(tested.param.button); });
+INSTANTIATE_TEST_SUITE_P(Buttons, ExposureButtonTest, ::testing::ValuesIn(kTwins), NameOfTwin);
 
 // ------------------------------------------------------------------- contaminants by themselves
 
@@ -234,8 +218,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Buttons, MixtureTest, ::testing::ValuesIn(kTwins),
-                         [](const auto& tested) { return std::string(tested.param.button); });
+INSTANTIATE_TEST_SUITE_P(Buttons, MixtureTest, ::testing::ValuesIn(kTwins), NameOfTwin);
 
 TEST_P(MixtureTest, TheLimitOfAMixtureIsTheHarmonicMeanWeightedByTheMeans) {
     SetContaminants(2);
@@ -612,8 +595,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Buttons, ExposureErrorTest, ::testing::ValuesIn(kTwins),
-                         [](const auto& tested) { return std::string(tested.param.button); });
+INSTANTIATE_TEST_SUITE_P(Buttons, ExposureErrorTest, ::testing::ValuesIn(kTwins), NameOfTwin);
 
 TEST_P(ExposureErrorTest, ALimitBesideAMeanOfZeroEndsTheProgramWithTheRowsBeforeItJudged) {
     SetContaminants(3);

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,20 +12,7 @@ namespace {
 
 using namespace messages;
 
-/// One of the three twins: its task, its own first message, and the first row of its block.
-struct Twin {
-    int task;
-    std::string_view button;
-    std::string_view no_data;
-    int Row(int r) const { return (task - 1) * 6 + r; }
-};
-
-/// How the test programs name a button's tests.
-void PrintTo(const Twin& twin, std::ostream* out) { *out << twin.button; }
-
-constexpr std::array<Twin, 3> kTwins = {{{1, "Command1", kNoData},
-                                         {2, "Command2", kNoDataOfLaterTask},
-                                         {3, "Command3", kNoDataOfLaterTask}}};
+constexpr std::array<Twin, 3> kTwins = {{{1, "Command1"}, {2, "Command2"}, {3, "Command3"}}};
 
 class TaskValidationTest : public SheetTest {
 protected:
@@ -36,18 +22,16 @@ protected:
         form.DiaActual = 1;
     }
 
-    void Click(const Twin& twin) { form.FindControl(twin.button)->events.Click(); }
-
     /// The rows of a task that the plan has, those that the day computes, and their limits, which
     /// stand in the cells as well as in the record.
-    void SetTask(int task, int contaminantes, int samples, double ed = 8, double ec = 0) {
-        record.NumContaminantes(task) = contaminantes;
+    void SetTask(int task, int contaminants, int samples, double ed = 8, double ec = 0) {
+        record.NumContaminantes(task) = contaminants;
         SetRows(1, task, samples);
         for (int r = 1; r <= 6; ++r) {
             record.VlaEd(task, r) = ed;
             record.VlaEc(task, r) = ec;
         }
-        for (int r = 1; r <= std::min(contaminantes, 6); ++r) {
+        for (int r = 1; r <= std::min(contaminants, 6); ++r) {
             Cell((task - 1) * 6 + r, kEd).Text = TextoDoble(ed);
             Cell((task - 1) * 6 + r, kEc).Text = TextoDoble(ec);
         }
@@ -57,14 +41,12 @@ protected:
     void FillFirstTask() { SetSamples(1, {"1", "1"}); }
 
     std::string Mmp(int row) { return Cell(row, kMmp).Text; }
-    std::string Indice(int row) { return Cell(row, kIndex).Text; }
+    std::string IndexOf(int row) { return Cell(row, kIndex).Text; }
 };
 
-class TaskButtonTest : public TaskValidationTest, public ::testing::WithParamInterface<Twin> {
+class TaskButtonTest : public TwinTest<TaskValidationTest> {
 protected:
-    const Twin& T() const { return GetParam(); }
-    int Row(int r) const { return T().Row(r); }
-    void Click() { TaskValidationTest::Click(T()); }
+    const char* NoData() const { return T().task == 1 ? kNoData : kNoDataOfLaterTask; }
 
     /// A refusal with this message, which changes no control.
     void ExpectRefusal(std::string_view message) {
@@ -98,8 +80,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Buttons, TaskButtonTest, ::testing::ValuesIn(kTwins),
-                         [](const auto& tested) { return std::string(tested.param.button); });
+INSTANTIATE_TEST_SUITE_P(Buttons, TaskButtonTest, ::testing::ValuesIn(kTwins), NameOfTwin);
 
 // ---------------------------------------------------------------------------------- limit values
 
@@ -123,18 +104,18 @@ TEST_P(TaskButtonTest, OneLimitOfTheTwoIsEnough) {
     Cell(Row(1), kEc).Text = "0.01";
     Cell(Row(2), kEd).Text = "5";
     Cell(Row(2), kEc).Text = "";
-    ExpectRefusal(T().no_data);
+    ExpectRefusal(NoData());
 }
 
 TEST_P(TaskButtonTest, TheLimitsOfRowsBeyondTheContaminantsAreNotLookedAt) {
     SetTask(T().task, 1, 6);
-    ExpectRefusal(T().no_data);
+    ExpectRefusal(NoData());
 }
 
 TEST_P(TaskButtonTest, TheLimitsOfTheRecordAreNotWhatIsChecked) {
     SetTask(T().task, 1, 1);
     for (int r = 1; r <= 6; ++r) record.VlaEd(T().task, r) = 0;
-    ExpectRefusal(T().no_data);
+    ExpectRefusal(NoData());
 }
 
 TEST_F(TaskValidationTest, ASeventhContaminantLooksAtTheNextTasksFirstRow) {
@@ -158,7 +139,7 @@ TEST_F(TaskValidationTest, ASeventhContaminantOfTheThirdTaskIsASubscriptError) {
 TEST_P(TaskButtonTest, WithTheFirstTaskEmptyThereAreNoDataEvenIfTheOthersAreFull) {
     SetTask(T().task, 1, 1);
     for (int row = 7; row <= 18; ++row) SetSamples(row, {"1", "2", "3", "4", "5", "6"});
-    ExpectRefusal(T().no_data);
+    ExpectRefusal(NoData());
 }
 
 TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
@@ -168,13 +149,13 @@ TEST_P(TaskButtonTest, TheOtherColumnsOfTheFirstTaskAreNoData) {
             if (column < kC1 || column > kC6) Cell(row, column).Text = "1";
         }
     }
-    ExpectRefusal(T().no_data);
+    ExpectRefusal(NoData());
 }
 
 TEST_P(TaskButtonTest, TheColoursStayWhenTheFirstTwoChecksRefuse) {
     SetTask(T().task, 1, 1);
     Paint();
-    ExpectRefusal(T().no_data);
+    ExpectRefusal(NoData());
     Cell(Row(1), kEd).Text = "";
     ExpectRefusal(kNoLimits);
 }
@@ -343,8 +324,8 @@ TEST_P(TaskButtonTest, SamplesOneTwoFourGiveTheirMeanAndIndexWithTwoDecimals) {
     record.TiempoExposicion(1, T().task) = 4;
     SetSamples(Row(1), {"1", "2", "4"});
     Click();
-    EXPECT_EQ(Mmp(Row(1)), "2.36");    // 2.36061
-    EXPECT_EQ(Indice(Row(1)), ".12");  // 4 x 2.36061 / 80 = 0.11803
+    EXPECT_EQ(Mmp(Row(1)), "2.36");     // 2.36061
+    EXPECT_EQ(IndexOf(Row(1)), ".12");  // 4 x 2.36061 / 80 = 0.11803
 }
 
 TEST_P(TaskButtonTest, SamplesTwoAndEightGiveAMeanOfFourAndHalfAnIndex) {
@@ -354,7 +335,7 @@ TEST_P(TaskButtonTest, SamplesTwoAndEightGiveAMeanOfFourAndHalfAnIndex) {
     SetSamples(Row(1), {"2", "8"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "4.");
-    EXPECT_EQ(Indice(Row(1)), ".5");
+    EXPECT_EQ(IndexOf(Row(1)), ".5");
 }
 
 TEST_P(TaskButtonTest, TheMeanAndDeviationOfEachRowGoToTheRecordAtItsPlace) {
@@ -421,7 +402,7 @@ TEST_P(TaskButtonTest, TheLimitOfTheIndexIsThatOfTheRecord) {
     SetSamples(Row(1), {"2", "8"});
     Cell(Row(1), kEd).Text = "100";
     Click();
-    EXPECT_EQ(Indice(Row(1)), ".5");
+    EXPECT_EQ(IndexOf(Row(1)), ".5");
 }
 
 TEST_P(TaskButtonTest, WithoutADailyLimitTheIndexIsZero) {
@@ -431,7 +412,7 @@ TEST_P(TaskButtonTest, WithoutADailyLimitTheIndexIsZero) {
     SetSamples(Row(1), {"2", "8"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "4.");
-    EXPECT_EQ(Indice(Row(1)), ".");
+    EXPECT_EQ(IndexOf(Row(1)), ".");
 }
 
 TEST_P(TaskButtonTest, EachRowTakesItsOwnLimit) {
@@ -441,7 +422,7 @@ TEST_P(TaskButtonTest, EachRowTakesItsOwnLimit) {
     Click();
     const std::array<std::string_view, 6> expected = {"1.", "2.", "8.", "4.", "5.", "6."};
     for (int r = 1; r <= 6; ++r) {
-        EXPECT_EQ(Indice(Row(r)), expected.at(static_cast<std::size_t>(r - 1)));
+        EXPECT_EQ(IndexOf(Row(r)), expected.at(static_cast<std::size_t>(r - 1)));
     }
 }
 
@@ -456,7 +437,7 @@ TEST_P(TaskButtonTest, WithOneSampleInThePlanOfTwoContaminantsTheSecondRowKeepsI
     Click();
     EXPECT_EQ(Mmp(Row(1)), "4.");
     EXPECT_EQ(Mmp(Row(2)), "9.");
-    EXPECT_EQ(Indice(Row(2)), ".9");
+    EXPECT_EQ(IndexOf(Row(2)), ".9");
 }
 
 TEST_P(TaskButtonTest, ThreeContaminantsAndTwoSamplesComputeTwoRows) {
@@ -479,7 +460,7 @@ TEST_P(TaskButtonTest, TwoContaminantsAndFiveSamplesComputeTheEmptyRowsToo) {
     Click();
     for (int r = 3; r <= 5; ++r) {
         EXPECT_EQ(Mmp(Row(r)), ".");
-        EXPECT_EQ(Indice(Row(r)), ".");
+        EXPECT_EQ(IndexOf(Row(r)), ".");
     }
     EXPECT_EQ(Mmp(Row(6)), "");
     EXPECT_EQ(record.MG(1, T().task, 3), 7) << "an empty row stores nothing";
@@ -493,7 +474,7 @@ TEST_P(TaskButtonTest, TwoContaminantsAndSixSamplesWriteZerosInTheOtherFourRows)
     Click();
     for (int r = 3; r <= 6; ++r) {
         EXPECT_EQ(Mmp(Row(r)), ".");
-        EXPECT_EQ(Indice(Row(r)), ".");
+        EXPECT_EQ(IndexOf(Row(r)), ".");
     }
 }
 
@@ -560,7 +541,7 @@ TEST_P(TaskButtonTest, EachRowTakesTheTimeOfItsDayButTheSixthOfCommand2ThatOfThe
         for (int r = 1; r <= 6; ++r) {
             const bool first_days = T().task == 2 && r == 6;
             // Worked by hand: time x 4 / (1 x 8), with a time of 10t + 2d, is 5t + d.
-            EXPECT_EQ(Indice(Row(r)), Digits(5 * T().task + (first_days ? 1 : day)) + ".")
+            EXPECT_EQ(IndexOf(Row(r)), Digits(5 * T().task + (first_days ? 1 : day)) + ".")
                 << "day " << day << ", row " << r;
         }
     }
@@ -638,7 +619,7 @@ TEST_P(TaskButtonTest, ARowOfOneUsableSampleEndsTheProgramWithTheRowsBeforeItWri
     ExpectError(ErrorKind::InvalidOperation, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(2)), "4.");
     EXPECT_EQ(Mmp(Row(3)), "");
-    EXPECT_EQ(Indice(Row(3)), "");
+    EXPECT_EQ(IndexOf(Row(3)), "");
     EXPECT_EQ(Mmp(Row(4)), "");
     EXPECT_EQ(Cell(Row(1), kC1).ForeColor, kWindowText);
     EXPECT_EQ(Cell(Row(1), kC1).BackColor, 250U) << "the closing step wasn't reached";
@@ -664,7 +645,7 @@ TEST_P(TaskButtonTest, AnIndexTooLargeEndsTheProgramWithTheMeanWritten) {
     record.TiempoExposicion(1, T().task) = 1e308;
     ExpectError(ErrorKind::Overflow, [&] { Click(); });
     EXPECT_EQ(Mmp(Row(1)), "4.");
-    EXPECT_EQ(Indice(Row(1)), "");
+    EXPECT_EQ(IndexOf(Row(1)), "");
 }
 
 TEST_P(TaskButtonTest, AMeasurementTooLongForADoubleEndsTheProgramAtTheCheckOfGaps) {
@@ -704,7 +685,7 @@ TEST_P(TaskButtonTest, UnderACommaTheFiguresAreWrittenWithItAndTheMeasurementsRe
     SetSamples(Row(1), {"1.0", "2.0", "4.0"});
     Click();
     EXPECT_EQ(Mmp(Row(1)), "2,36");
-    EXPECT_EQ(Indice(Row(1)), ",12");
+    EXPECT_EQ(IndexOf(Row(1)), ",12");
 }
 
 TEST_P(TaskButtonTest, UnderACommaAMeasurementWithOneIsCutThere) {

@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -58,6 +59,20 @@ inline std::vector<std::string> Changed(const std::vector<Held>& before, const S
     return names;
 }
 
+/// One of three buttons that do the same, each for a task of its own.
+struct Twin {
+    int task;
+    std::string_view button;
+    /// The sheet's row that is the task's row `r`.
+    int Row(int r) const { return (task - 1) * 6 + r; }
+};
+
+/// How the test programs name a button's tests.
+inline void PrintTo(const Twin& twin, std::ostream* out) { *out << twin.button; }
+inline std::string NameOfTwin(const ::testing::TestParamInfo<Twin>& tested) {
+    return std::string(tested.param.button);
+}
+
 /// The sheet, just opened, with helpers that speak of its rows: 1 to 18.
 class SheetTest : public VelmoraTest {
 protected:
@@ -95,6 +110,9 @@ protected:
         for (const Control& control : form.Controls()) std::visit(Scribbler{}, control.state);
     }
 
+    /// Runs what a press of the button runs, whether it is open at the moment or not.
+    void Click(const Twin& twin) { Find(twin.button).events.Click(); }
+
     /// The code of the key after the filter of a cell has seen it.
     KeyCode Filtered(int cell, KeyCode key) {
         form.Text1_KeyPress(cell, key);
@@ -122,6 +140,16 @@ private:
 class DayTest : public SheetTest {
 protected:
     DayTest() { form.DiaActual = 1; }
+};
+
+/// Tests of each of three twins on a sheet.
+template <class Sheet>
+class TwinTest : public Sheet, public ::testing::WithParamInterface<Twin> {
+protected:
+    using Sheet::Click;
+    void Click() { Click(T()); }
+    const Twin& T() const { return this->GetParam(); }
+    int Row(int r) const { return T().Row(r); }
 };
 
 }  // namespace velmora::test
