@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "core/numbers.h"
@@ -10,9 +9,8 @@ namespace velmora::property {
 
 namespace {
 
-bool IsArithmetic(ErrorKind error) {
-    return error == ErrorKind::InvalidOperation || error == ErrorKind::DivisionByZero ||
-           error == ErrorKind::InvalidArgument;
+bool IsDivisionBy0(ErrorKind error) {
+    return error == ErrorKind::InvalidOperation || error == ErrorKind::DivisionByZero;
 }
 
 bool IsOutOfBounds(ErrorKind error) {
@@ -112,7 +110,10 @@ Verdict AnErrorComesOnlyWhereItIsNamed(const Step& s) {
         const bool single = error == ErrorKind::InvalidOperation && RowWithOneSample(s, task) != 0;
         if (wide || negative || single) return Verdict::Holds();
     }
-    if (EvaluatedTask(s) != 0 && IsArithmetic(error)) return Verdict::Holds();
+    if (EvaluatedTask(s) != 0) {
+        const bool negative = error == ErrorKind::InvalidArgument && HasNegativeSamples(s.before);
+        if (negative || IsDivisionBy0(error)) return Verdict::Holds();
+    }
     if (s.Pressed(ScreenId::Form6, "Command1") && error == ErrorKind::InvalidOperation) {
         for (int row = 1; row <= 18; ++row) {
             for (int column = 3; column <= 5; ++column) {
@@ -186,7 +187,9 @@ const std::vector<Invariant> kErrorInvariants = {
     {"A plan with more days, tasks or samples than there are rows ends the program when laid "
      "out.",
      APlanBeyondItsBoundsEndsTheProgram},
-    {"A run-time error comes only where the rules name it.", AnErrorComesOnlyWhereItIsNamed},
+    {"A run-time error comes only where the rules name it, a division by 0 anywhere in a short "
+     "exposure.",
+     AnErrorComesOnlyWhereItIsNamed},
     {"A row in use with a single usable sample ends the program, and no other does.",
      ASingleSampleIsNeverGivenAValue},
     {"The process ends by a Salir that isn't answered No, with status 0, and by nothing else.",
