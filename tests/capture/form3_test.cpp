@@ -1,10 +1,8 @@
 #include "capture/form3.h"
 
-#include <algorithm>
 #include <array>
 #include <map>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>

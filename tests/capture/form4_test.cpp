@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <map>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "capture/form2.h"

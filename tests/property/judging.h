@@ -57,9 +57,8 @@ constexpr int At3(int task, int contaminant, int column) {
 
 /// Columns of `Text1` and of `Text3`.
 struct Col {
-    static constexpr int kNumber = 0, kName = 1, kEd = 2, kEc = 3, kUnit = 4, kTm = 5, kGroup = 6,
-                         kC1 = 7, kC6 = 12, kMmp = 13, kIndex = 14, kIndexPlus = 15, kMg = 16,
-                         kGsd = 17;
+    static constexpr int kNumber = 0, kEd = 2, kEc = 3, kGroup = 6, kC1 = 7, kC6 = 12, kMmp = 13,
+                         kIndex = 14, kIndexPlus = 15, kMg = 16, kGsd = 17;
     static constexpr int kEcPlus = 0, kMgPlus = 1, kGsdPlus = 2, kProb = 3;
 };
 

@@ -1,7 +1,6 @@
 #include "property/process.h"
 
 #include <exception>
-#include <utility>
 
 #include "forms/screen.h"
 #include "support/use.h"

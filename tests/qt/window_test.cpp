@@ -9,7 +9,7 @@
 
 #include <stdexcept>
 #include <type_traits>
-#include <utility>
+#include <variant>
 
 #include "qt/text.h"
 #include "sheet/form5.h"

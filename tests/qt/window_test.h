@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "support/program.h"
@@ -23,10 +21,8 @@ namespace velmora::test {
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
-using ::testing::Ge;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Le;
 using ::testing::Not;
 using ::testing::StartsWith;
 

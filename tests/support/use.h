@@ -110,7 +110,7 @@ inline void DoubleClick(const Screen& screen, std::string_view cell) {
     control.events.DblClick();
 }
 
-/// One key, of a Latin-1 code from 1 on: the filter sees it first, then the cell unless refused.
+/// One key, of a code from 1 to 2047: the filter sees it first, then the cell unless refused.
 inline void Key(const Control& control, KeyCode key) {
     Require(TakesKeys(control), "keys", control.name);
     if (control.events.KeyPress) control.events.KeyPress(key);
