@@ -120,6 +120,7 @@ other_builds() {
 
 step "Packages" install_packages "${build_packages[@]}" "${test_packages[@]}" \
     ${whole:+"${other_packages[@]}"}
+step "Packages of the browser" tests/report/browser/browser_test.sh --packages
 at_start=$(state)
 once "Format" check_format
 step "Release build" build release
