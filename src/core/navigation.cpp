@@ -1,7 +1,7 @@
 #include "core/navigation.h"
 
-#include <array>
-
+#include "core/grid.h"
+#include "core/numbers.h"
 #include "runtime/error.h"
 
 namespace velmora {
@@ -41,6 +41,12 @@ std::string FormatoFecha(const std::tm& moment) {
     };
     return two(moment.tm_mday) + ":" + two(moment.tm_mon + 1) + ":" + two(moment.tm_year % 100) +
            "     " + two(moment.tm_hour) + ":" + two(moment.tm_min) + ":" + two(moment.tm_sec);
+}
+
+std::string SpokenName(int row, std::string_view column) {
+    std::string spoken = "Tarea " + TextoEntero(grid::TaskOf(row));
+    spoken.append(", contaminante ").append(TextoEntero(grid::ContaminantOf(row)));
+    return spoken.append(", ").append(column);
 }
 
 }  // namespace velmora

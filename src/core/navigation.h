@@ -54,6 +54,10 @@ void Imprimir(Host& host, CommonDialog& dialog, const Printing& printing);
 /// second, two digits each.
 std::string FormatoFecha(const std::tm& moment);
 
+/// A cell of the sheet or the final table, by its row of 18 and its column's name, as a screen
+/// reader says it: "Tarea 1, contaminante 2, muestra C3".
+std::string SpokenName(int row, std::string_view column);
+
 /// How the clock looks on `Form2` to `Form6`: bold, white, 8.25 points.
 inline constexpr Look kClockLook{.bold = true, .fore = kWhite};
 

@@ -114,12 +114,6 @@ constexpr Row CellRow(int row, int column) {
             .in_table = true};
 }
 
-std::string SpokenName(int row, int column) {
-    std::string spoken = "Tarea " + TextoEntero(grid::TaskOf(row));
-    spoken.append(", contaminante ").append(TextoEntero(grid::ContaminantOf(row))).append(", ");
-    return spoken.append(kTable(column).spoken);
-}
-
 }  // namespace
 
 Form6::Form6(const Environment& environment) : BaseScreen(environment, kFace, Label2) {
@@ -143,7 +137,8 @@ void Form6::PlaceControls() {
     }
     for (int row = 1; row <= grid::kRows; ++row) {
         for (int column = 1; column <= kColumns; ++column) {
-            Place(Text1(Cell(row, column)), CellRow(row, column), {}, SpokenName(row, column));
+            Place(Text1(Cell(row, column)), CellRow(row, column), {},
+                  SpokenName(row, kTable(column).spoken));
         }
     }
 }

@@ -188,12 +188,6 @@ constexpr Row CellRow(std::string_view name, int index, const Column& column, in
             .in_table = true};
 }
 
-/// "Tarea 1, contaminante 2, muestra C3"
-std::string SpokenName(int row, const Column& column) {
-    return "Tarea " + TextoEntero(grid::TaskOf(row)) + ", contaminante " +
-           TextoEntero(grid::ContaminantOf(row)) + ", " + std::string(column.spoken);
-}
-
 }  // namespace
 
 Form5::Form5(const Environment& environment) : BaseScreen(environment, kFace, Label5) {
@@ -228,13 +222,13 @@ void Form5::PlaceSheet() {
             const Column& column = kText1Columns(c);
             Place(Text1(i), CellRow("Text1", i, column, row, TabOf(row, c)),
                   {.KeyPress = [this, i](KeyCode& key) { Text1_KeyPress(i, key); }},
-                  SpokenName(row, column));
+                  SpokenName(row, column.spoken));
         }
         for (int c = 0; c < grid::kColumns3; ++c) {
             const int i = grid::Cell3(row, c);
             const Column& column = kText3Columns(c);
             Place(Text3(i), CellRow("Text3", i, column, row, kTabText3 + i), {},
-                  SpokenName(row, column));
+                  SpokenName(row, column.spoken));
         }
     }
 }
