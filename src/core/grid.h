@@ -21,6 +21,7 @@ inline constexpr int kSamplingTime = 5;
 inline constexpr int kAdditive = 6;     ///< "A+", the number of the additive group
 inline constexpr int kFirstSample = 7;  ///< C1
 inline constexpr int kLastSample = 12;  ///< C6
+inline constexpr int kSamples = kLastSample - kFirstSample + 1;
 inline constexpr int kMmp = 13;
 inline constexpr int kIndex = 14;
 inline constexpr int kIndexPlus = 15;

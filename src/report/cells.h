@@ -12,9 +12,9 @@ namespace velmora::report {
 using grid::ContaminantOf;
 using grid::kRows;
 using grid::kRowsPerTask;
+using grid::kSamples;
 using grid::RowOf;
 using grid::TaskOf;
-inline constexpr int kSamples = 6;
 
 /// The columns of a day's sheet, main grid and right-hand grid in one.
 enum class Column {

@@ -157,7 +157,7 @@ constexpr bool IsSample(int column) {
 
 /// Position in the order of the Tab key of a cell of Text1.
 constexpr int TabOf(int row, int column) {
-    constexpr int kSamples = grid::kLastSample - grid::kFirstSample + 1;
+    using grid::kSamples;
     constexpr int kRest = grid::kColumns - kSamples;
     if (IsSample(column)) return kTabSamples + (row - 1) * kSamples + column - grid::kFirstSample;
     return kTabRest + (row - 1) * kRest +
