@@ -168,10 +168,7 @@ public:
             case SP_MessageBoxCritical:
                 return SignOnADisc({0xb0, 0x1c, 0x1c}, u'\u00d7');
             case SP_ToolBarHorizontalExtensionButton:  // every menu bar asks for it, at every move
-                return LateIcon([this, icon] {
-                    if (more_.isNull()) more_ = QProxyStyle::standardIcon(icon);
-                    return more_;
-                });
+                return more_;
             default:
                 return QProxyStyle::standardIcon(icon, option, widget);
         }
@@ -222,7 +219,9 @@ private:
     }
 
     double factor_ = 1;
-    mutable QIcon more_;  ///< of a menu bar too narrow for its titles, once it was asked for
+    /// Of a menu bar too narrow for its titles.
+    QIcon more_ =
+        LateIcon([this] { return QProxyStyle::standardIcon(SP_ToolBarHorizontalExtensionButton); });
 };
 
 /// The face asked for, and those that stand in for it.
@@ -243,6 +242,7 @@ QStringList FacesOf(Family family) {
 
 /// Those of the faces that the machine has, or all where it has none of them.
 QStringList Installed(const QStringList& faces) {
+    // QFontDatabase::hasFamily asks the font library about each: 6 % of the start.
     const QStringList families = QFontDatabase::families();
     QStringList installed;
     for (const QString& face : faces) {
