@@ -10,4 +10,7 @@ mkdir -p "$HOME"
 [ -f "$WINEPREFIX/system.reg" ] ||
     flock "$folder" sh -c '[ -f "$WINEPREFIX/system.reg" ] || { wineboot --init; wineserver --wait; }' \
         >/dev/null 2>&1
+# A server that stays for some seconds: one that ends with its last program turns away the next one,
+# which is knocking already. It says 2 where it runs.
+flock --close "$folder" wineserver --persistent=10 2>/dev/null || [ $? -eq 2 ]
 exec wine "$@"
