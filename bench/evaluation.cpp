@@ -6,6 +6,7 @@
 #include "core/grid.h"
 #include "final/form6.h"
 #include "store/evaluation_file.h"
+#include "support/menus.h"
 #include "support/use.h"
 
 namespace velmora::bench {
@@ -63,10 +64,8 @@ const std::function<void()>& HandlerOf(const Screen& screen, int button) {
     return screen.FindControl(kNames.at(static_cast<std::size_t>(button - 1)))->events.Click;
 }
 
-void TypeDay(Form5& sheet, int day, const DaySheet& slot) {
-    static constexpr std::array<std::string_view, 3> kEntries = {"introprimero", "introsegundo",
-                                                                 "introtercero"};
-    use::Choose(sheet, kEntries.at(static_cast<std::size_t>(day - 1)));
+void TypeDay(const Form5& sheet, int day, const DaySheet& slot) {
+    use::Choose(sheet, EntryOf(kBeginDay, day));
     for (int row = 0; row < grid::kRows; ++row) {
         for (int column = grid::kFirstSample; column <= grid::kLastSample; ++column) {
             const int cell = row * grid::kColumns + column;

@@ -48,7 +48,7 @@ void PlanWorkedDay(EvaluacionRecord& record);
 /// Fills the record from an evaluation of three days.
 void Restore(const std::string& file, EvaluacionRecord& record);
 
-/// A run that stands on the sheet.
+/// Record and screens, without a window.
 using Core = velmora::Core<Quiet<Host>>;
 
 /// Every button of the sheet, in the order of a day of three tasks: "Command1" to "Command8".
@@ -56,7 +56,7 @@ inline constexpr int kButtons = 8;
 const std::function<void()>& HandlerOf(const Screen& screen, int button);
 
 /// Lays the day out and types its measurements key by key, those that `slot` holds.
-void TypeDay(Form5& sheet, int day, const DaySheet& slot);
+void TypeDay(const Form5& sheet, int day, const DaySheet& slot);
 
 /// The three days of an evaluation and its final table, from a record that holds the plan, with the
 /// measurements of `measured`. Throws std::logic_error unless the record comes to hold what

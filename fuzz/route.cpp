@@ -1,6 +1,7 @@
 #include "fuzz/route.h"
 
 #include "fuzz/check.h"
+#include "support/menus.h"
 
 namespace velmora::fuzz {
 
@@ -110,9 +111,7 @@ std::vector<Start> AllStarts() {
     });
     Add(starts, [](Route& route) {
         GoToSheetOfThreeDays(route);
-        for (const char* const day : {"introprimero", "introsegundo", "introtercero"}) {
-            route.Choose(day).Work(2, 6);
-        }
+        for (const std::string_view day : kBeginDay) route.Choose(day).Work(2, 6);
         route.Choose("resultadosfinales");
     });
     return starts;

@@ -4,6 +4,7 @@
 
 #include "property/record_walk.h"
 #include "property/say.h"
+#include "support/menus.h"
 #include "support/use.h"
 
 namespace velmora::fuzz {
@@ -216,9 +217,8 @@ std::vector<Action> WorkOnForm4(const Deed& deed, const Screen& screen) {
 
 /// A day, and once it is laid out its measurements and all the buttons.
 std::vector<Action> WorkOnForm5(const Deed& deed, const Screen& screen) {
-    constexpr std::array kBegin = {"introprimero"sv, "introsegundo"sv, "introtercero"sv};
     const Control* const first = screen.FindControl("Command1");
-    if (first == nullptr || !use::TakesPress(*first)) return {Entry(At(kBegin, deed.which), 0)};
+    if (first == nullptr || !use::TakesPress(*first)) return {Entry(At(kBeginDay, deed.which), 0)};
 
     std::vector<Action> actions;
     const int samples = 1 + (deed.which + 1) % 6;

@@ -1,9 +1,11 @@
+#include <array>
 #include <string>
 
 #include "expected.h"
 #include "forms/screen.h"
 #include "hurry.h"
 #include "steps.h"
+#include "support/menus.h"
 
 namespace velmora::tour {
 
@@ -15,16 +17,10 @@ constexpr int kFirstSample = 7;   ///< column of C1
 constexpr int kFirstResult = 13;  ///< column of MMP
 constexpr int kResults = 5;       ///< MMP to GSD
 
-struct Day {
-    std::string_view name;
-    std::string_view enter;
-    std::string_view recover;
-};
-constexpr std::array<Day, kDays> kDayNames = {{
-    {"primer día", "introprimero", "recupprimerdia"},
-    {"segundo día", "introsegundo", "recupsegundodia"},
-    {"tercer día", "introtercero", "recuptercerdia"},
-}};
+std::string NameOf(int day) {
+    constexpr std::array kNames = {"primer día", "segundo día", "tercer día"};
+    return kNames.at(static_cast<std::size_t>(day));
+}
 
 std::string CellOf(int row, int column) { return Indexed("Text1", row * kColumns + column); }
 
@@ -78,9 +74,8 @@ void CompareWithSlot(const Road& road, const DaySheet& slot) {
 
 void EvaluateDay(const Road& road, int day) {
     Robot& robot = road.robot;
-    const Day& names = kDayNames.at(static_cast<std::size_t>(day));
-    road.guide.Title("Hoja de cálculo del " + std::string(names.name));
-    robot.Choose("introducirdatos", names.enter);
+    road.guide.Title("Hoja de cálculo del " + NameOf(day));
+    robot.Choose("introducirdatos", EntryOf(kBeginDay, day + 1));
     road.guide.Say("Se escriben las mediciones, sin ratón salvo al empezar cada fila");
     TypeMeasurements(road, day);
     road.guide.Picture(robot, "hoja-mediciones-dia-" + std::to_string(day + 1));
@@ -112,12 +107,9 @@ void CompareWorkedDay(const Road& road) {
 }
 
 void RecoverDay(const Road& road, int day) {
-    const Day& names = kDayNames.at(static_cast<std::size_t>(day));
-    const EvaluacionRecord& record = road.program.record;
-    road.guide.Say("Se recupera el " + std::string(names.name));
-    road.robot.Choose("recuperar", names.recover);
-    const std::array slots = {&record.HojaPrimerDia, &record.HojaSegundoDia, &record.HojaTercerDia};
-    CompareWithSlot(road, *slots.at(static_cast<std::size_t>(day)));
+    road.guide.Say("Se recupera el " + NameOf(day));
+    road.robot.Choose("recuperar", EntryOf(kRecoverDay, day + 1));
+    CompareWithSlot(road, road.program.record.Hoja(day + 1));
     CompareConclusions(road, kConclusions.at(static_cast<std::size_t>(day)));
     road.guide.Picture(road.robot, "hoja-recuperada-dia-" + std::to_string(day + 1));
 }

@@ -17,6 +17,7 @@
 
 #include "core/numbers.h"
 #include "qt/text.h"
+#include "support/menus.h"
 
 namespace velmora::endurance {
 
@@ -31,10 +32,6 @@ const std::array<std::vector<const char*>, 6> kMoves = {{
     {"datosiniciales", "contaminantes", "resultadosfinales", "datosempresa"},
     {"regresar", "calculos", "contaminantes", "datosiniciales", "datosdeempresa"},
 }};
-
-constexpr std::array<const char*, 3> kEnter = {"introprimero", "introsegundo", "introtercero"};
-constexpr std::array<const char*, 3> kRecover = {"recupprimerdia", "recupsegundodia",
-                                                 "recuptercerdia"};
 
 std::string Digits(int n) { return TextoEntero(Entero(n)); }
 
@@ -163,7 +160,7 @@ void User::Evaluate(int kind) {
     EnterAgents(tasks, agents, random);
     Choose("pagina5");
     for (int day = 1; day <= days; ++day) EnterDay(day, tasks, agents, random);
-    for (int day = 0; day < days; ++day) Choose(kRecover.at(static_cast<std::size_t>(day)));
+    for (int day = 1; day <= days; ++day) Choose(EntryOf(kRecoverDay, day));
     Choose("resultadosfinales");
     Press("Command1");
     Choose("guardararchivo");
@@ -208,7 +205,7 @@ void User::EnterAgents(int tasks, const std::vector<int>& agents, Random& random
 }
 
 void User::EnterDay(int day, int tasks, const std::vector<int>& agents, Random& random) {
-    Choose(kEnter.at(static_cast<std::size_t>(day - 1)));
+    Choose(EntryOf(kBeginDay, day));
     for (int task = 0; task < tasks; ++task) {
         for (int row = 0; row < agents.at(static_cast<std::size_t>(task)); ++row) {
             const int first = 18 * (6 * task + row) + 7;

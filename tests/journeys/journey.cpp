@@ -4,20 +4,14 @@
 #include <QPalette>
 
 #include "forms/screen.h"
+#include "support/menus.h"
 #include "support/messages.h"
 
 namespace velmora::journeys {
 
 namespace {
 
-constexpr std::array<const char*, 3> kEnter = {"introprimero", "introsegundo", "introtercero"};
-constexpr std::array<const char*, 3> kRecover = {"recupprimerdia", "recupsegundodia",
-                                                 "recuptercerdia"};
 constexpr int kRows = 18;
-
-const char* Of(const std::array<const char*, 3>& names, int day) {
-    return names.at(static_cast<std::size_t>(day - 1));
-}
 
 std::string CellOf(int row, int column) { return Indexed("Text1", 18 * row + column); }
 
@@ -123,7 +117,7 @@ void Journey::EnterAll() {
 }
 
 void Journey::TypeDay(int day) {
-    robot.Choose("introducirdatos", Of(kEnter, day));
+    robot.Choose("introducirdatos", EntryOf(kBeginDay, day));
     for (int number = 1; number <= 8; ++number) {
         EXPECT_EQ(robot.Visible("Command" + std::to_string(number)), number == 1) << number;
     }
@@ -176,7 +170,7 @@ void Journey::ExpectDay(int day) {
     }
 }
 
-void Journey::RecoverDay(int day) { robot.Choose("recuperar", Of(kRecover, day)); }
+void Journey::RecoverDay(int day) { robot.Choose("recuperar", EntryOf(kRecoverDay, day)); }
 
 void Journey::ShowFinalTable() {
     robot.Choose("continuar", "resultadosfinales");

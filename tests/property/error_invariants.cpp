@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "property/invariant.h"
 #include "property/judging.h"
+#include "support/menus.h"
 
 namespace velmora::property {
 
@@ -153,8 +154,9 @@ bool MustMissAnElement(const Step& s) {
         const int task = static_cast<int>(Value(s.action.text));
         return task <= tasks && record.NumContaminantes(task) > 6;
     }
-    if (s.before.Id() == ScreenId::Form5 && target.starts_with("intro") && !s.Refused()) {
-        const int day = target == "introprimero" ? 1 : target == "introsegundo" ? 2 : 3;
+    const auto* const begun = std::ranges::find(kBeginDay, target);
+    if (s.before.Id() == ScreenId::Form5 && begun != kBeginDay.end() && !s.Refused()) {
+        const int day = 1 + static_cast<int>(begun - kBeginDay.begin());
         bool beyond = tasks >= 1 && SampledRows(record, day, 1) > 6;
         beyond = beyond || (tasks >= 2 && SampledRows(record, day, 2) > 6);
         return beyond || (tasks == 3 && SampledRows(record, day, 3) > 6);

@@ -5,6 +5,7 @@
 
 #include "property/judging.h"
 #include "property/say.h"
+#include "support/menus.h"
 
 namespace velmora::property {
 
@@ -343,21 +344,15 @@ void User::PlanCalculation() {
 
 /// Begins a day, or recovers one; mostly one of the plan that has not been validated.
 void User::PlanDay(const World& world) {
-    static constexpr std::array kBegin = {"introprimero"sv, "introsegundo"sv, "introtercero"sv};
-    static constexpr std::array kRecover = {"recupprimerdia"sv, "recupsegundodia"sv,
-                                            "recuptercerdia"sv};
     const EvaluacionRecord& record = world.Record();
     const int in_plan = record.NumJornadas.Value();
     const int days = in_plan >= 1 && in_plan <= 3 && dice_.Chance(93) ? in_plan : 3;
-    int day = dice_.Below(days);
-    const std::array<const DaySheet*, 3> slots = {&record.HojaPrimerDia, &record.HojaSegundoDia,
-                                                  &record.HojaTercerDia};
-    for (int other = 0; other < days; ++other) {
-        const bool validated = !(*slots.at(static_cast<std::size_t>(other)))(397).empty();
+    int day = 1 + dice_.Below(days);
+    for (int other = 1; other <= days; ++other) {
+        const bool validated = !record.Hoja(other)(397).empty();
         if (!validated && dice_.Chance(50)) day = other;
     }
-    const std::array<std::string_view, 3>& entries = dice_.Chance(25) ? kRecover : kBegin;
-    Choose(std::string(entries.at(static_cast<std::size_t>(day))));
+    Choose(std::string(EntryOf(dice_.Chance(25) ? kRecoverDay : kBeginDay, day)));
 }
 
 void User::PlanForm5(const World& world) {

@@ -18,6 +18,7 @@
 
 #include "report/report.h"
 #include "store/evaluation_file.h"
+#include "support/menus.h"
 #include "support/messages.h"
 #include "support/velmora_test.h"
 
@@ -117,14 +118,8 @@ protected:
         chain.Go(ScreenId::Form5);
         Choose(entry);
     }
-    void NewDay(int day) {
-        constexpr std::array kEntries = {"introprimero", "introsegundo", "introtercero"};
-        OpenDay(kEntries.at(static_cast<std::size_t>(day - 1)));
-    }
-    void RecoverDay(int day) {
-        constexpr std::array kEntries = {"recupprimerdia", "recupsegundodia", "recuptercerdia"};
-        OpenDay(kEntries.at(static_cast<std::size_t>(day - 1)));
-    }
+    void NewDay(int day) { OpenDay(EntryOf(kBeginDay, day)); }
+    void RecoverDay(int day) { OpenDay(EntryOf(kRecoverDay, day)); }
 
     static std::string CellName(int row, int column) {
         return Indexed("Text1", (row - 1) * 18 + column);

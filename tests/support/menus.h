@@ -41,6 +41,15 @@ constexpr std::string_view MenuOf(ScreenId id) {
     return kMenus.at(static_cast<std::size_t>(id) - 1);
 }
 
+/// The sheet's entries that begin a day and that recover one, by the day from 1.
+using DayEntries = std::array<std::string_view, 3>;
+inline constexpr DayEntries kBeginDay = {"introprimero", "introsegundo", "introtercero"};
+inline constexpr DayEntries kRecoverDay = {"recupprimerdia", "recupsegundodia", "recuptercerdia"};
+
+constexpr std::string_view EntryOf(const DayEntries& entries, int day) {
+    return entries.at(static_cast<std::size_t>(day - 1));
+}
+
 /// A menu bar, or a list of one, as it stands in the table.
 inline std::string TextOf(const std::vector<MenuEntry>& menu) {
     std::string text;
