@@ -1,14 +1,17 @@
 #!/usr/bin/env python3
 """Which rooms a source of src can include from: exactly those that its arrows lead to.
 
-Asks the compiler, with each source's own command: arrows_test.py COMPILE_COMMANDS SOURCE_FOLDER
+Asks the compiler, with each source's own command, and the plan in the documents:
+arrows_test.py COMPILE_COMMANDS SOURCE_FOLDER
 """
 
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
 import unittest
+import xml.etree.ElementTree
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "scripts"), str(ROOT / "tests/support")]
@@ -72,6 +75,49 @@ class ArrowsTest(unittest.TestCase):
                 forbidden = compiler.run(f'#include "{header}"\n{text}', "-fsyntax-only")
                 self.assertNotEqual(forbidden.returncode, 0)
                 self.assertRegex(forbidden.stderr, f"{header}.*(No such file|not found)")
+
+
+class PlanTest(unittest.TestCase):
+    """The drawn plan: each room a group of a box and its name, each arrow a path between two."""
+
+    SVG = "{http://www.w3.org/2000/svg}"
+    GAP = 5  # between an arrow's tip and its box, in the plan's units
+
+    def setUp(self):
+        plan = xml.etree.ElementTree.parse(ROOT / "docs/images/architecture.svg")
+        self.boxes = {}
+        for group in plan.iterfind(f"{self.SVG}g"):
+            if (box := group.find(f"{self.SVG}rect")) is not None:
+                self.boxes[group.find(f"{self.SVG}text").text] = [
+                    int(box.get(side)) for side in ("x", "y", "width", "height")]
+        self.arrows = [[int(number) for number in re.findall(r"-?\d+", path.get("d"))]
+                       for path in plan.iterfind(f"{self.SVG}g/{self.SVG}path")]
+
+    def room_at(self, x, y):
+        rooms = [room for room, (left, top, width, height) in self.boxes.items()
+                 if -self.GAP <= x - left <= width + self.GAP
+                 and -self.GAP <= y - top <= height + self.GAP]
+        self.assertEqual(len(rooms), 1, f"{rooms} at {x} {y}")
+        return rooms[0]
+
+    @staticmethod
+    def drawn_room(name):
+        return "app/screens" if name == "app/screens.cpp" else name.split("/")[0]
+
+    def test_it_shows_every_arrow_and_no_other(self):
+        drawn = {(self.room_at(*arrow[:2]), self.room_at(*arrow[-2:])) for arrow in self.arrows}
+        meant = {(self.drawn_room(room), self.drawn_room(target))
+                 for room, targets in ARROWS.items() for target in targets if target != "<Qt>"}
+        # The files of app know each other, and its screens its declarations.
+        meant -= {("app", "app"), ("app/screens", "app")}
+        self.assertEqual(drawn, meant)
+        self.assertEqual(len(drawn), len(self.arrows))
+
+    def test_every_arrow_leads_downward(self):
+        for arrow in self.arrows:
+            heights = arrow[1::2]
+            self.assertEqual(heights, sorted(heights), arrow)
+            self.assertLess(heights[0], heights[-1], arrow)
 
 
 if __name__ == "__main__":
