@@ -228,8 +228,8 @@ void Form3::NumerarFilas() {
     Entero k = 1;
     for (int d = 1; d <= environment_.record.NumJornadas.Value(); ++d) {
         for (int t = 1; t <= environment_.record.NumTareas.Value(); ++t) {
-            Text1(6 * k - 6).Text = TextoEntero(d);
-            Text1(6 * k - 5).Text = TextoEntero(t);
+            Cell(k, kDay).Text = TextoEntero(d);
+            Cell(k, kTask).Text = TextoEntero(t);
             ++k;
         }
     }
@@ -239,8 +239,8 @@ void Form3::FillRows() {
     // A row that was never entered shows zeros, and the count of its task, on purpose: the refresh
     // after an entry leaves such a row empty.
     for (int k = 1; k <= RowsOfPlan().Value(); ++k) {
-        const Entero d = RedondearEntero(LeerValor(Text1(6 * k - 6).Text));
-        const Entero t = RedondearEntero(LeerValor(Text1(6 * k - 5).Text));
+        const Entero d = RedondearEntero(LeerValor(Cell(k, kDay).Text));
+        const Entero t = RedondearEntero(LeerValor(Cell(k, kTask).Text));
         WriteRow(k, d, t);
     }
 }

@@ -46,6 +46,11 @@ public:
     CommonDialog CommonDialog1;
 
 private:
+    /// The columns of the grid.
+    enum GridColumn { kDay, kTask, kHours, kSamples30, kSamples15, kContaminants };
+    /// The cell of row `k`, from 1.
+    TextCell& Cell(Entero k, GridColumn column) { return Text1(6 * k - 6 + column); }
+
     void PlaceControls();
     void PlaceMenu();
 

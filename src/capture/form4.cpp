@@ -70,10 +70,14 @@ constexpr Column kSamplingTime =
      "Tiempo de muestreo, en minutos: 30 o 15.", "Un doble clic, o F2, pone 30; otro, 15."};
 // clang-format on
 
+constexpr int kNumberColumn = 0;
 constexpr int kNameColumn = 1;
 constexpr int kVlaEdColumn = 2;
 constexpr int kVlaEcColumn = 3;
 constexpr int kAdditiveColumn = 4;
+
+/// The cell of row `r`, from 1, in a column of `Text1`.
+constexpr int CellOf(int r, int column) { return 5 * (r - 1) + column; }
 
 constexpr Row HeadingRow(std::string_view name, int index, const Column& column) {
     return {.name = name,
@@ -127,7 +131,7 @@ void Form4::PlaceControls() {
 void Form4::PlaceRow(int r) {
     for (int c = 0; c <= 4; ++c) {
         const Column& column = kColumns(c);
-        const int i = 5 * r - 5 + c;
+        const int i = CellOf(r, c);
         Place(Text1(i), ControlRow("Text1", i, r, column),
               {.KeyPress = [this, i](KeyCode& key) { Text1_KeyPress(i, key); },
                .free_text = c == kNameColumn},
@@ -191,7 +195,7 @@ void Form4::OpenRows(Entero n) {
         Text3(i).Visible = true;
     }
     for (int c = 1; c <= n.Value(); ++c) {
-        TextCell& number = Text1(5 * c - 5);
+        TextCell& number = Text1(CellOf(c, kNumberColumn));
         number.Text = TextoEntero(c);
         number.Locked = true;
     }
@@ -293,10 +297,10 @@ void Form4::StoreRows(Entero n) {
     EvaluacionRecord& record = environment_.record;
     const int t = ConvertirLargo(Combo1.Text);
     for (int r = 1; r <= n.Value(); ++r) {
-        record.NombreContaminante(t, r) = Text1(5 * r - 4).Text;
-        record.VlaEd(t, r) = LeerValor(Text1(5 * r - 3).Text);
-        record.VlaEc(t, r) = LeerValor(Text1(5 * r - 2).Text);
-        record.Aditivo(t, r) = RedondearEntero(LeerValor(Text1(5 * r - 1).Text));
+        record.NombreContaminante(t, r) = Text1(CellOf(r, kNameColumn)).Text;
+        record.VlaEd(t, r) = LeerValor(Text1(CellOf(r, kVlaEdColumn)).Text);
+        record.VlaEc(t, r) = LeerValor(Text1(CellOf(r, kVlaEcColumn)).Text);
+        record.Aditivo(t, r) = RedondearEntero(LeerValor(Text1(CellOf(r, kAdditiveColumn)).Text));
         record.Unidades(t, r) = Combo13(r - 1).Text;
     }
     for (int r = 1; r <= n.Value(); ++r) {
@@ -304,7 +308,8 @@ void Form4::StoreRows(Entero n) {
     }
     // Each task has six rows of the final table, used or not.
     for (int r = 1; r <= n.Value(); ++r) {
-        record.HojaFinal(grid::RowOf(t, r), final_table::kName) = Text1(5 * r - 4).Text;
+        record.HojaFinal(grid::RowOf(t, r), final_table::kName) =
+            Text1(CellOf(r, kNameColumn)).Text;
     }
 }
 
@@ -324,10 +329,10 @@ void Form4::Command3_Click() {
     const int t = ConvertirLargo(Combo1.Text);
     const Entero n = record.NumContaminantes(t);
     for (int r = 1; r <= n.Value(); ++r) {
-        Text1(5 * r - 4).Text = record.NombreContaminante(t, r);
-        Text1(5 * r - 3).Text = TextoDoble(record.VlaEd(t, r));
-        Text1(5 * r - 2).Text = TextoDoble(record.VlaEc(t, r));
-        Text1(5 * r - 1).Text = TextoEntero(record.Aditivo(t, r));
+        Text1(CellOf(r, kNameColumn)).Text = record.NombreContaminante(t, r);
+        Text1(CellOf(r, kVlaEdColumn)).Text = TextoDoble(record.VlaEd(t, r));
+        Text1(CellOf(r, kVlaEcColumn)).Text = TextoDoble(record.VlaEc(t, r));
+        Text1(CellOf(r, kAdditiveColumn)).Text = TextoEntero(record.Aditivo(t, r));
         Combo13(r - 1).Text = record.Unidades(t, r);
     }
     for (int r = 1; r <= n.Value(); ++r) {

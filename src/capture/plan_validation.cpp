@@ -67,10 +67,10 @@ void Form3::RefrescarRejilla() {
 /// Writes hours, samples and contaminants of day `d` and task `t` into row `k`, counted from 1.
 void Form3::WriteRow(Entero k, Entero d, Entero t) {
     const EvaluacionRecord& record = environment_.record;
-    Text1(6 * k - 4).Text = TextoDoble(record.TiempoExposicion(d, t));
-    Text1(6 * k - 3).Text = TextoEntero(record.Muestras30(d, t));
-    Text1(6 * k - 2).Text = TextoEntero(record.Muestras15(d, t));
-    Text1(6 * k - 1).Text = TextoEntero(record.NumContaminantes(t));
+    Cell(k, kHours).Text = TextoDoble(record.TiempoExposicion(d, t));
+    Cell(k, kSamples30).Text = TextoEntero(record.Muestras30(d, t));
+    Cell(k, kSamples15).Text = TextoEntero(record.Muestras15(d, t));
+    Cell(k, kContaminants).Text = TextoEntero(record.NumContaminantes(t));
 }
 
 }  // namespace velmora
