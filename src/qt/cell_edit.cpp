@@ -43,7 +43,8 @@ void CellEdit::ShowBeginning() {
 }
 
 void CellEdit::TakeCaretBack() {
-    if (caret_ && !hasSelectedText()) setCursorPosition(*caret_);
+    // Elsewhere than at the beginning it has been put since, by a screen reader.
+    if (caret_ && !hasSelectedText() && cursorPosition() == 0) setCursorPosition(*caret_);
     caret_.reset();
 }
 

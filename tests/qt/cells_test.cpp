@@ -528,6 +528,17 @@ TEST_F(CellTest, ALongTextGoesOnWhereItsCaretWasWhenTheFocusComesBack) {
     EXPECT_EQ(robot.Text("Text1(4)"), std::string(199, 'm') + "xm");
 }
 
+TEST_F(CellTest, ALongTextTakesAKeyWhereAScreenReaderPutTheCaret) {
+    Open(ScreenId::Form2);
+    robot.Type("Text1(4)", std::string(200, 'm'));
+    Edit("Text1(3)").setFocus();
+    Edit("Text1(4)").grab();
+    Edit("Text1(4)").setFocus();
+    QAccessible::queryAccessibleInterface(&Edit("Text1(4)"))->textInterface()->setCursorPosition(7);
+    robot.Type("x");
+    EXPECT_EQ(robot.Text("Text1(4)").find('x'), 7U);
+}
+
 TEST_F(CellTest, ALongTextTakesAKeyAtItsCaretEvenWithoutTheFocus) {
     Open(ScreenId::Form2);
     window.Run([this] { Current<Form2>().Text1(4).Text = std::string(200, 'm'); });
