@@ -368,44 +368,74 @@ QString pressBySpace(const QString& name) {
     return trouble;
 }
 
+QString click(const QString& name) {
+    auto* button = control<QPushButton>(name);
+    return button == nullptr ? refused("no button", name) : clickButton(button);
+}
+
+QString copy(const QString& copied) {
+    QApplication::clipboard()->setText(copied);
+    return {};
+}
+
+using Deed = std::function<QString(const QJsonArray& action)>;
+
+Deed named(QString (*deed)(const QString&)) {
+    return [deed](const QJsonArray& action) { return deed(action.at(1).toString()); };
+}
+
+Deed withText(QString (*deed)(const QString&, const QString&)) {
+    return [deed](const QJsonArray& action) {
+        return deed(action.at(1).toString(), action.at(2).toString());
+    };
+}
+
+Deed withKeys(QString (*deed)(const QString&, const QJsonArray&)) {
+    return [deed](const QJsonArray& action) {
+        return deed(action.at(1).toString(), action.at(2).toArray());
+    };
+}
+
+/// What an action's first word does.
+const QHash<QString, Deed>& deeds() {
+    static const QHash<QString, Deed> all = {
+        {text("click"), named(click)},
+        {text("space"), named(pressBySpace)},
+        {text("reader"), named(pressAsReader)},
+        {text("menu"), named(menu)},
+        {text("menumouse"), withText(menuByMouse)},
+        {text("context"), withText(contextEntry)},
+        {text("drop"), withText(drop)},
+        {text("clip"), named(copy)},
+        {text("type"), withKeys(type)},
+        {text("im"), withText(commit)},
+        {text("listkeys"), withKeys(keysInList)},
+        {text("pick"),
+         [](const QJsonArray& action) {
+             return pick(action.at(1).toString(), action.at(2).toInt(), action.at(3).toString());
+         }},
+        {text("wheel"), named(wheel)},
+        {text("double"), named(doubleClick)},
+        {text("answer"), named(answerBox)},
+        {text("file"), withText(answerFile)},
+        {text("print"), named(answerPrint)},
+        {text("close"),
+         [](const QJsonArray&) {
+             mainWindow()->close();
+             return QString();
+         }},
+    };
+    return all;
+}
+
 }  // namespace
 
 QString perform(const QJsonArray& action) {
     if (action.isEmpty()) return {};
     if (action.at(0) == QLatin1String("burst")) return performAll(action);
     if (mainWindow() == nullptr) return text("no window");
-    const QString verb = action.at(0).toString();
-    const QString name = action.at(1).toString();
-    const QString more = action.at(2).toString();
-    if (verb == QLatin1String("click")) {
-        auto* button = control<QPushButton>(name);
-        return button == nullptr ? refused("no button", name) : clickButton(button);
-    }
-    if (verb == QLatin1String("menu")) return menu(name);
-    if (verb == QLatin1String("menumouse")) return menuByMouse(name, more);
-    if (verb == QLatin1String("reader")) return pressAsReader(name);
-    if (verb == QLatin1String("space")) return pressBySpace(name);
-    if (verb == QLatin1String("context")) return contextEntry(name, more);
-    if (verb == QLatin1String("drop")) return drop(name, more);
-    if (verb == QLatin1String("close")) {
-        mainWindow()->close();
-        return {};
-    }
-    if (verb == QLatin1String("type")) return type(name, action.at(2).toArray());
-    if (verb == QLatin1String("im")) return commit(name, more);
-    if (verb == QLatin1String("listkeys")) return keysInList(name, action.at(2).toArray());
-    if (verb == QLatin1String("pick"))
-        return pick(name, action.at(2).toInt(), action.at(3).toString());
-    if (verb == QLatin1String("wheel")) return wheel(name);
-    if (verb == QLatin1String("double")) return doubleClick(name);
-    if (verb == QLatin1String("clip")) {
-        QApplication::clipboard()->setText(name);
-        return {};
-    }
-    if (verb == QLatin1String("answer")) return answerBox(name);
-    if (verb == QLatin1String("file")) return answerFile(name, more);
-    if (verb == QLatin1String("print")) return answerPrint(name);
-    return refused("no such action:", verb);
+    const Deed deed = deeds().value(action.at(0).toString());
+    return deed ? deed(action) : refused("no such action:", action.at(0).toString());
 }
 
 }  // namespace lockstep
