@@ -331,9 +331,10 @@ TEST_F(FocusTest, TheFrameOfAnUpperRowIsWholeAndAllElseStaysAsItWasLaidOut) {
 TEST_F(FocusTest, WalkingThroughTheCellsKeepsTheOrderThatAScreenReaderTells) {
     OpenSheet(1, 1, 2);
     const auto told = [this] {
-        std::vector<std::string> names;
         const QAccessibleInterface* const canvas =
             QAccessible::queryAccessibleInterface(window.centralWidget());
+        std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(canvas->childCount()));
         for (int i = 0; i < canvas->childCount(); ++i) {
             names.push_back(canvas->child(i)->object()->objectName().toStdString());
         }

@@ -413,7 +413,7 @@ int WidthOfInk(QLabel& label) {
 
 TEST_F(GrowingThings, TheLettersOfTheScreenThatIsShownGrow) {
     const Twice ink = Measure([&] { return WidthOfInk(robot.Find<QLabel>("Label4")); });
-    EXPECT_NEAR(ink.twice, 2 * ink.once, ink.once / 10);
+    EXPECT_NEAR(ink.twice, 2 * ink.once, ink.once / 10.0);
 }
 
 TEST_F(GrowthTest, LabelsAreShownInTheFaceThatTheyAskForOrItsStandIn) {

@@ -81,7 +81,7 @@ std::function<void(MessageTest&)> At(ScreenId id) {
     return [id](MessageTest& test) { test.Open(id); };
 }
 
-std::function<void(Robot&)> Choosing(std::string title, std::string entry = {}) {
+std::function<void(Robot&)> Choosing(const std::string& title, const std::string& entry = {}) {
     return [=](Robot& robot) {
         if (entry.empty())
             robot.Choose(title);
@@ -90,11 +90,11 @@ std::function<void(Robot&)> Choosing(std::string title, std::string entry = {}) 
     };
 }
 
-std::function<void(Robot&)> Pressing(std::string button) {
+std::function<void(Robot&)> Pressing(const std::string& button) {
     return [=](Robot& robot) { robot.Press(button); };
 }
 
-std::function<void(Robot&)> Picking(std::string list, std::string item) {
+std::function<void(Robot&)> Picking(const std::string& list, const std::string& item) {
     return [=](Robot& robot) { robot.Pick(list, item); };
 }
 
@@ -155,7 +155,7 @@ std::vector<Message> MessagesOfForm3() {
 }
 
 std::vector<Message> MessagesOfForm4() {
-    const auto rows = [](std::function<void(MessageTest&)> change) {
+    const auto rows = [](const std::function<void(MessageTest&)>& change) {
         return [=](MessageTest& test) { test.OpenStoredRows(); change(test); };
     };
     const auto above = [](MessageTest& test) { test.OpenWithTaskAbove(); };
@@ -186,7 +186,7 @@ std::vector<Message> MessagesOfForm4() {
 
 std::vector<Message> MessagesOfForm5() {
     const auto one_day = [](MessageTest& test) { test.SetPlan(1, 1, 1); test.Open(ScreenId::Form5); };
-    const auto at = [](int tasks, std::function<void(MessageTest&)> change) {
+    const auto at = [](int tasks, const std::function<void(MessageTest&)>& change) {
         return [=](MessageTest& test) { test.OpenSheetAtLastTask(tasks); change(test); };
     };
     return {

@@ -22,10 +22,10 @@ namespace {
 
 /// A colour number as the toolkit's: low byte red; the two system colours are those of the window.
 QColor Seen(Color color) {
-    if (color == kWindowBackground) return QColor(255, 255, 255);
-    if (color == kWindowText) return QColor(0x14, 0x1e, 0x2d);
-    return QColor(static_cast<int>(color & 0xFFU), static_cast<int>(color >> 8U & 0xFFU),
-                  static_cast<int>(color >> 16U & 0xFFU));
+    if (color == kWindowBackground) return {255, 255, 255};
+    if (color == kWindowText) return {0x14, 0x1e, 0x2d};
+    return {static_cast<int>(color & 0xFFU), static_cast<int>(color >> 8U & 0xFFU),
+            static_cast<int>(color >> 16U & 0xFFU)};
 }
 
 class ScreenOnWindowTest : public EachScreenTest {
