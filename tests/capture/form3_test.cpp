@@ -1022,6 +1022,13 @@ TEST_P(Form3WayTest, AZeroForTheLastPairMakesItAskThoughAllOthersAreSet) {
     ExpectAsksAndStaysOnNo();
 }
 
+TEST_P(Form3WayTest, AZeroForTheOnlyPairMakesItAsk) {
+    record.NumJornadas = 1;
+    record.NumTareas = 1;
+    OpenForm3();  // shows the pair as a row of zeros: no cell is empty
+    ExpectAsksAndStaysOnNo();
+}
+
 TEST_P(Form3WayTest, AReopenedPlanMakesItAskSinceItsCellsAreEmpty) {
     record.NumJornadas = 1;
     record.NumTareas = 1;
