@@ -26,6 +26,8 @@
 #include <QWindow>
 
 #include <functional>
+#include <tuple>
+#include <type_traits>
 
 namespace lockstep {
 
@@ -378,52 +380,50 @@ QString copy(const QString& copied) {
     return {};
 }
 
+QString close() {
+    mainWindow()->close();
+    return {};
+}
+
 using Deed = std::function<QString(const QJsonArray& action)>;
 
-Deed named(QString (*deed)(const QString&)) {
-    return [deed](const QJsonArray& action) { return deed(action.at(1).toString()); };
-}
+void read(QString& word, const QJsonValue& from) { word = from.toString(); }
+void read(int& word, const QJsonValue& from) { word = from.toInt(); }
+void read(QJsonArray& word, const QJsonValue& from) { word = from.toArray(); }
 
-Deed withText(QString (*deed)(const QString&, const QString&)) {
+/// With an action's further words as its arguments.
+template <typename... Arguments>
+Deed with(QString (*deed)(Arguments...)) {
     return [deed](const QJsonArray& action) {
-        return deed(action.at(1).toString(), action.at(2).toString());
-    };
-}
-
-Deed withKeys(QString (*deed)(const QString&, const QJsonArray&)) {
-    return [deed](const QJsonArray& action) {
-        return deed(action.at(1).toString(), action.at(2).toArray());
+        std::tuple<std::decay_t<Arguments>...> words;
+        int place = 0;
+        const auto readAll = [&](auto&... word) { (read(word, action.at(++place)), ...); };
+        std::apply(readAll, words);
+        return std::apply(deed, words);
     };
 }
 
 /// What an action's first word does.
 const QHash<QString, Deed>& deeds() {
     static const QHash<QString, Deed> all = {
-        {text("click"), named(click)},
-        {text("space"), named(pressBySpace)},
-        {text("reader"), named(pressAsReader)},
-        {text("menu"), named(menu)},
-        {text("menumouse"), withText(menuByMouse)},
-        {text("context"), withText(contextEntry)},
-        {text("drop"), withText(drop)},
-        {text("clip"), named(copy)},
-        {text("type"), withKeys(type)},
-        {text("im"), withText(commit)},
-        {text("listkeys"), withKeys(keysInList)},
-        {text("pick"),
-         [](const QJsonArray& action) {
-             return pick(action.at(1).toString(), action.at(2).toInt(), action.at(3).toString());
-         }},
-        {text("wheel"), named(wheel)},
-        {text("double"), named(doubleClick)},
-        {text("answer"), named(answerBox)},
-        {text("file"), withText(answerFile)},
-        {text("print"), named(answerPrint)},
-        {text("close"),
-         [](const QJsonArray&) {
-             mainWindow()->close();
-             return QString();
-         }},
+        {text("click"), with(click)},
+        {text("space"), with(pressBySpace)},
+        {text("reader"), with(pressAsReader)},
+        {text("menu"), with(menu)},
+        {text("menumouse"), with(menuByMouse)},
+        {text("context"), with(contextEntry)},
+        {text("drop"), with(drop)},
+        {text("clip"), with(copy)},
+        {text("type"), with(type)},
+        {text("im"), with(commit)},
+        {text("listkeys"), with(keysInList)},
+        {text("pick"), with(pick)},
+        {text("wheel"), with(wheel)},
+        {text("double"), with(doubleClick)},
+        {text("answer"), with(answerBox)},
+        {text("file"), with(answerFile)},
+        {text("print"), with(answerPrint)},
+        {text("close"), with(close)},
     };
     return all;
 }
