@@ -29,7 +29,8 @@ public:
     void Run();
 
 private:
-    using Group = std::vector<int>;  ///< its members, by their place in the task
+    using Group = std::vector<int>;        ///< its members, by their place in the task
+    using Matrix = Array<Muestras, 1, 7>;  ///< 1 to 6 by the member's place, 7 the sums
 
     int RowOf(int contaminant) const { return grid::RowOf(task_, contaminant); }
     Doble Value(int contaminant, int column) const {
@@ -50,7 +51,8 @@ private:
     Doble LimitOf(int contaminant, const Doble& ec) const;
     void JudgeAlone(int contaminant, const Doble& ec);
     void SetMixtureLimit(const Group& group);
-    Muestras CommonSums(const Group& group) const;
+    Matrix SamplesOf(const Group& group) const;
+    static void SumCommonSamples(Matrix& samples, std::size_t members);
     void NoteMixture(const Group& group);
     void SetProbabilities();
 
@@ -88,10 +90,7 @@ void Form5::ShortExposure::Run() {
         if (group.size() == 1) JudgeAlone(group.front(), Value(group.front(), grid::kEc));
     }
     for (int k = 1; k <= kLastGroup; ++k) SetMixtureLimit(GroupOf(k));
-    for (int k = 1; k <= kLastGroup; ++k) {
-        const Group group = GroupOf(k);
-        if (group.size() >= 2) NoteMixture(group);
-    }
+    for (int k = 1; k <= kLastGroup; ++k) NoteMixture(GroupOf(k));
     SetProbabilities();
     sheet_.OpenAfter(task_, differences_.next, sheet_.Command8);
     if (record_.NumTareas == task_) sheet_.SetConclusionsVisible(true);
@@ -138,13 +137,17 @@ void Form5::ShortExposure::SetMixtureLimit(const Group& group) {
     sheet_.Text3(RedondearEntero(cell)).Text = TextoDoble(S / W);
 }
 
-/// The sums of the members' samples. A sample counts only if every member has it, and the first
-/// that one lacks ends the series.
-Muestras Form5::ShortExposure::CommonSums(const Group& group) const {
-    Array<Muestras, 1, 7> samples;  // 1 to 6 by the member's place, 7 the sums
+Form5::ShortExposure::Matrix Form5::ShortExposure::SamplesOf(const Group& group) const {
+    Matrix samples;
     for (const int i : group) {
         for (int m = 1; m <= 6; ++m) samples(i, m) = Value(i, grid::kFirstSample + m - 1);
     }
+    return samples;
+}
+
+/// Sums the members' samples. A sample counts only if every member has it, and the first that one
+/// lacks ends the series.
+void Form5::ShortExposure::SumCommonSamples(Matrix& samples, std::size_t members) {
     Muestras& sums = samples(7);
     for (int m = 1; m <= 6; ++m) {
         std::size_t having = 0;
@@ -153,17 +156,21 @@ Muestras Form5::ShortExposure::CommonSums(const Group& group) const {
             sums(m) += samples(i, m);
             ++having;
         }
-        if (having < group.size()) {
+        if (having < members) {
             sums(m) = 0;
             break;
         }
     }
-    return sums;
 }
 
-/// MG+ and GSD+, on the row that the first member's number names.
+/// MG+ and GSD+ of a group of two or more, on the row that the first member's number names.
 void Form5::ShortExposure::NoteMixture(const Group& group) {
-    const LogNormal series(CommonSums(group));
+    // Read before the group is counted: one sample that can't be read ends the program in a group
+    // of one, too, as meant.
+    Matrix samples = SamplesOf(group);
+    if (group.size() < 2) return;
+    SumCommonSamples(samples, group.size());
+    const LogNormal series(samples(7));
     // The mean is noted before the deviation is tried: a series of one sample ends the program
     // between the two, as meant.
     const Doble mg = series.GeometricMean();

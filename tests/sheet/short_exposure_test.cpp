@@ -673,6 +673,14 @@ TEST_P(ExposureErrorTest, AGroupWithOneCommonSampleEndsTheProgramWithItsMeanStor
     EXPECT_THAT(Right(Row(3)), ElementsAre("10", "1", "2", "")) << "no later pass runs";
 }
 
+TEST_P(ExposureErrorTest, ASampleBeyondAllNumbersEndsTheProgramInAGroupOfOneToo) {
+    SetContaminants(1);
+    Set(Row(1), {.group = "4", .ec = "25", .mg = "2.5", .gsd = "1.7"});
+    SetSamples(Row(1), {"1", "2", "1E400"});
+    ExpectEnd(ErrorKind::Overflow);
+    EXPECT_THAT(Right(Row(1)), ElementsAre("25", "2.5", "1.7", "")) << "no later pass runs";
+}
+
 TEST_P(ExposureErrorTest, AFirstMemberWhoseNumberIsNotOneToSixIsASubscriptError) {
     for (const std::string_view number : {"", "0", "7", "x", "-1"}) {
         SetContaminants(2);
@@ -724,6 +732,14 @@ TEST_F(ShortExposureTest, AnEighthMemberOfAGroupDoesNotFitItsMatrix) {
     Set(8, kOfLimit20);
     ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
     EXPECT_EQ(Cell3(1, kEcPlus).Text, "14.2857142857143");
+}
+
+TEST_F(ShortExposureTest, AnEighthContaminantAloneInItsGroupDoesNotFitTheMatrixEither) {
+    record.NumContaminantes(1) = 8;
+    for (int row = 1; row <= 7; ++row) Set(row, {.group = "9"});
+    Set(8, {.group = "1", .ec = "25", .mmp = "2.", .mg = "2.5", .gsd = "1.7"});
+    ExpectError(ErrorKind::SubscriptOutOfRange, [&] { form.Command5_Click(); });
+    EXPECT_THAT(Right(8), ElementsAre("25", "2.5", "1.7", ""));
 }
 
 TEST_F(ShortExposureTest, Command5_TheFactorMissesTheLimitCellOfARowBeyondItsTask) {
