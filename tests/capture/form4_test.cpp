@@ -191,6 +191,7 @@ TEST_F(Form4Test, TheTabKeyRunsDownTheColumns) {
         if (control.row.tab != kNoTab) by_tab[control.row.tab] = control.name;
     }
     std::vector<std::string> order;
+    order.reserve(by_tab.size());
     for (const auto& [tab, name] : by_tab) order.push_back(name);
     std::vector<std::string> expected;
     for (int r = 1; r <= 6; ++r) expected.push_back(Indexed("Combo13", r - 1));
@@ -457,6 +458,7 @@ TEST_F(Form4Test, Command1_WithAnyOneCellEmptyIsRefusedBeforeTheFirstStore) {
     FillRow(2, "Xileno", "50", "100", "1", "ppm");
     auto& form = Current<Form4>();
     std::vector<std::string*> texts;
+    texts.reserve(12);
     for (int i = 0; i < 10; ++i) texts.push_back(&form.Text1(i).Text);
     for (int i = 0; i < 2; ++i) texts.push_back(&form.Text3(i).Text);
     for (int i = 0; i < 2; ++i) texts.push_back(&form.Combo13(i).Text);

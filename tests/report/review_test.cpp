@@ -100,6 +100,7 @@ protected:
     Report OneDay(const std::vector<TypedAgent>& agents, const std::vector<Samples>& samples) {
         PlanOneTask(1, agents);
         std::vector<std::pair<int, Samples>> rows;
+        rows.reserve(samples.size());
         int row = 1;
         for (const Samples& of_row : samples) rows.emplace_back(row++, of_row);
         WorkDay(1, rows);

@@ -181,7 +181,7 @@ protected:
     }
 
     std::string File(std::string_view bytes) const {
-        const std::string path = Path("datos.doc");
+        std::string path = Path("datos.doc");
         fs::remove(PathOf(path));  // a new file is quicker than one that is cut and filled again
         std::ofstream(PathOf(path), std::ios::binary) << bytes;
         return path;
