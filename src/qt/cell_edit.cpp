@@ -34,6 +34,16 @@ void CellEdit::Show(const QString& text) {
     caret_.reset();
 }
 
+void CellEdit::SetLocked(bool locked) {
+    locked_ = locked;
+    if (isVisible()) setReadOnly(locked);
+}
+
+void CellEdit::showEvent(QShowEvent* event) {
+    setReadOnly(locked_);
+    QLineEdit::showEvent(event);
+}
+
 void CellEdit::LiftLimit() { setMaxLength(std::numeric_limits<int>::max()); }
 
 void CellEdit::ShowBeginning() {
@@ -90,7 +100,7 @@ QColor CellEdit::FrameColor() const {
 
 void CellEdit::TextHasChanged(const QString& text) {
     if (text == shown_) return;
-    const bool by_right = !isReadOnly() && (entry_ == Entry::Free || key_passed_);
+    const bool by_right = !locked_ && (entry_ == Entry::Free || key_passed_);
     if (!by_right) {
         setText(shown_);
         return;

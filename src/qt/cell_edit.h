@@ -15,7 +15,7 @@ namespace velmora {
 /// pasting, dropping, the context menu, input methods and undo change nothing.
 class CellEdit : public TextLine {
     Q_OBJECT
-    Q_PROPERTY(bool Locked READ isReadOnly)
+    Q_PROPERTY(bool Locked READ IsLocked)
 
 public:
     enum class Entry {
@@ -31,6 +31,12 @@ public:
     /// Sets what the cell shows, the caret at its end. Of a text too long for the cell the
     /// beginning and "…" are what is seen until a key is pressed or a click goes into the text.
     void Show(const QString& text);
+
+    /// Makes the cell show its text and take no typing. The toolkit, which answers with an event
+    /// and an update, is told once the cell is seen: most of a large screen's are hidden as it
+    /// opens.
+    void SetLocked(bool locked);
+    bool IsLocked() const { return locked_; }
 
     /// Whether the cell is marked beyond its colour: by a frame, and to a screen reader.
     void SetMarked(bool marked);
@@ -58,6 +64,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -84,6 +91,7 @@ private:
     /// Where the caret stood, while the cell shows the beginning of a text that it can't show
     /// whole.
     std::optional<int> caret_;
+    bool locked_ = false;
     bool in_table_ = false;
     bool marked_ = false;
     bool refused_ = false;  ///< the last key, and the cell hasn't been left since

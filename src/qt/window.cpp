@@ -100,7 +100,7 @@ void Update(QPushButton& widget, const Button& before, const Button& now) {
 }
 
 void Update(CellEdit& widget, const TextCell& before, const TextCell& now, const Look& look) {
-    if (now.Locked != before.Locked) widget.setReadOnly(now.Locked);
+    if (now.Locked != before.Locked) widget.SetLocked(now.Locked);
     if (now.Text != before.Text) widget.Show(ToQt(now.Text));
     if (now.BackColor != before.BackColor || now.ForeColor != before.ForeColor) {
         const bool as_laid_out = now.BackColor == kWindowBackground;

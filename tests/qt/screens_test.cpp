@@ -49,7 +49,7 @@ protected:
         EXPECT_EQ(edit->text().toStdString(), cell->Text);
         EXPECT_EQ(edit->isVisible(), cell->Visible);
         EXPECT_EQ(edit->property("Locked"), QVariant(cell->Locked));
-        EXPECT_EQ(edit->isReadOnly(), cell->Locked);
+        EXPECT_TRUE(edit->isHidden() || edit->isReadOnly() == cell->Locked);
         EXPECT_TRUE(edit->isEnabled());
         const Color fore = cell->ForeColor == kWindowText ? row.look.fore : cell->ForeColor;
         EXPECT_EQ(edit->palette().color(QPalette::Text), Seen(fore));
@@ -109,6 +109,18 @@ TEST_P(ScreenOnWindowTest, EachControlIsShownAsTheScreenOpens) { ExpectAllShown(
 TEST_P(ScreenOnWindowTest, EachControlIsShownWithEverythingVisibleAndOpen) {
     ShowAll();
     ExpectAllShown();
+}
+
+TEST_P(ScreenOnWindowTest, EachCellIsLockedAndOpenedAgainWhereItIsSeen) {
+    for (const bool locked : {true, false, true}) {
+        window.Run([&] {
+            for (const Control& control : Shown().Controls()) {
+                auto* const cell = std::get_if<TextCell*>(&control.state);
+                if (cell != nullptr) (*cell)->Visible = true, (*cell)->Locked = locked;
+            }
+        });
+        ExpectAllShown();
+    }
 }
 
 TEST_P(ScreenOnWindowTest, EachControlFollowsEveryOfItsProperties) {
