@@ -17,7 +17,8 @@
 
 namespace velmora {
 
-CellEdit::CellEdit(Entry entry, QWidget* parent) : TextLine(parent), entry_(entry) {
+CellEdit::CellEdit(Entry entry, CellSignals& told, QWidget* parent)
+    : TextLine(parent), entry_(entry), told_(told) {
     InstallAccessibleTexts();
     if (entry_ == Entry::Filtered)
         setAcceptDrops(false);
@@ -77,7 +78,7 @@ void CellEdit::ShowRefusal() {
     Describe();
     flash_.start(kFlash, this);
     update();
-    Q_EMIT Refused();
+    Q_EMIT told_.Refused();
 }
 
 void CellEdit::TakeRefusalBack() {
@@ -114,7 +115,7 @@ void CellEdit::TextHasChanged(const QString& text) {
     }
     shown_ = line;
     if (line != text) setText(line);
-    Q_EMIT Typed(line);
+    Q_EMIT told_.Typed(*this, line);
 }
 
 bool CellEdit::event(QEvent* event) {
@@ -128,7 +129,7 @@ bool CellEdit::event(QEvent* event) {
 void CellEdit::keyPressEvent(QKeyEvent* event) {
     TakeCaretBack();
     if (event->key() == Qt::Key_F2) {
-        Q_EMIT DoubleClicked();
+        Q_EMIT told_.DoubleClicked(*this);
         return;
     }
     const std::optional<KeyCode> character = CharacterOf(*event);
@@ -137,7 +138,7 @@ void CellEdit::keyPressEvent(QKeyEvent* event) {
         return;
     }
     bool passes = entry_ == Entry::Free || !character;
-    if (character) Q_EMIT KeyPressed(*character, passes);
+    if (character) Q_EMIT told_.KeyPressed(*this, *character, passes);
     if (IsEnter(*event)) {
         focusNextChild();  // no part of the cell: it goes on whatever the filter says
         return;
@@ -171,7 +172,7 @@ void CellEdit::mouseReleaseEvent(QMouseEvent* event) {
 
 void CellEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     QLineEdit::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton) Q_EMIT DoubleClicked();
+    if (event->button() == Qt::LeftButton) Q_EMIT told_.DoubleClicked(*this);
 }
 
 void CellEdit::contextMenuEvent(QContextMenuEvent* event) {
@@ -179,7 +180,7 @@ void CellEdit::contextMenuEvent(QContextMenuEvent* event) {
         entry_ == Entry::Free ? createStandardContextMenu() : MakeMenuOfFilteredCell();
     if (in_table_) {
         menu->addSeparator();
-        menu->addAction(tr("Copiar toda la tabla"), this, &CellEdit::TableWanted);
+        menu->addAction(tr("Copiar toda la tabla"), &told_, &CellSignals::TableWanted);
     }
     // Not run in a loop of its own: the cell may be left, and gone, while its menu is open.
     menu->setAttribute(Qt::WA_DeleteOnClose);

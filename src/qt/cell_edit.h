@@ -11,6 +11,30 @@ class QMenu;
 
 namespace velmora {
 
+class CellEdit;
+
+/// What the cells of a screen tell: one object for all of them, since signals of each cell's own
+/// would be hundreds of connections at every move to the sheet.
+class CellSignals : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+Q_SIGNALS:
+    /// A character key, before it reaches the cell; its filter says whether it may. With nobody to
+    /// say, a free cell takes the key and a filtered one refuses it.
+    void KeyPressed(const CellEdit& cell, KeyCode key, bool& passes);
+    /// A text that the user gave the cell.
+    void Typed(const CellEdit& cell, const QString& text);
+    /// A double click, or F2, which does the same from the keyboard.
+    void DoubleClicked(const CellEdit& cell);
+    /// A key was refused. Enter never is: it goes on all the same.
+    void Refused();
+    /// The whole table that a cell is part of is to be copied.
+    void TableWanted();
+};
+
 /// A text cell on the window. With a key filter and no free text, the filter is the only way in:
 /// pasting, dropping, the context menu, input methods and undo change nothing.
 class CellEdit : public TextLine {
@@ -23,7 +47,8 @@ public:
         Filtered,  ///< text comes in by the keys that the filter lets pass
     };
 
-    CellEdit(Entry entry, QWidget* parent);
+    /// `told` is to be there for as long as the cell is used.
+    CellEdit(Entry entry, CellSignals& told, QWidget* parent);
 
     /// How long a refused key shows in the cell's frame, in milliseconds.
     static constexpr int kFlash = 400;
@@ -48,19 +73,6 @@ public:
     QColor FrameColor() const;
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
-
-Q_SIGNALS:
-    /// A character key, before it reaches the cell; its filter says whether it may. With nobody to
-    /// say, a free cell takes the key and a filtered one refuses it.
-    void KeyPressed(KeyCode key, bool& passes);
-    /// A text that the user gave the cell.
-    void Typed(const QString& text);
-    /// A double click, or F2, which does the same from the keyboard.
-    void DoubleClicked();
-    /// A key was refused. Enter never is: it goes on all the same.
-    void Refused();
-    /// The whole table that the cell is part of is to be copied.
-    void TableWanted();
 
 protected:
     bool event(QEvent* event) override;
@@ -87,6 +99,7 @@ private:
     void TextHasChanged(const QString& text);
 
     Entry entry_;
+    CellSignals& told_;
     QString shown_;  ///< what stands in the cell by right
     /// Where the caret stood, while the cell shows the beginning of a text that it can't show
     /// whole.

@@ -214,6 +214,7 @@ void Window::BuildScreen() {
         left->deleteLater();
     }
     canvas_ = new Canvas(*screen_, left != nullptr ? left->size() : QSize(), this);
+    ListenToCells();
     shown_.clear();
     shown_.reserve(screen_->Controls().size());
     clock_ = nullptr;
@@ -286,7 +287,7 @@ void Window::keyPressEvent(QKeyEvent* event) {
 QWidget* Window::MakeWidget(Shown& shown) {
     const Control& control = *shown.control;
     const Row& row = control.row;
-    if (std::holds_alternative<TextCell*>(control.state)) return MakeCell(shown);
+    if (std::holds_alternative<TextCell*>(control.state)) return MakeCell(control);
     if (std::holds_alternative<ComboBox*>(control.state)) return MakeList(shown);
     if (std::holds_alternative<Button*>(control.state)) {
         auto* const button = new QPushButton(canvas_);
@@ -312,35 +313,43 @@ QWidget* Window::MakeWidget(Shown& shown) {
     return new Splash(ToQt(std::get<Picture>(control.state).drawing), canvas_);
 }
 
-QWidget* Window::MakeCell(Shown& shown) {
-    const Control& control = *shown.control;
+void Window::ListenToCells() {
+    cells_ = new CellSignals(canvas_);
+    Bind(*cells_, &CellSignals::KeyPressed,
+         [this](const CellEdit& cell, KeyCode key, bool& passes) {
+             const Control& control = *ShownBy(cell).control;
+             if (control.events.KeyPress) Filter(control, key, passes);
+         });
+    Bind(*cells_, &CellSignals::Typed, [this](const CellEdit& cell, const QString& text) {
+        Shown& shown = ShownBy(cell);
+        auto& state = *std::get<TextCell*>(shown.control->state);
+        state.Text = text.toStdString();
+        std::get<TextCell>(shown.state).Text = state.Text;
+    });
+    Bind(*cells_, &CellSignals::DoubleClicked, [this](const CellEdit& cell) {
+        const Events& events = ShownBy(cell).control->events;
+        if (events.DblClick) Run(events.DblClick);
+    });
+    Bind(*cells_, &CellSignals::Refused, [this] { host_.Beep(); });
+    Bind(*cells_, &CellSignals::TableWanted, [this] { CopyTable(); });
+}
+
+Window::Shown& Window::ShownBy(const QWidget& widget) {
+    return *std::ranges::find(shown_, &widget, &Shown::widget);
+}
+
+QWidget* Window::MakeCell(const Control& control) {
     const Events& events = control.events;
     const bool free = events.free_text || !events.KeyPress;
     auto* const cell =
-        new CellEdit(free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered, canvas_);
+        new CellEdit(free ? CellEdit::Entry::Free : CellEdit::Entry::Filtered, *cells_, canvas_);
     cell->setAlignment(AlignmentOf(control.row.look.align));
     const Look& look = control.row.look;
     if (look.fore != kWindowText || BackOf(look) != kWindowBackground) {
         Paint(*cell, look.fore, BackOf(look));
     }
     if (control.row.tab == kNoTab) cell->setFocusPolicy(Qt::NoFocus);
-    if (events.KeyPress) {
-        Bind(*cell, &CellEdit::KeyPressed,
-             [this, &control](KeyCode key, bool& passes) { Filter(control, key, passes); });
-        Bind(*cell, &CellEdit::Refused, [this] { host_.Beep(); });
-    }
-    Bind(*cell, &CellEdit::Typed, [&shown](const QString& text) {
-        auto& state = *std::get<TextCell*>(shown.control->state);
-        state.Text = text.toStdString();
-        std::get<TextCell>(shown.state).Text = state.Text;
-    });
-    if (events.DblClick) {
-        Bind(*cell, &CellEdit::DoubleClicked, [this, &events] { Run(events.DblClick); });
-    }
-    if (control.row.in_table) {
-        cell->SetInTable();
-        Bind(*cell, &CellEdit::TableWanted, [this] { CopyTable(); });
-    }
+    if (control.row.in_table) cell->SetInTable();
     return cell;
 }
 

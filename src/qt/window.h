@@ -16,6 +16,7 @@ class QPainter;
 namespace velmora {
 
 class Canvas;
+class CellSignals;
 class MenuBar;
 
 /// What the window asks of the host beyond what the logic asks.
@@ -82,7 +83,8 @@ private:
     void BuildMenu();
     void ScaleMenu();
     QWidget* MakeWidget(Shown& shown);
-    QWidget* MakeCell(Shown& shown);
+    void ListenToCells();
+    QWidget* MakeCell(const Control& control);
     QWidget* MakeList(Shown& shown);
     void SetTabOrder();
     void FocusFirst();
@@ -90,6 +92,7 @@ private:
     void FocusRow(int step);
     void CopyTable() const;
     void ShowChange(Shown& shown);
+    Shown& ShownBy(const QWidget& widget);
     void Tick();
     void Filter(const Control& control, KeyCode key, bool& passes);
 
@@ -106,6 +109,7 @@ private:
     /// once when the screen is left, while its widgets, inside an event perhaps, live a little on.
     std::unique_ptr<QObject> bonds_;
     Canvas* canvas_ = nullptr;
+    CellSignals* cells_ = nullptr;
     MenuBar* menu_ = nullptr;
     std::vector<Shown> shown_;
     Shown* clock_ = nullptr;
