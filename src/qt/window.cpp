@@ -199,7 +199,6 @@ void Window::BuildScreen() {
     // A list that stands open would hand its keys on to a menu bar that is gone.
     while (QWidget* const open = QApplication::activePopupWidget()) open->close();
     screen_ = &chain_.Current();
-    setUpdatesEnabled(false);
     setObjectName(ToQt(screen_->Name()));
     setWindowTitle(ToQt(screen_->Caption));
     BuildMenu();
@@ -222,7 +221,9 @@ void Window::BuildScreen() {
     for (const Control& control : screen_->Controls()) AddWidget(control);
     SetTabOrder();
     setCentralWidget(canvas_);
-    setUpdatesEnabled(true);
+    // Left to the toolkit, both would be shown after the first picture and painted once more.
+    menu_->show();
+    canvas_->show();
     FocusFirst();
 }
 

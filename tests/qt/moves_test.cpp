@@ -78,6 +78,24 @@ TEST_F(MoveTest, NoWidgetOfTheScreenLeftIsUnderTheWindowEvenInsideTheMove) {
     });
 }
 
+/// Counts how often a widget is painted.
+class Paintings : public QObject {
+public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST_F(MoveTest, TheNewScreenIsPaintedOnce) {
+    Paintings paintings;
+    window.Run([this] { chain.Go(ScreenId::Form2); });
+    window.menuBar()->installEventFilter(&paintings);               // on which no clock ticks
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();  // whatever is still painted
+    EXPECT_EQ(paintings.count, 1);
+}
+
 TEST_F(MoveTest, TheFirstControlInTheTabOrderHasTheFocus) {
     SetPlan(1, 1, 1);
     Open(ScreenId::Form2);
