@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "qt/text_line.h"
+
 namespace velmora {
 
 namespace {
@@ -148,7 +150,11 @@ public:
 
     using LineText::text;
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? Whole() : QAccessibleWidget::text(kind);
+        if (kind == QAccessible::Value) return Whole();
+        const auto* const line = qobject_cast<const TextLine*>(edit_);
+        const bool is_named = line != nullptr && !line->SpokenName().isEmpty();
+        return kind == QAccessible::Name && is_named ? line->SpokenName()
+                                                     : QAccessibleWidget::text(kind);
     }
     void setText(QAccessible::Text kind, const QString& text) override {
         if (kind == QAccessible::Value)

@@ -14,6 +14,11 @@ class TextLine : public QLineEdit {
 public:
     explicit TextLine(QWidget* parent);
 
+    /// What a screen reader calls it. Kept until it asks: given to the toolkit, a name makes an
+    /// accessible object at once, whether or not anybody listens.
+    void SetSpokenName(const QString& name) { spoken_name_ = name; }
+    const QString& SpokenName() const { return spoken_name_; }
+
     /// Whether it can't show its text whole.
     bool IsTooNarrow() const;
 
@@ -31,6 +36,8 @@ protected:
 private:
     /// What the tool tip says of a text that doesn't fit: its beginning, where it is long.
     QString TipText() const;
+
+    QString spoken_name_;
 };
 
 }  // namespace velmora

@@ -99,6 +99,15 @@ void Update(QPushButton& widget, const Button& before, const Button& now) {
     if (now.Visible != before.Visible) widget.setVisible(now.Visible);
 }
 
+/// Says what a screen reader is to call the widget.
+void GiveName(QWidget& widget, const QString& name) {
+    if (auto* const line = qobject_cast<TextLine*>(&widget)) {
+        line->SetSpokenName(name);
+    } else if (!name.isEmpty()) {  // to be given an empty one is an event, too
+        widget.setAccessibleName(name);
+    }
+}
+
 void Update(CellEdit& widget, const TextCell& before, const TextCell& now, const Look& look) {
     if (now.Locked != before.Locked) widget.SetLocked(now.Locked);
     if (now.Text != before.Text) widget.Show(ToQt(now.Text));
@@ -231,8 +240,7 @@ void Window::AddWidget(const Control& control) {
     Shown& shown = shown_.emplace_back(control);
     shown.widget = MakeWidget(shown);
     shown.widget->setObjectName(ToQt(control.name));
-    // To be given an empty one is an event, too.
-    if (!control.spoken.empty()) shown.widget->setAccessibleName(ToQt(control.spoken));
+    GiveName(*shown.widget, ToQt(control.spoken));
     if (!control.row.tool_tip.empty()) shown.widget->setToolTip(ToQt(control.row.tool_tip));
     canvas_->Place(*shown.widget, control.row);
     ShowChange(shown);
@@ -494,7 +502,7 @@ std::vector<QString> Window::CutTexts() const {
         const auto* const list = qobject_cast<const ListBox*>(shown.widget);
         if (list != nullptr) line = &list->Line();
         if (line == nullptr || shown.widget->isHidden() || !line->IsTooNarrow()) continue;
-        texts.push_back(shown.widget->accessibleName() + QStringLiteral(": ") + line->text());
+        texts.push_back(ToQt(shown.control->spoken) + QStringLiteral(": ") + line->text());
     }
     return texts;
 }
