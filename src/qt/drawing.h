@@ -19,12 +19,12 @@ public:
 
     bool IsEmpty() const { return name_.isEmpty(); }
     void Draw(QPainter& painter, const QRect& target);
+    /// Draws it as lines and areas, whatever is painted on; keeps nothing.
+    void Render(QPainter& painter, const QRectF& target) const;
     /// It as an icon, in the sizes that window systems ask for.
     QIcon Icon() const;
 
 private:
-    /// Draws it as lines and areas.
-    void Render(QPainter& painter, const QRectF& target) const;
     QPixmap Rendered(const QSize& size) const;
 
     QString name_;

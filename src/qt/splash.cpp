@@ -6,7 +6,7 @@ namespace velmora {
 
 void Splash::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    drawing_.Draw(painter, rect());
+    drawing_.Render(painter, rect());  // seldom painted: a picture to keep would be 0.7 MB
 }
 
 }  // namespace velmora
