@@ -206,20 +206,10 @@ TEST_F(GrowingThings, ABoxKeepsItsTwoLines) {
     EXPECT_EQ(lines, 2);
 }
 
-/// Counts how often a widget gets another size.
-class Resizes : public QObject {
-public:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Resize) ++count;
-        return false;
-    }
-    int count = 0;
-};
-
 TEST_F(GrowingThings, ABoxIsInTheMiddleAndKeepsItsSizeWhenItIsLaidOutAgain) {
     std::string text(75, 'a');  // wider than the 400 pixels from which the toolkit breaks it
     for (std::size_t i = 8; i < text.size(); i += 9) text[i] = ' ';
-    Resizes resizes;
+    EventCount resizes(QEvent::Resize);
     QRect place;
     robot.on_modal = [&](QDialog& modal) {
         place = modal.frameGeometry();

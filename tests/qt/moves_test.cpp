@@ -78,18 +78,8 @@ TEST_F(MoveTest, NoWidgetOfTheScreenLeftIsUnderTheWindowEvenInsideTheMove) {
     });
 }
 
-/// Counts how often a widget is painted.
-class Paintings : public QObject {
-public:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++count;
-        return false;
-    }
-    int count = 0;
-};
-
 TEST_F(MoveTest, TheNewScreenIsPaintedOnce) {
-    Paintings paintings;
+    EventCount paintings(QEvent::Paint);
     window.Run([this] { chain.Go(ScreenId::Form2); });
     window.menuBar()->installEventFilter(&paintings);               // on which no clock ticks
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();  // whatever is still painted

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QEvent>
+#include <QObject>
+
 #include <array>
 #include <string>
 #include <string_view>
@@ -29,6 +32,20 @@ using ::testing::StartsWith;
 inline constexpr std::array<ScreenId, 6> kScreens = {ScreenId::Form1, ScreenId::Form2,
                                                      ScreenId::Form3, ScreenId::Form4,
                                                      ScreenId::Form5, ScreenId::Form6};
+
+/// Counts a widget's events of one kind.
+class EventCount : public QObject {
+public:
+    explicit EventCount(QEvent::Type kind) : kind_(kind) {}
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == kind_) ++count;
+        return false;
+    }
+    int count = 0;
+
+private:
+    QEvent::Type kind_;
+};
 
 /// "Form1" to "Form6", for the names of tests over all screens.
 std::string NameOf(ScreenId id);
